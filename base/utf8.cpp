@@ -1,0 +1,101 @@
+#include "base/utf8.h"
+
+#include <cstdint>
+
+namespace base {
+namespace {
+
+constexpr char16_t kReplacement = u'\uFFFD';
+
+struct Lead {
+  int length;             // bytes of the sequence, 0 when the byte starts none
+  std::uint32_t bits;     // payload of the lead byte
+  std::uint32_t minimum;  // smaller code points are overlong forms
+};
+
+Lead ClassifyLead(unsigned char byte) {
+  if (byte < 0x80) return {1, byte, 0};
+  if (byte >= 0xC2 && byte <= 0xDF) return {2, byte & 0x1Fu, 0x80};
+  if (byte >= 0xE0 && byte <= 0xEF) return {3, byte & 0x0Fu, 0x800};
+  if (byte >= 0xF0 && byte <= 0xF4) return {4, byte & 0x07u, 0x10000};
+  return {0, 0, 0};
+}
+
+bool IsSurrogate(std::uint32_t codePoint) { return codePoint >= 0xD800 && codePoint <= 0xDFFF; }
+bool IsHighSurrogate(char16_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
+bool IsLowSurrogate(char16_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
+
+void AppendUtf16(WideString& text, std::uint32_t codePoint) {
+  if (codePoint < 0x10000) {
+    text.push_back(static_cast<char16_t>(codePoint));
+    return;
+  }
+  codePoint -= 0x10000;
+  text.push_back(static_cast<char16_t>(0xD800 + (codePoint >> 10)));
+  text.push_back(static_cast<char16_t>(0xDC00 + (codePoint & 0x3FF)));
+}
+
+void AppendUtf8(std::string& bytes, std::uint32_t codePoint) {
+  const auto append = [&bytes](std::uint32_t byte) { bytes.push_back(static_cast<char>(byte)); };
+  const auto continuation = [&](int shift) { append(0x80 | ((codePoint >> shift) & 0x3F)); };
+  if (codePoint < 0x80) {
+    append(codePoint);
+  } else if (codePoint < 0x800) {
+    append(0xC0 | (codePoint >> 6));
+    continuation(0);
+  } else if (codePoint < 0x10000) {
+    append(0xE0 | (codePoint >> 12));
+    continuation(6);
+    continuation(0);
+  } else {
+    append(0xF0 | (codePoint >> 18));
+    continuation(12);
+    continuation(6);
+    continuation(0);
+  }
+}
+
+}  // namespace
+
+WideString FromUtf8(std::string_view bytes) {
+  WideString text;
+  text.reserve(bytes.size());
+  std::size_t at = 0;
+  while (at < bytes.size()) {
+    const Lead lead = ClassifyLead(static_cast<unsigned char>(bytes[at]));
+    std::uint32_t codePoint = lead.bits;
+    bool valid = lead.length > 0 && at + static_cast<std::size_t>(lead.length) <= bytes.size();
+    for (int i = 1; valid && i < lead.length; ++i) {
+      const auto byte = static_cast<unsigned char>(bytes[at + static_cast<std::size_t>(i)]);
+      valid = (byte & 0xC0) == 0x80;
+      codePoint = (codePoint << 6) | (byte & 0x3Fu);
+    }
+    valid = valid && codePoint >= lead.minimum && codePoint <= 0x10FFFF && !IsSurrogate(codePoint);
+    if (valid) {
+      AppendUtf16(text, codePoint);
+      at += static_cast<std::size_t>(lead.length);
+    } else {
+      text.push_back(kReplacement);
+      ++at;
+    }
+  }
+  return text;
+}
+
+std::string ToUtf8(WideStringView text) {
+  std::string bytes;
+  bytes.reserve(text.size());
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const char16_t unit = text[i];
+    if (IsHighSurrogate(unit) && i + 1 < text.size() && IsLowSurrogate(text[i + 1])) {
+      const std::uint32_t high = unit - 0xD800u;
+      const std::uint32_t low = text[++i] - 0xDC00u;
+      AppendUtf8(bytes, 0x10000 + (high << 10) + low);
+    } else {
+      AppendUtf8(bytes, IsSurrogate(unit) ? std::uint32_t{kReplacement} : std::uint32_t{unit});
+    }
+  }
+  return bytes;
+}
+
+}  // namespace base

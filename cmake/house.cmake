@@ -1,0 +1,22 @@
+# kel_floor(NAME SOURCES... [BELOW TARGETS...]): one folder of the product as a static library. What it links is what it
+# may include.
+function(kel_floor name)
+  cmake_parse_arguments(FLOOR "" "" "BELOW" ${ARGN})
+  if(FLOOR_UNPARSED_ARGUMENTS)
+    add_library(kel_${name} STATIC ${FLOOR_UNPARSED_ARGUMENTS})
+    target_include_directories(kel_${name} PUBLIC ${PROJECT_SOURCE_DIR})
+    target_link_libraries(kel_${name} PUBLIC ${FLOOR_BELOW})
+  else()
+    add_library(kel_${name} INTERFACE)
+    target_include_directories(kel_${name} INTERFACE ${PROJECT_SOURCE_DIR})
+    target_link_libraries(kel_${name} INTERFACE ${FLOOR_BELOW})
+  endif()
+endfunction()
+
+# kel_test(NAME SOURCES... [USES TARGETS...]): one GoogleTest program; each of its tests is one ctest test.
+function(kel_test name)
+  cmake_parse_arguments(TEST "" "" "USES" ${ARGN})
+  add_executable(${name} ${TEST_UNPARSED_ARGUMENTS})
+  target_link_libraries(${name} PRIVATE ${TEST_USES} GTest::gtest_main)
+  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 120)
+endfunction()

@@ -1,0 +1,80 @@
+// One node of the menu: a menu, a property or a command, and how it is shown.
+#pragma once
+
+#include "base/wide_string.h"
+#include "values/property_line.h"
+
+#include <memory>
+#include <vector>
+
+namespace values {
+class PropertyDescriptor;
+}
+
+namespace model {
+
+// What the rules decide about a line.
+enum class DisplayState { kNormal = 0, kNotDisplayed = 1, kBlank = 2, kNoEdit = 3 };
+
+class MenuItem final : public values::PropertyLine {
+ public:
+  MenuItem(MenuItem* parent, WideString path, WideString displayName);
+  ~MenuItem() override;
+
+  // The key behind the item: its full path and its display name as the key has it.
+  const WideString& Path() const { return path_; }
+  const WideString& DisplayName() const { return displayName_; }
+
+  MenuItem* Parent() const { return parent_; }  // null: the root
+  const std::vector<std::unique_ptr<MenuItem>>& Children() const { return children_; }
+  bool IsLeaf() const { return children_.empty(); }
+  MenuItem& AddChild(WideString path, WideString displayName);
+  void RemoveChildren();
+
+  // The line reads: text, then suffix ("  <value>"). Setting the whole text clears the suffix.
+  WideString LineText() const { return text_ + suffix_; }
+  const WideString& Text() const { return text_; }
+  const WideString& Suffix() const { return suffix_; }
+  void SetLineText(WideString text) override;
+  void SetText(WideString text) { text_ = std::move(text); }
+  void SetSuffix(WideString suffix) { suffix_ = std::move(suffix); }
+  // The mark that rules set and clear: column 0 of the text.
+  void SetFirstColumn(char16_t mark);
+
+  values::PropertyDescriptor* Descriptor() const override { return descriptor_; }
+  void SetDescriptor(values::PropertyDescriptor* descriptor) { descriptor_ = descriptor; }  // owned by the model
+
+  DisplayState State() const { return state_; }
+  // The states normal and not-displayed travel over to the linked item.
+  void SetState(DisplayState state);
+  void SetLinkedItem(MenuItem* item) { linkedItem_ = item; }
+
+  // How the list shows the item and, of a menu, its pages.
+  struct ListState {
+    bool nonSelectable = false;  // a heading: no number, cannot be selected
+    bool keepWithNext = false;   // not the last item of a page when more follow
+    bool entryFlag = false;      // a leaf that Enter shows as a menu all the same
+    bool numbered = true;        // numbered pages, or a plain list
+    int lastLine = -1;           // index of the last line put into the list
+    int topLine = 0;
+    int selectedLine = 0;
+    int lastBackLine = 0;  // index of the last "...Back", 0: none
+  };
+  ListState list;
+
+  bool topLevel = false;  // an item of the first menu below the root
+  bool changed = false;   // edited since the network settings were last applied
+
+ private:
+  MenuItem* parent_;
+  WideString path_;
+  WideString displayName_;
+  WideString text_;
+  WideString suffix_;
+  std::vector<std::unique_ptr<MenuItem>> children_;
+  values::PropertyDescriptor* descriptor_ = nullptr;
+  DisplayState state_ = DisplayState::kNormal;
+  MenuItem* linkedItem_ = nullptr;
+};
+
+}  // namespace model
