@@ -2,13 +2,17 @@
 
 namespace model {
 
-MenuItem::MenuItem(MenuItem* parent, WideString path, WideString displayName)
-    : parent_(parent), path_(std::move(path)), displayName_(std::move(displayName)), text_(displayName_) {}
+MenuItem::MenuItem(MenuItem* parent, WideString path, WideString displayName, WideString title)
+    : parent_(parent),
+      path_(std::move(path)),
+      displayName_(std::move(displayName)),
+      title_(std::move(title)),
+      text_(title_) {}
 
 MenuItem::~MenuItem() { RemoveChildren(); }
 
-MenuItem& MenuItem::AddChild(WideString path, WideString displayName) {
-  children_.push_back(std::make_unique<MenuItem>(this, std::move(path), std::move(displayName)));
+MenuItem& MenuItem::AddChild(WideString path, WideString displayName, WideString title) {
+  children_.push_back(std::make_unique<MenuItem>(this, std::move(path), std::move(displayName), std::move(title)));
   return *children_.back();
 }
 

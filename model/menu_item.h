@@ -18,17 +18,19 @@ enum class DisplayState { kNormal = 0, kNotDisplayed = 1, kBlank = 2, kNoEdit = 
 
 class MenuItem final : public values::PropertyLine {
  public:
-  MenuItem(MenuItem* parent, WideString path, WideString displayName);
+  MenuItem(MenuItem* parent, WideString path, WideString displayName, WideString title);
   ~MenuItem() override;
 
   // The key behind the item: its full path and its display name as the key has it.
   const WideString& Path() const { return path_; }
   const WideString& DisplayName() const { return displayName_; }
+  // The display name as it is shown, its symbol replaced; above the menu when the item is shown as one.
+  const WideString& Title() const { return title_; }
 
   MenuItem* Parent() const { return parent_; }  // null: the root
   const std::vector<std::unique_ptr<MenuItem>>& Children() const { return children_; }
   bool IsLeaf() const { return children_.empty(); }
-  MenuItem& AddChild(WideString path, WideString displayName);
+  MenuItem& AddChild(WideString path, WideString displayName, WideString title);
   void RemoveChildren();
 
   // The line reads: text, then suffix ("  <value>"). Setting the whole text clears the suffix.
@@ -69,6 +71,7 @@ class MenuItem final : public values::PropertyLine {
   MenuItem* parent_;
   WideString path_;
   WideString displayName_;
+  WideString title_;
   WideString text_;
   WideString suffix_;
   std::vector<std::unique_ptr<MenuItem>> children_;

@@ -9,20 +9,20 @@ namespace platform {
 
 struct DialogControl {
   int id = 0;
-  WideStringView className;
-  WideStringView text;
+  WideStringView className = {};
+  WideStringView text = {};
   style::Bits style = 0;  // style::kChild is understood
   int x = 0, y = 0, width = 0, height = 0;
 };
 
 struct DialogTemplate {
   int id = 0;
-  WideStringView caption;
+  WideStringView caption = {};
   style::Bits style = 0;
   int x = 0, y = 0, width = 0, height = 0;
-  WideStringView fontFace;
+  WideStringView fontFace = {};
   int fontPoints = 0;
-  std::span<const DialogControl> controls;
+  std::span<const DialogControl> controls = {};
 };
 
 // Runs a dialog until EndDialog() and returns its result; -1 when it cannot be made. The owner is disabled meanwhile.

@@ -80,8 +80,8 @@ class MessageHandler {
 inline constexpr int kUseDefault = static_cast<int>(0x80000000);  // for the position and size of a top-level window
 
 struct WindowSpec {
-  WideStringView className;  // "Edit", "Static", "Button", "ListBox", "ComboBox" or a registered class; case-blind
-  WideStringView text;
+  WideStringView className = {};  // "Edit", "Static", "Button", "ListBox", "ComboBox" or a registered class; case-blind
+  WideStringView text = {};
   style::Bits style = 0;
   style::Bits extendedStyle = 0;
   int x = 0, y = 0, width = 0, height = 0;  // pixels, in the parent's client area
@@ -96,9 +96,9 @@ void Destroy(WindowHandle window);
 // A window of the program's own: `make` is called when a window of the class is made, and its handler lives until
 // after the window's last message. Registering a name again does nothing.
 struct WindowClassSpec {
-  WideStringView name;
+  WideStringView name = {};
   bool doubleClicks = false;
-  std::function<std::unique_ptr<MessageHandler>(WindowHandle)> make;
+  std::function<std::unique_ptr<MessageHandler>(WindowHandle)> make = {};
 };
 void RegisterWindowClass(const WindowClassSpec& spec);
 
@@ -162,7 +162,7 @@ std::vector<WindowHandle> TopLevelWindows();
 
 // height: pixels; weight: 400 normal, 600 and more bold. Fonts live as long as the program.
 struct FontSpec {
-  WideStringView face;
+  WideStringView face = {};
   int heightPx = 0;
   int weight = 400;
 };

@@ -1,0 +1,378 @@
+#include "ui/menu_list.h"
+
+#include "base/format.h"
+#include "ui/private_messages.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace ui {
+namespace {
+
+constexpr WideStringView kFontFace = u"Courier";
+constexpr int kSmallListHeightPx = 160;  // at most: the small font
+constexpr int kSmallFontPx = 13;
+constexpr int kLargeFontPx = 18;
+
+// Fixed, whatever the list's own top and height.
+constexpr int kScrollBarTopPx = 17;
+constexpr int kScrollBarHeightPx = 123;
+
+constexpr platform::LResult kWantedKeys = platform::dialog_code::kWantArrows | platform::dialog_code::kWantTab |
+                                          platform::dialog_code::kWantAllKeys | platform::dialog_code::kWantChars;
+
+model::MenuItem* ChildByPath(const model::MenuItem& menu, const WideString& path) {
+  for (const auto& child : menu.Children()) {
+    if (child->Path() == path) return child.get();
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+// While it lives, items must not be replaced under the caller's feet: the message that asks for it waits.
+class MenuList::Busy {
+ public:
+  explicit Busy(MenuList& list) : list_(list) { ++list_.busy_; }
+  ~Busy() {
+    if (--list_.busy_ > 0 || !list_.treeReplaced_) return;
+    list_.treeReplaced_ = false;
+    platform::Post(list_.Handle(), private_message::kTreeReplaced);
+  }
+  Busy(const Busy&) = delete;
+  Busy& operator=(const Busy&) = delete;
+
+ private:
+  MenuList& list_;
+};
+
+bool MenuList::Create(platform::WindowHandle owner, model::MenuItem& root, platform::WindowHandle titleLine,
+                      const Placement& placement) {
+  using namespace platform::style;
+  owner_ = owner;
+  root_ = &root;
+  titleLine_ = titleLine;
+  list_ = platform::ListBox(platform::MakeWindow({.className = u"listbox",
+                                                  .style = kChild | kVisible | kListNotify | kListNoIntegralHeight,
+                                                  .x = placement.x,
+                                                  .y = placement.y,
+                                                  .width = placement.width,
+                                                  .height = placement.height,
+                                                  .parent = owner,
+                                                  .id = kMenuListId}));
+  if (!list_) return false;
+  SetUpFont(placement.height);
+  scrollBar_.Create(owner, placement.x + placement.width, kScrollBarTopPx, kScrollBarHeightPx);
+  subclass_ = std::make_unique<platform::Subclass>(list_.Handle(), *this);
+  platform::SetText(titleLine_, root.Title());
+  return true;
+}
+
+// The font gives the lines' height; it is raised where more lines than digit keys would fit.
+void MenuList::SetUpFont(int listHeight) {
+  platform::SetFont(list_.Handle(),
+                    {.face = kFontFace, .heightPx = listHeight <= kSmallListHeightPx ? kSmallFontPx : kLargeFontPx});
+  const int clientHeight = platform::ClientRect(list_.Handle()).Height();
+  const int leastHeight = clientHeight / (kMostLinesPerPage + 1) + 1;
+  if (list_.ItemHeight() < leastHeight) list_.SetItemHeight(leastHeight);
+  // Fewer than three lines could not hold "...Back", an item and "More...".
+  linesPerPage_ = std::max(3, clientHeight / std::max(1, list_.ItemHeight()));
+}
+
+const MenuLine* MenuList::LineAt(int index) const {
+  if (index < 0 || static_cast<std::size_t>(index) >= pages_.lines.size()) return nullptr;
+  return &pages_.lines[static_cast<std::size_t>(index)];
+}
+
+bool MenuList::IsSelectable(int index) const {
+  const MenuLine* line = LineAt(index);
+  return line != nullptr && line->IsSelectable();
+}
+
+model::MenuItem* MenuList::SelectedItem() const {
+  const MenuLine* line = LineAt(list_.Selected());
+  return line == nullptr ? nullptr : line->item;
+}
+
+int MenuList::NextPageTop() const {
+  const int top = list_.Top() + linesPerPage_;
+  return top > pages_.lastLine ? 0 : top;
+}
+
+int MenuList::PreviousPageTop() const {
+  const int top = list_.Top() - linesPerPage_;
+  return top < 0 ? PageTop(std::max(0, pages_.lastLine)) : top;
+}
+
+int MenuList::LastLineOfPage(int top) const { return std::min(top + linesPerPage_ - 1, pages_.lastLine); }
+
+bool MenuList::Show(model::MenuItem& menu) {
+  if (menu.IsLeaf() && &menu != root_) return false;
+  menu_ = &menu;
+  Fill();
+  platform::SetText(titleLine_, menu_->Title());
+  platform::Focus(list_.Handle());
+  return true;
+}
+
+void MenuList::Refill() {
+  if (menu_ == nullptr) return;
+  Remember(list_.Top(), std::max(0, list_.Selected()));
+  Fill();
+}
+
+void MenuList::Reset(model::MenuItem& menu) {
+  menu.list.topLine = 0;
+  menu.list.selectedLine = 0;
+  list_.Clear();
+  pages_ = {};
+}
+
+void MenuList::UpdateLine(const model::MenuItem& item) {
+  const auto line = std::find_if(pages_.lines.begin(), pages_.lines.end(),
+                                 [&item](const MenuLine& candidate) { return candidate.item == &item; });
+  if (line == pages_.lines.end()) return;
+  const bool hasNumber = menu_->list.numbered && line->IsSelectable();
+  line->text = hasNumber ? base::Format(u"%c  %s", line->text.front(), ItemText(item)) : ItemText(item);
+  list_.ReplaceLine(static_cast<int>(line - pages_.lines.begin()), line->text);
+}
+
+void MenuList::RunRules() {
+  for (const auto& child : menu_->Children()) {
+    if (child->list.nonSelectable) continue;
+    platform::Send(owner_, private_message::kEvaluateItem, 0, platform::ToLParam(child.get()));
+  }
+  platform::Send(owner_, private_message::kBeforeFill, 0, platform::ToLParam(menu_));
+}
+
+void MenuList::Fill() {
+  const Busy busy(*this);
+  RunRules();
+  pages_ = LayOutMenu(*menu_, std::min(linesPerPage_, kMostLinesPerPage));
+  menu_->list.lastLine = pages_.lastLine;
+  menu_->list.lastBackLine = pages_.lastBackLine;
+
+  platform::Send(list_.Handle(), platform::message::kSetRedraw, 0);
+  list_.Clear();
+  for (const MenuLine& line : pages_.lines) list_.SetData(list_.Add(line.text), line.item);
+  if (pages_.lastLine >= 0) SelectRemembered();
+  platform::Send(list_.Handle(), platform::message::kSetRedraw, 1);
+  platform::Invalidate(list_.Handle());
+  const bool paged = pages_.lastLine >= 0;
+  scrollBar_.SetPageCount(paged ? (static_cast<int>(pages_.lines.size()) - 1) / linesPerPage_ + 1 : 1);
+  UpdateScrollBar();
+}
+
+void MenuList::Remember(int top, int line) {
+  menu_->list.topLine = top;
+  menu_->list.selectedLine = line;
+}
+
+void MenuList::SelectRemembered() {
+  if (menu_->list.selectedLine > pages_.lastLine) Remember(0, 0);
+  int line = menu_->list.selectedLine;
+  if (line > 0 && LineAt(line)->kind == MenuLine::Kind::kEmpty) --line;
+  if (line > 0 && !IsSelectable(line)) --line;
+  while (line < pages_.lastLine && !IsSelectable(line)) ++line;  // a menu that begins with a heading
+  list_.SetTop(menu_->list.topLine);
+  list_.Select(line);
+}
+
+void MenuList::GoTo(int top, int line) {
+  list_.SetTop(top);
+  list_.Select(line);
+  menu_->list.topLine = top;
+  UpdateScrollBar();
+}
+
+void MenuList::UpdateScrollBar() { scrollBar_.SetPosition(std::max(0, list_.Selected()) / linesPerPage_); }
+
+void MenuList::ItemsWillBeReplaced() {
+  place_ = {};
+  const MenuLine* line = LineAt(list_.Selected());
+  if (line != nullptr && line->item != nullptr) place_.selected = line->item->Path();
+  if (entering_ != nullptr) place_.entering = entering_->Path();
+  for (model::MenuItem* menu = menu_; menu != nullptr && menu != root_; menu = menu->Parent()) {
+    place_.menus.insert(place_.menus.begin(), menu->Path());
+  }
+  pages_ = {};
+  list_.Clear();
+  menu_ = nullptr;
+  entering_ = nullptr;
+}
+
+void MenuList::ItemsWereReplaced() {
+  menu_ = root_;
+  for (const WideString& path : place_.menus) {
+    model::MenuItem* child = ChildByPath(*menu_, path);
+    if (child == nullptr || child->IsLeaf()) break;
+    menu_ = child;
+  }
+  entering_ = ChildByPath(*menu_, place_.entering);
+  Fill();
+  for (std::size_t i = 0; i < pages_.lines.size(); ++i) {
+    const model::MenuItem* item = pages_.lines[i].item;
+    if (item == nullptr || item->Path() != place_.selected) continue;
+    const int line = static_cast<int>(i);
+    GoTo(PageTop(line), line);
+    break;
+  }
+}
+
+std::optional<platform::LResult> MenuList::OnMessage(platform::WindowHandle, const platform::Message& message) {
+  switch (message.id) {
+    case platform::message::kGetDialogCode: return kWantedKeys;
+    case platform::message::kKeyDown: return OnKeyDown(message) ? std::optional<platform::LResult>(0) : std::nullopt;
+    case platform::message::kChar:
+      return OnCharacter(static_cast<char16_t>(message.wParam)) ? std::optional<platform::LResult>(0) : std::nullopt;
+    case platform::message::kLeftButtonUp:
+      subclass_->CallPrevious(message);
+      OnEnter();
+      return 0;
+    case private_message::kTreeReplaced:
+      if (busy_ > 0) {
+        treeReplaced_ = true;
+      } else {
+        platform::Send(owner_, private_message::kRebuildModel);
+      }
+      return 0;
+    default: return std::nullopt;
+  }
+}
+
+// True: the key goes no further.
+bool MenuList::OnKeyDown(const platform::Message& message) {
+  using namespace platform;
+  switch (static_cast<std::uint16_t>(message.wParam)) {
+    case key::kEnter: OnEnter(); return true;
+    case key::kEscape: OnEscape(); return true;
+    case key::kDown: OnDown(); return true;
+    case key::kUp: OnUp(); return true;
+    case key::kTab:
+      if (IsKeyDown(key::kShift)) {
+        OnUp();
+      } else {
+        OnDown();
+      }
+      return false;
+    case key::kHome:
+    case key::kF1:
+    case key::kF2:
+    case key::kF3:
+    case key::kF4: Send(owner_, message.id, message.wParam, message.lParam); return true;
+    case key::kInsert: Send(owner_, private_message::kFlipToggle); return true;
+    case key::kLeft:
+    case key::kRight: return true;
+    default:
+      subclass_->CallPrevious(message);
+      UpdateScrollBar();
+      return true;
+  }
+}
+
+// True: the character goes no further. A digit enters the line of the page that begins with it.
+bool MenuList::OnCharacter(char16_t character) {
+  if (character < u' ') return true;  // Enter, Esc and Tab were handled as keys
+  if (character < u'1' || character > u'9') return false;
+  const int top = list_.Top();
+  for (int index = top; index < top + linesPerPage_; ++index) {
+    const MenuLine* line = LineAt(index);
+    if (line == nullptr || line->text.empty() || line->text.front() != character) continue;
+    list_.Select(index);
+    UpdateScrollBar();
+    OnEnter();
+    break;
+  }
+  return true;
+}
+
+void MenuList::OnDown() {
+  const MenuLine* selected = LineAt(list_.Selected());
+  if (selected != nullptr && selected->kind == MenuLine::Kind::kMore) {
+    const int top = NextPageTop();
+    return GoTo(top, top);
+  }
+  int line = list_.Selected() + 1;
+  while (line <= pages_.lastLine && !IsSelectable(line)) ++line;
+  if (line > pages_.lastLine) {
+    line = 0;
+    while (line < pages_.lastLine && !IsSelectable(line)) ++line;
+    return GoTo(0, line);
+  }
+  list_.Select(line);
+  UpdateScrollBar();
+}
+
+void MenuList::OnUp() {
+  const MenuLine* selected = LineAt(list_.Selected());
+  if (selected != nullptr && selected->kind == MenuLine::Kind::kBack) {
+    const int top = PreviousPageTop();
+    return GoTo(top, LastLineOfPage(top));
+  }
+  int line = std::min(list_.Selected(), pages_.lastLine + 1) - 1;
+  while (line >= 0 && !IsSelectable(line)) --line;
+  if (line < 0) {
+    const int last = std::max(0, pages_.lastLine);
+    return GoTo(PageTop(last), last);
+  }
+  list_.Select(line);
+  UpdateScrollBar();
+}
+
+void MenuList::OnEnter() {
+  const int index = list_.Selected();
+  const MenuLine* line = LineAt(index);
+  if (line == nullptr) return;
+  switch (line->kind) {
+    case MenuLine::Kind::kBack: {
+      const int top = PreviousPageTop();
+      return GoTo(top, top);
+    }
+    case MenuLine::Kind::kMore: {
+      const int top = NextPageTop();
+      return GoTo(top, LastLineOfPage(top));
+    }
+    case MenuLine::Kind::kItem: return EnterItem(index);
+    case MenuLine::Kind::kEmpty:
+    case MenuLine::Kind::kNoItems: return;
+  }
+}
+
+bool MenuList::AskOwner(std::uint32_t question, model::MenuItem* item) const {
+  int answer = 0;
+  platform::Send(owner_, question, platform::ToWParam(&answer), platform::ToLParam(item));
+  return answer != 0;
+}
+
+// The owner's answers may replace all items; what is being entered is then another object of the same path.
+void MenuList::EnterItem(int line) {
+  const Busy busy(*this);
+  Remember(list_.Top(), line);
+  entering_ = LineAt(line)->item;
+  if (!AskOwner(private_message::kMayEnterItem, entering_) || entering_ == nullptr) {
+    entering_ = nullptr;
+    return;
+  }
+  if (entering_->IsLeaf()) {
+    platform::Send(owner_, private_message::kActivateItem, 1, platform::ToLParam(entering_));
+  }
+  model::MenuItem* entered = std::exchange(entering_, nullptr);
+  if (entered == nullptr || (entered->IsLeaf() && !entered->list.entryFlag)) return;
+  Show(*entered);
+}
+
+void MenuList::OnEscape() {
+  const Busy busy(*this);
+  if (menu_ == nullptr || !AskOwner(private_message::kMayLeaveMenu, menu_)) return;
+  const model::MenuItem* selected = SelectedItem();
+  model::MenuItem* menu = selected != nullptr ? selected->Parent() : menu_;
+  Reset(*menu);
+  if (menu->Parent() != nullptr) {
+    Show(*menu->Parent());
+    return;
+  }
+  platform::Send(owner_, private_message::kLeavingRoot);
+  platform::PostQuit(0);
+}
+
+}  // namespace ui
