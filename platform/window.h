@@ -52,6 +52,14 @@ inline int CommandId(const Message& message) { return static_cast<std::uint16_t>
 inline int CommandCode(const Message& message) { return static_cast<std::uint16_t>((message.wParam >> 16) & 0xFFFF); }
 inline WindowHandle CommandControl(const Message& message) { return FromParam<WindowObject>(message.lParam); }
 
+// What lParam of a message::kNotify points to; laid out as Windows lays it out.
+struct NotifyHeader {
+  WindowHandle control = nullptr;
+  std::uintptr_t id = 0;
+  std::int32_t code = 0;
+};
+inline int NotifyCode(const Message& message) { return FromParam<const NotifyHeader>(message.lParam)->code; }
+
 // Pixels; right and bottom lie outside.
 struct Rect {
   int left = 0;
