@@ -1,0 +1,115 @@
+#include "platform/files.h"
+
+#include "platform/host/root_path.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <new>
+
+namespace platform {
+namespace {
+
+constexpr std::int64_t kMaxFileSize = 0xFFFFFFFF;  // what the terminal's own file system can hold
+
+bool ReadAll(int file, std::string& bytes) {
+  std::size_t length = 0;
+  for (;;) {
+    // One byte more than is known to be there, so that the end shows without growing the buffer.
+    if (length == bytes.size()) bytes.resize(bytes.size() + bytes.size() / 2 + 4096);
+    const ssize_t got = read(file, bytes.data() + length, bytes.size() - length);
+    if (got < 0 && errno == EINTR) continue;
+    if (got < 0) return false;
+    if (got == 0) break;
+    length += static_cast<std::size_t>(got);
+  }
+  bytes.resize(length);
+  return true;
+}
+
+}  // namespace
+
+std::optional<std::string> ReadWholeFile(WideStringView path) {
+  const host::Place place = host::FindPlace(path);
+  if (!place.exists) return std::nullopt;
+  // Without blocking: a pipe is no file, and must not hold the program up before that is known.
+  const host::Descriptor file(
+      openat(place.folder.Number(), place.name.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+  struct stat status = {};
+  if (!file || fstat(file.Number(), &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
+  if (status.st_size > kMaxFileSize) return std::nullopt;
+  try {
+    std::string bytes(static_cast<std::size_t>(status.st_size) + 1, '\0');
+    if (!ReadAll(file.Number(), bytes)) return std::nullopt;
+    return bytes;
+  } catch (const std::bad_alloc&) {
+    return std::nullopt;
+  }
+}
+
+// The bytes go to a file beside the wanted one, which takes its name when all of them are on disk.
+struct OutputFile::State {
+  host::Place place;
+  std::string temporaryName;
+  host::Descriptor file;
+  bool failed = false;
+
+  bool Open(WideStringView path);
+  bool Write(std::string_view bytes);
+};
+
+bool OutputFile::State::Open(WideStringView path) {
+  place = host::FindPlace(path);
+  if (!place.folder || place.name.empty()) return false;
+  mode_t mode = 0644;
+  if (place.exists) {
+    struct stat status = {};
+    if (fstatat(place.folder.Number(), place.name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0) return false;
+    if (!S_ISREG(status.st_mode) || faccessat(place.folder.Number(), place.name.c_str(), W_OK, 0) != 0) return false;
+    mode = status.st_mode & 07777;
+  }
+  temporaryName = "." + place.name + ".new";
+  // What an earlier run left behind when it was killed.
+  unlinkat(place.folder.Number(), temporaryName.c_str(), 0);
+  file = host::Descriptor(
+      openat(place.folder.Number(), temporaryName.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode));
+  return static_cast<bool>(file);
+}
+
+bool OutputFile::State::Write(std::string_view bytes) {
+  while (!bytes.empty() && !failed) {
+    const ssize_t written = write(file.Number(), bytes.data(), bytes.size());
+    if (written < 0 && errno == EINTR) continue;
+    if (written <= 0) {
+      failed = true;
+    } else {
+      bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+  }
+  return !failed;
+}
+
+OutputFile::OutputFile(WideStringView path) : state_(std::make_unique<State>()) {
+  if (!state_->Open(path)) state_.reset();
+}
+
+OutputFile::~OutputFile() {
+  if (state_) unlinkat(state_->place.folder.Number(), state_->temporaryName.c_str(), 0);
+}
+
+bool OutputFile::IsOpen() const { return state_ != nullptr; }
+
+bool OutputFile::Write(std::string_view bytes) { return state_ && state_->Write(bytes); }
+
+bool OutputFile::Commit() {
+  if (!state_ || state_->failed || fsync(state_->file.Number()) != 0) return false;
+  const int folder = state_->place.folder.Number();
+  if (renameat(folder, state_->temporaryName.c_str(), folder, state_->place.name.c_str()) != 0) return false;
+  state_.reset();
+  return true;
+}
+
+}  // namespace platform
