@@ -1,0 +1,38 @@
+// The attributes of one property, and the look-up of those that stand in a table of the property server.
+#pragma once
+
+#include "base/string_table.h"
+#include "base/wide_string.h"
+
+#include <map>
+#include <utility>
+
+namespace values {
+
+// Names are exact. An attribute that is present but empty counts as not set.
+class AttributeMap {
+ public:
+  // The text as it stands, without any look-up; empty when not set. Valid until the attribute is set anew.
+  WideStringView Get(WideStringView name) const;
+  WideStringView Get(TextId name) const { return Get(LoadText(name)); }
+  bool Has(TextId name) const { return !Get(name).empty(); }
+
+  void Set(WideStringView name, WideString text);
+  void Set(TextId name, WideString text) { Set(LoadText(name), std::move(text)); }
+
+ private:
+  std::map<WideString, WideString, std::less<>> texts_;
+};
+
+// What an indirect attribute gives when the property server cannot supply it.
+inline constexpr WideStringView kUnresolved = u"Error";
+
+// The attribute's text. One of the form "Table,TABLE,KEY" stands for that entry of the configuration property server:
+// the entry's text is the result, or kUnresolved when there is none. Only the first two commas divide; a missing key
+// is an empty one.
+WideString ResolveAttribute(const AttributeMap& attributes, WideStringView name);
+inline WideString ResolveAttribute(const AttributeMap& attributes, TextId name) {
+  return ResolveAttribute(attributes, LoadText(name));
+}
+
+}  // namespace values

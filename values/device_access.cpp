@@ -1,0 +1,72 @@
+#include "values/device_access.h"
+
+#include "base/format.h"
+#include "platform/debug.h"
+#include "platform/window.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace values {
+
+using platform::ResultCode;
+
+bool IsSpecialOid(WideStringView oid) {
+  static constexpr WideStringView kSpecialOids[] = {
+      u"1.3.6.1.4.1.4242.10.5.1.2.0",
+      u"1.3.6.1.4.1.4242.10.5.1.6.0",
+      u"1.3.6.1.4.1.4242.10.5.1.3.0",
+  };
+  return std::find(std::begin(kSpecialOids), std::end(kSpecialOids), oid) != std::end(kSpecialOids);
+}
+
+DeviceAccess::DeviceAccess(Connector connect) : connect_(std::move(connect)) {}
+
+platform::ISnmpConfig* DeviceAccess::Interface() {
+  if (connection_ == nullptr) connection_ = connect_();
+  if (connection_ == nullptr) platform::ShowSystemMessage(u"Cannot get SNMP Interface", u"Error");
+  return connection_.get();
+}
+
+ResultCode DeviceAccess::DoSnmpGet(const WideString& oid, const WideString& type, WideString& value) {
+  value.clear();
+  platform::ISnmpConfig* device = Interface();
+  if (device == nullptr || oid.empty() || type.empty()) return platform::kFalse;
+
+  try {
+    std::optional<WideString> answer;
+    const ResultCode result = device->Get(oid, type, answer);
+    if (result >= 0 && answer) {
+      value = std::move(*answer);
+    } else {
+      platform::DebugOutput(base::Format(u"FAILED: CKelConfigApp::DoSnmpGet %s %s\r\n", oid, type));
+    }
+    return result;
+  } catch (...) {
+    platform::DebugOutput(base::Format(u"EXCEPTION: CKelConfigApp::DoSnmpGet %s %s\r\n", oid, type));
+    return platform::kFalse;
+  }
+}
+
+ResultCode DeviceAccess::Get(const WideString& oid, const WideString& type, std::optional<WideString>& value) {
+  value.reset();
+  platform::ISnmpConfig* device = Interface();
+  if (device == nullptr) return platform::kFailed;
+  return IsSpecialOid(oid) ? device->GetSpecial(oid, type, value) : device->Get(oid, type, value);
+}
+
+ResultCode DeviceAccess::Set(const WideString& oid, const WideString& type, const WideString& value) {
+  platform::ISnmpConfig* device = Interface();
+  if (device == nullptr) return platform::kFailed;
+  return IsSpecialOid(oid) ? device->SetSpecial(oid, type, value) : device->Set(oid, type, value);
+}
+
+WideString DeviceAccess::FillOid(WideString oid, const AttributeMap& attributes) {
+  const std::size_t star = oid.find(u'*');
+  if (star == WideString::npos || ResolveAttribute(attributes, TextId::kFillOid) != u"Profile") return oid;
+  WideString profile;
+  DoSnmpGet(u"cfg|80211PM|ActiveProfile", WideString(LoadText(TextId::kOctetString)), profile);
+  return oid.replace(star, 1, profile);
+}
+
+}  // namespace values

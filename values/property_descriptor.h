@@ -1,0 +1,123 @@
+// The live object behind one property: what the configuration says of it, its value on the device, and whether it can
+// be edited.
+#pragma once
+
+#include "base/string_table.h"
+#include "base/wide_string.h"
+#include "values/attributes.h"
+#include "values/choice_format.h"
+#include "values/descriptor_map.h"
+#include "values/device_access.h"
+#include "values/field_width_list.h"
+#include "values/property_value.h"
+#include "values/symbol_table.h"
+
+#include <cstdint>
+#include <optional>
+
+namespace config {
+class ConfigKey;
+}
+
+namespace values {
+
+class PropertyDescriptor {
+ public:
+  // Takes its attributes from `key` (null: it has none), enters itself into `descriptors` under its OID or command OID,
+  // in place of an earlier one, and reads its value: from the device, from the command that it is a field of (when
+  // that is in `descriptors` already), or from the program for a pseudo-OID. A value that cannot be read makes it
+  // unavailable and read only. Device and symbols must outlive it.
+  PropertyDescriptor(WideString path, const config::ConfigKey* key, DeviceAccess& device, const SymbolTable& symbols,
+                     DescriptorMap& descriptors);
+  ~PropertyDescriptor();
+  PropertyDescriptor(const PropertyDescriptor&) = delete;
+  PropertyDescriptor& operator=(const PropertyDescriptor&) = delete;
+
+  // Descriptors alive in this process.
+  static int LiveCount();
+
+  const WideString& Path() const { return path_; }
+  const WideString& DisplayName() const { return displayName_; }
+  void SetDisplayName(WideString text) { displayName_ = std::move(text); }
+  // "None" when there is no type or the value is not available.
+  const WideString& Type() const { return type_; }
+  const WideString& SubType() const { return subType_; }
+  // Under which the property's editor is found; "None": it cannot be edited.
+  const WideString& EditorName() const { return editorName_; }
+  WideStringView PageName() const { return attributes_.Get(TextId::kCustPage); }  // empty: no page of its own
+  bool IsReadOnly() const { return readOnly_; }
+  void SetReadOnly(bool readOnly) { readOnly_ = readOnly; }
+  bool IsAvailable() const { return available_; }
+
+  const AttributeMap& Attributes() const { return attributes_; }
+  WideString Resolve(TextId name) const { return ResolveAttribute(attributes_, name); }
+  WideString Resolve(WideStringView name) const { return ResolveAttribute(attributes_, name); }
+  WideString GetOID() const { return Resolve(TextId::kOid); }
+  WideString GetType() const { return Resolve(TextId::kType); }
+  TextId GetTypeId() const;
+  int GetMaxChars() const;  // 0: no limit
+  // The mask for typed entry: a "#" for each character or digit, or the configuration's own; may be empty.
+  WideString GetTextFormat() const;
+  // The OID as the device knows it, with the active profile in its place.
+  WideString DeviceOid() const { return device_.FillOid(GetOID(), attributes_); }
+
+  // The choice list's text, through the symbols; empty: a free value.
+  WideString ChoiceText() const;
+  // The choice list in the mode of the property's type.
+  ChoiceFormat Choices() const;
+  // Rules narrow the choices of a live property; the configuration stays as it was.
+  void ReplaceChoices(WideString text) { attributes_.Set(TextId::kChoiceFmt, std::move(text)); }
+  // Gives the property another type from now on; its editor follows unless the configuration names one. The value
+  // stays as it is.
+  void ReplaceType(WideString type);
+
+  const PropertyValue& GetValue() const { return value_; }
+  void SetNewValue(PropertyValue value) { value_ = std::move(value); }
+  // Reads a value of the property's type from its text. An empty text leaves `value` as it is.
+  void ParseValue(WideStringView text, PropertyValue& value) const;
+  // The value differs from the device's as far as the program knows.
+  bool IsChanged() const { return changed_; }
+  void SetChanged(bool changed) { changed_ = changed; }
+
+  // Reads the value from the device. Nothing happens for a pseudo-OID or without an OID.
+  void InitValue();
+
+  // False: the value lies outside the range, and `message` says so.
+  bool TestRange(const PropertyValue& value, WideString& message) const;
+
+  // A command property's layout; null for any other.
+  const FieldWidthList* CommandLayout() const { return layout_ ? &*layout_ : nullptr; }
+
+  // The command that a field belongs to and the field's place in it, counted from 0.
+  struct CommandField {
+    WideString commandOid;
+    std::int32_t index = 0;
+  };
+  // Nothing unless the property has both a command OID and an ordinal.
+  std::optional<CommandField> GetCommandField() const;
+  // Takes a field's value out of its command's.
+  void InitFromCommand(const DescriptorMap& descriptors);
+  // Puts a field's value into its command's. False: the property is no field of `parent`, and nothing was done.
+  bool WriteToCommand(PropertyDescriptor* parent, const PropertyValue& value) const;
+
+ private:
+  void InitFromPseudoOid(WideStringView oid);
+  void InitEditor();
+  void SetUnavailable();
+
+  DeviceAccess& device_;
+  const SymbolTable& symbols_;
+  WideString path_;
+  AttributeMap attributes_;
+  WideString displayName_;
+  WideString type_;
+  WideString subType_;
+  WideString editorName_;
+  PropertyValue value_;
+  std::optional<FieldWidthList> layout_;
+  bool readOnly_ = false;
+  bool available_ = true;
+  bool changed_ = false;
+};
+
+}  // namespace values
