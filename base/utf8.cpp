@@ -1,6 +1,7 @@
 #include "base/utf8.h"
 
 #include <cstdint>
+#include <cstring>
 
 namespace base {
 namespace {
@@ -25,14 +26,29 @@ bool IsSurrogate(std::uint32_t codePoint) { return codePoint >= 0xD800 && codePo
 bool IsHighSurrogate(char16_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
 bool IsLowSurrogate(char16_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
 
-void AppendUtf16(WideString& text, std::uint32_t codePoint) {
+char16_t* PutUtf16(char16_t* out, std::uint32_t codePoint) {
   if (codePoint < 0x10000) {
-    text.push_back(static_cast<char16_t>(codePoint));
-    return;
+    *out = static_cast<char16_t>(codePoint);
+    return out + 1;
   }
   codePoint -= 0x10000;
-  text.push_back(static_cast<char16_t>(0xD800 + (codePoint >> 10)));
-  text.push_back(static_cast<char16_t>(0xDC00 + (codePoint & 0x3FF)));
+  out[0] = static_cast<char16_t>(0xD800 + (codePoint >> 10));
+  out[1] = static_cast<char16_t>(0xDC00 + (codePoint & 0x3FF));
+  return out + 2;
+}
+
+// Widens a block of bytes when all of them are ASCII.
+constexpr std::size_t kBlock = 16;
+bool PutAsciiBlock(const char* bytes, char16_t* out) {
+  std::uint64_t halves[2];
+  std::memcpy(halves, bytes, kBlock);
+  if (((halves[0] | halves[1]) & 0x8080808080808080u) != 0) return false;
+  unsigned char block[kBlock];  // read as a whole before anything is written: both may lie in the same memory
+  std::memcpy(block, halves, kBlock);
+  char16_t units[kBlock];
+  for (std::size_t i = 0; i < kBlock; ++i) units[i] = block[i];
+  std::memcpy(out, units, sizeof(units));
+  return true;
 }
 
 void AppendUtf8(std::string& bytes, std::uint32_t codePoint) {
@@ -57,11 +73,14 @@ void AppendUtf8(std::string& bytes, std::uint32_t codePoint) {
 
 }  // namespace
 
-WideString FromUtf8(std::string_view bytes) {
-  WideString text;
-  text.reserve(bytes.size());
+char16_t* DecodeUtf8(std::string_view bytes, char16_t* out) {
   std::size_t at = 0;
   while (at < bytes.size()) {
+    while (bytes.size() - at >= kBlock && PutAsciiBlock(bytes.data() + at, out)) {
+      at += kBlock;
+      out += kBlock;
+    }
+    if (at == bytes.size()) break;
     const Lead lead = ClassifyLead(static_cast<unsigned char>(bytes[at]));
     std::uint32_t codePoint = lead.bits;
     bool valid = lead.length > 0 && at + static_cast<std::size_t>(lead.length) <= bytes.size();
@@ -71,14 +90,16 @@ WideString FromUtf8(std::string_view bytes) {
       codePoint = (codePoint << 6) | (byte & 0x3Fu);
     }
     valid = valid && codePoint >= lead.minimum && codePoint <= 0x10FFFF && !IsSurrogate(codePoint);
-    if (valid) {
-      AppendUtf16(text, codePoint);
-      at += static_cast<std::size_t>(lead.length);
-    } else {
-      text.push_back(kReplacement);
-      ++at;
-    }
+    out = PutUtf16(out, valid ? codePoint : std::uint32_t{kReplacement});
+    at += valid ? static_cast<std::size_t>(lead.length) : 1;
   }
+  return out;
+}
+
+WideString FromUtf8(std::string_view bytes) {
+  WideString text(bytes.size(), u'\0');
+  const char16_t* const end = DecodeUtf8(bytes, text.data());
+  text.resize(static_cast<std::size_t>(end - text.data()));
   return text;
 }
 

@@ -3,7 +3,9 @@
 
 #include "base/wide_string.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -13,6 +15,9 @@ namespace platform {
 
 // Nothing when the file cannot be opened, read or held.
 std::optional<std::string> ReadWholeFile(WideStringView path);
+
+// The same into memory of the caller's: `place` is asked once, for the size in bytes. False also when it gives null.
+bool ReadWholeFile(WideStringView path, const std::function<char*(std::size_t size)>& place);
 
 // A file written in order. What was there before stays until Commit() has succeeded, and for good when it does not.
 class OutputFile {

@@ -9,45 +9,64 @@
 #include <cerrno>
 #include <cstdio>
 #include <new>
+#include <utility>
 
 namespace platform {
 namespace {
 
 constexpr std::int64_t kMaxFileSize = 0xFFFFFFFF;  // what the terminal's own file system can hold
 
-bool ReadAll(int file, std::string& bytes) {
+// An open regular file with its size, or nothing.
+struct Input {
+  host::Descriptor file;
+  std::size_t size = 0;
+};
+
+std::optional<Input> OpenInput(WideStringView path) {
+  const host::Place place = host::FindPlace(path);
+  if (!place.exists) return std::nullopt;
+  // Without blocking: a pipe is no file, and must not hold the program up before that is known.
+  host::Descriptor file(
+      openat(place.folder.Number(), place.name.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+  struct stat status = {};
+  if (!file || fstat(file.Number(), &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
+  if (status.st_size > kMaxFileSize) return std::nullopt;
+  return Input{std::move(file), static_cast<std::size_t>(status.st_size)};
+}
+
+// False when the file is shorter than it was.
+bool ReadExactly(const Input& input, char* to) {
   std::size_t length = 0;
-  for (;;) {
-    // One byte more than is known to be there, so that the end shows without growing the buffer.
-    if (length == bytes.size()) bytes.resize(bytes.size() + bytes.size() / 2 + 4096);
-    const ssize_t got = read(file, bytes.data() + length, bytes.size() - length);
+  while (length < input.size) {
+    const ssize_t got = read(input.file.Number(), to + length, input.size - length);
     if (got < 0 && errno == EINTR) continue;
-    if (got < 0) return false;
-    if (got == 0) break;
+    if (got <= 0) return false;
     length += static_cast<std::size_t>(got);
   }
-  bytes.resize(length);
   return true;
 }
 
 }  // namespace
 
+bool ReadWholeFile(WideStringView path, const std::function<char*(std::size_t size)>& place) {
+  const std::optional<Input> input = OpenInput(path);
+  if (!input) return false;
+  char* const to = place(input->size);
+  return to != nullptr && ReadExactly(*input, to);
+}
+
 std::optional<std::string> ReadWholeFile(WideStringView path) {
-  const host::Place place = host::FindPlace(path);
-  if (!place.exists) return std::nullopt;
-  // Without blocking: a pipe is no file, and must not hold the program up before that is known.
-  const host::Descriptor file(
-      openat(place.folder.Number(), place.name.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
-  struct stat status = {};
-  if (!file || fstat(file.Number(), &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
-  if (status.st_size > kMaxFileSize) return std::nullopt;
-  try {
-    std::string bytes(static_cast<std::size_t>(status.st_size) + 1, '\0');
-    if (!ReadAll(file.Number(), bytes)) return std::nullopt;
-    return bytes;
-  } catch (const std::bad_alloc&) {
-    return std::nullopt;
-  }
+  std::string bytes;
+  const auto place = [&bytes](std::size_t size) -> char* {
+    try {
+      bytes.resize(size);
+      return bytes.data();
+    } catch (const std::bad_alloc&) {
+      return nullptr;
+    }
+  };
+  if (!ReadWholeFile(path, place)) return std::nullopt;
+  return bytes;
 }
 
 // The bytes go to a file beside the wanted one, which takes its name when all of them are on disk.

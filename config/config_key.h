@@ -1,0 +1,53 @@
+// One key of the configuration: named texts and the names of the keys below it.
+#pragma once
+
+#include "base/string_table.h"
+#include "base/wide_string.h"
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <span>
+#include <vector>
+
+namespace config {
+
+struct NamedText {
+  WideStringView name;
+  WideStringView text;
+};
+
+// All views stay valid as long as the tree that the key belongs to.
+class ConfigKey {
+ public:
+  // Multi-string values by name; only a registry has them.
+  using Lists = std::map<WideString, std::vector<WideString>, std::less<>>;
+
+  // The full path of a key that was read from the registry; empty for a key of an XML document.
+  WideStringView Path() const { return path_; }
+
+  // A value's text, empty when the key has no value of exactly that name.
+  WideStringView Value(WideStringView name) const;
+  // The same with a name from the string table; empty too when the table has no such text.
+  WideStringView Value(TextId nameId) const;
+  // Each name once, in no particular order.
+  std::span<const NamedText> Values() const { return {values_, valueCount_}; }
+
+  // The names of the keys below, in the order of the source; a "Descendent" comes last and may be a path itself.
+  std::span<const WideStringView> Subkeys() const { return {subkeys_, subkeyCount_}; }
+
+  // Null when the key has no list of exactly that name.
+  const std::vector<WideString>* List(WideStringView name) const;
+
+ private:
+  friend class KeyWriter;
+
+  const NamedText* values_ = nullptr;  // by SortValues() of the writer when there are many
+  const WideStringView* subkeys_ = nullptr;
+  std::uint32_t valueCount_ = 0;
+  std::uint32_t subkeyCount_ = 0;
+  WideStringView path_;
+  std::unique_ptr<const Lists> lists_;
+};
+
+}  // namespace config

@@ -1,0 +1,64 @@
+// Where the elements of an XML text are: the whole document as a table of positions, made in one scan. Nothing is
+// copied out of the text; names, attributes and data are read from it when they are asked for. Reading is safe from
+// several threads.
+#pragma once
+
+#include "base/wide_string.h"
+#include "config/block_list.h"
+#include "config/shared_text.h"
+
+#include <cstdint>
+
+namespace config {
+
+// Positions are indexes into the text, the last three fields indexes of elements; 0 stands for none (of the parent: for
+// the document).
+struct XmlElement {
+  std::uint32_t startTagStart = 0;  // "<"
+  std::uint32_t startTagEnd = 0;    // ">"
+  std::uint32_t endTagStart = 0;    // "<"; of an empty element its "/"
+  std::uint32_t endTagEnd = 0;      // ">"
+  std::uint32_t parentIndex = 0;
+  std::uint32_t firstChildIndex = 0;
+  std::uint32_t nextSiblingIndex = 0;
+};
+
+// A piece of the text. When it holds "&" it may have entity references in it that Decoded() replaces.
+struct XmlText {
+  WideStringView raw;
+  bool hasReferences = false;
+
+  WideString Decoded() const;
+};
+
+class XmlIndex {
+ public:
+  static constexpr std::uint32_t kDocument = 0;  // the element that stands for the whole document
+  static constexpr std::uint64_t kMaxLength = 0xFFFFFFFF;
+
+  // False when the text holds no well-formed element; Error() then says why, and the index is that of an empty
+  // document. Only the first element of the top level is read.
+  bool Parse(SharedText text);
+  const WideString& Error() const { return error_; }
+
+  const SharedText& Text() const { return text_; }
+  std::size_t Count() const { return elements_.Size(); }  // the document's own element included
+  const XmlElement& operator[](std::uint32_t element) const { return elements_[element]; }
+
+  // Empty for the document.
+  WideStringView TagName(std::uint32_t element) const;
+  // The value of an attribute in the element's start tag, empty when it has none of that name.
+  XmlText Attribute(std::uint32_t element, WideStringView name) const;
+  // The character data: the first CDATA section when the content begins with one, else the whole content. Empty for an
+  // element that has elements inside.
+  XmlText Data(std::uint32_t element) const;
+
+ private:
+  void Clear();
+
+  SharedText text_;
+  BlockList<XmlElement> elements_;
+  WideString error_;
+};
+
+}  // namespace config
