@@ -34,9 +34,12 @@ class FieldWidthList {
   static constexpr std::size_t kMaxFieldLength = 260;
 
  private:
+  void Add(std::int32_t width);
+
   WideString text_;
   std::int32_t statedCount_ = 0;
   std::vector<std::int32_t> widths_;
+  std::vector<std::int32_t> ends_;  // the sums of the widths up to and with each field
 };
 
 }  // namespace values

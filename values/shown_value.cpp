@@ -1,0 +1,54 @@
+#include "values/shown_value.h"
+
+#include "values/ip_address.h"
+#include "values/property_descriptor.h"
+#include "values/value_types.h"
+
+#include <algorithm>
+
+namespace values {
+namespace {
+
+std::optional<WideString> ChoiceTextOf(const ChoiceFormat& choices, const PropertyValue& value) {
+  if (choices.Mode() == KeyMode::kText) return choices.GetText(value.AsText());
+  if (value.IsEmpty()) return std::nullopt;
+  const std::optional<std::size_t> index = choices.IndexOfValue(value.AsInteger());
+  if (!index) return std::nullopt;
+  return choices.Entries()[*index].text;
+}
+
+WideString ReadableText(const PropertyDescriptor& descriptor) {
+  const PropertyValue& value = descriptor.GetValue();
+  const ChoiceFormat choices = descriptor.Choices();
+  if (std::optional<WideString> text = ChoiceTextOf(choices, value)) return *text;
+  if (!value.IsInteger()) return value.AsText();
+
+  const std::optional<TypeCode> code = TypeCodeOf(descriptor.Type());
+  if (code == TypeCode::kIpAddress) return DottedIpAddress(value.AsInteger());
+  const bool isPlainFlag = code == TypeCode::kBool && choices.Count() == 0;
+  if (isPlainFlag) return WideString(value.AsInteger() != 0 ? kTrueText : kFalseText);
+  return value.AsText();
+}
+
+}  // namespace
+
+WideString MaskedText(const PropertyDescriptor& descriptor, WideStringView text) {
+  constexpr std::size_t kMostStars = 1023;
+
+  if (!descriptor.Resolve(TextId::kPassWordChar).empty()) {
+    return WideString(std::min(text.size(), kMostStars), u'*');
+  }
+  WideString fixedText = descriptor.Resolve(TextId::kWep);
+  return fixedText.empty() ? WideString(text) : fixedText;
+}
+
+WideString ShownValue(const PropertyDescriptor& descriptor) {
+  if (!base::EqualsIgnoringCase(descriptor.Type(), LoadText(TextId::kNone))) {
+    return MaskedText(descriptor, ReadableText(descriptor));
+  }
+  if (descriptor.IsAvailable()) return {};
+  WideString ownText = descriptor.Resolve(TextId::kUnavailable);
+  return ownText.empty() ? WideString(LoadText(TextId::kUnavailable)) : ownText;
+}
+
+}  // namespace values
