@@ -1,38 +1,92 @@
-// The menu model: the tree of menu items over the key tree, with a descriptor for every property, and the tables that
-// rules and commands look properties up in.
+// The menu model: the tree of menu items over the key tree, a descriptor for every property, and the tables in which
+// rules and commands look properties up.
 #pragma once
 
 #include "base/wide_string.h"
 #include "config/data_store.h"
 #include "model/menu_item.h"
+#include "platform/events.h"
+#include "values/descriptor_map.h"
+#include "values/device_access.h"
+#include "values/message_boxes.h"
 #include "values/property_descriptor.h"
+#include "values/symbol_table.h"
 
+#include <cstdint>
+#include <map>
 #include <memory>
 #include <unordered_map>
+#include <vector>
 
 namespace model {
 
+// The properties that name one page.
+using PropertyPage = std::vector<const values::PropertyDescriptor*>;
+
 class MenuModel {
  public:
-  // --- look-ups; all by exact text ---
-  // Null when there is none.
-  values::PropertyDescriptor* FindDescriptor(WideStringView oid) const;
+  // What building needs; all outlive the model. `deviceGate` is waited for before each read from the device.
+  struct Environment {
+    values::DeviceAccess& device;
+    const values::SymbolTable& symbols;
+    platform::Event& deviceGate;
+    values::MessageBoxes& boxes;
+  };
+  explicit MenuModel(const Environment& environment);
+  MenuModel(const MenuModel&) = delete;
+  MenuModel& operator=(const MenuModel&) = delete;
+
+  // Builds the first menu alone, without properties and commands, so that it is there at once.
+  void BuildTopLevel(std::shared_ptr<const config::PDataStore> tree, WideString rootPath);
+
+  // Builds everything, reading every property from the device. The items and descriptors there were are gone before
+  // the first new one is made; the root item stays. Levels deeper than `maxDepth` below the first are left out. False
+  // when the tree has no root key.
+  bool Build(std::shared_ptr<const config::PDataStore> tree, WideString rootPath, std::uint32_t maxDepth = 9999);
+
+  // The tree that the model stands on, null before the first build.
+  const std::shared_ptr<const config::PDataStore>& Tree() const { return tree_; }
+  const WideString& RootPath() const { return rootPath_; }
+  const config::ConfigKey* FindKey(WideStringView path) const { return tree_ ? tree_->Find(path) : nullptr; }
+
+  MenuItem& Root() { return *root_; }
+
+  // --- look-ups, all by exact text; null or empty when there is none ---
+  values::DescriptorMap& Descriptors() { return descriptors_; }
+  const values::DescriptorMap& Descriptors() const { return descriptors_; }
+  values::PropertyDescriptor* FindDescriptor(WideStringView oid) const {
+    return values::FindDescriptor(descriptors_, oid);
+  }
   MenuItem* ItemOf(const values::PropertyDescriptor& descriptor) const;
-  // Empty when there is none.
   WideString OidByName(WideStringView displayName) const;
   WideString TypeByOid(WideStringView oid) const;
-
-  // The tree that the model stands on; whoever holds it keeps it.
-  const std::shared_ptr<const config::PDataStore>& Tree() const;
-  const config::ConfigKey* FindKey(WideStringView path) const;
-  const WideString& RootPath() const;
-
-  MenuItem& Root();
+  const PropertyPage* FindPage(WideStringView name) const;
 
   // The text between the angle brackets of a property's line: choice text, dotted address, masked secret.
-  WideString ShownValue(values::PropertyDescriptor& descriptor) const;
-  // Sets an item's suffix from its property's shown value ("  <%s>").
+  WideString ShownValue(const values::PropertyDescriptor& descriptor) const;
+  // Makes an item's suffix anew from its property's shown value; an item that shows no value keeps none.
   void UpdateSuffix(MenuItem& item) const;
+
+ private:
+  using TextMap = std::unordered_map<WideString, WideString, values::TextHash, std::equal_to<>>;
+
+  void Clear();
+  void WaitForDevice() const;
+  std::vector<WideString> OrderedChildren(const config::ConfigKey& key, WideStringView path) const;
+  void AddItem(MenuItem& parent, const WideString& path, const config::ConfigKey& key);
+  void AddDescriptor(MenuItem& item, const WideString& oid, const config::ConfigKey& key);
+  bool IsOpenAbove(const MenuItem& parent, WideStringView path) const;
+
+  Environment environment_;
+  std::shared_ptr<const config::PDataStore> tree_;
+  WideString rootPath_;
+  std::unique_ptr<MenuItem> root_;
+  std::vector<std::unique_ptr<values::PropertyDescriptor>> owned_;
+  values::DescriptorMap descriptors_;
+  TextMap oidByName_;
+  TextMap typeByOid_;
+  std::map<WideString, PropertyPage, std::less<>> pages_;
+  std::unordered_map<const values::PropertyDescriptor*, MenuItem*> items_;
 };
 
 }  // namespace model

@@ -1,4 +1,4 @@
-// Wide strings in test failures read as UTF-8.
+// Views of wide strings in test failures read as text.
 #pragma once
 
 #include "base/utf8.h"
@@ -9,7 +9,6 @@
 
 namespace std {
 
-inline void PrintTo(const std::u16string& text, std::ostream* out) { *out << '"' << base::ToUtf8(text) << '"'; }
-inline void PrintTo(std::u16string_view text, std::ostream* out) { *out << '"' << base::ToUtf8(text) << '"'; }
+inline void PrintTo(std::u16string_view text, std::ostream* out) { *out << 'u' << '"' << base::ToUtf8(text) << '"'; }
 
 }  // namespace std

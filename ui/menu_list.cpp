@@ -214,6 +214,7 @@ void MenuList::ItemsWereReplaced() {
     const model::MenuItem* item = pages_.lines[i].item;
     if (item == nullptr || item->Path() != place_.selected) continue;
     const int line = static_cast<int>(i);
+    Remember(PageTop(line), line);
     GoTo(PageTop(line), line);
     break;
   }

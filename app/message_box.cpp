@@ -1,0 +1,126 @@
+#include "app/message_box.h"
+
+#include "app/dialog_templates.h"
+#include "platform/canvas.h"
+#include "platform/controls.h"
+
+#include <span>
+
+namespace app {
+namespace {
+
+using platform::LResult;
+using platform::Message;
+using platform::WindowHandle;
+
+// What a question offers, and what each choice returns.
+struct Choice {
+  WideStringView text;
+  int result;
+};
+constexpr Choice kYesNo[] = {{u"Yes", platform::kIdYes}, {u"No", platform::kIdNo}};
+constexpr Choice kExitChoices[] = {{u" Discard changes", 102}, {u" Save changes", 101}, {u" Do not exit", 2}};
+
+struct Question {
+  int listId = 0;
+  std::span<const Choice> choices;
+};
+
+Question QuestionOf(int kind) {
+  switch (kind) {
+    case values::kYesNoBox: return {control_id::kAnswers, kYesNo};
+    case values::kExitChoiceBox: return {control_id::kExitChoices, kExitChoices};
+    default: return {};
+  }
+}
+
+constexpr int kBoxLeftPx = 10;
+constexpr int kBoxTopPx = 5;
+constexpr int kExitChoiceTopPx = 35;
+constexpr platform::FontSpec kFont{.face = u"System", .heightPx = 13, .weight = 400};
+
+class BoxProcedure final : public platform::MessageHandler {
+ public:
+  BoxProcedure(WideStringView text, WideStringView caption, int kind)
+      : text_(text), caption_(caption), kind_(kind), question_(QuestionOf(kind)) {}
+
+  std::optional<LResult> OnMessage(WindowHandle box, const Message& message) override {
+    switch (message.id) {
+      case platform::message::kInitDialog: return Initialise(box);
+      case platform::message::kCommand: return OnCommand(box, platform::CommandId(message));
+      case platform::message::kControlColorDialog:
+      case platform::message::kControlColorStatic:
+      case platform::message::kControlColorButton:
+        return platform::AnswerControlColors(message, platform::kBlack, platform::kWhite);
+      default: return std::nullopt;
+    }
+  }
+
+ private:
+  LResult Initialise(WindowHandle box) {
+    focusBefore_ = platform::FocusedWindow();
+    const platform::Rect rect = platform::WindowRect(box);
+    const int top = kind_ == values::kExitChoiceBox ? kExitChoiceTopPx : kBoxTopPx;
+    platform::Move(box, {kBoxLeftPx, top, kBoxLeftPx + rect.Width(), top + rect.Height()});
+    platform::SetText(box, caption_);
+    platform::SetText(platform::ControlOf(box, control_id::kMessage), text_);
+    for (const int id :
+         {control_id::kMessage, control_id::kAnswers, control_id::kExitChoices, control_id::kPressEnter}) {
+      platform::SetFont(platform::ControlOf(box, id), kFont);
+    }
+    const WindowHandle pressEnter = platform::ControlOf(box, control_id::kPressEnter);
+    platform::Hide(platform::ControlOf(box, control_id::kAnswers));
+    platform::Hide(pressEnter);
+    if (question_.choices.empty()) {
+      platform::Show(pressEnter);
+      platform::Focus(box);
+    } else {
+      Ask(platform::ListBox(platform::ControlOf(box, question_.listId)));
+    }
+    return 0;  // the focus is set
+  }
+
+  void Ask(platform::ListBox list) {
+    list_ = list;
+    for (const Choice& choice : question_.choices) list_.Add(choice.text);
+    list_.Select(0);
+    platform::Show(list_.Handle());
+    platform::Focus(list_.Handle());
+  }
+
+  std::optional<LResult> OnCommand(WindowHandle box, int id) {
+    if (id != platform::kIdOk && id != platform::kIdCancel) return std::nullopt;
+    platform::Focus(focusBefore_);
+    if (id == platform::kIdOk) platform::Hide(box);
+    platform::EndDialog(box, id == platform::kIdOk ? Answer() : values::kBoxCancelled);
+    return 0;
+  }
+
+  LResult Answer() const {
+    const auto selected = static_cast<std::size_t>(list_.Selected());
+    return selected < question_.choices.size() ? question_.choices[selected].result : 0;
+  }
+
+  WideStringView text_;
+  WideStringView caption_;
+  int kind_;
+  Question question_;
+  platform::ListBox list_;
+  WindowHandle focusBefore_ = nullptr;
+};
+
+}  // namespace
+
+const platform::DialogTemplate& TemplateFor(int kind, int textWidth, int clientWidth) {
+  if (kind == values::kExitChoiceBox) return ExitChoiceTemplate();
+  return textWidth < 2 * clientWidth ? ShortMessageTemplate() : LongMessageTemplate();
+}
+
+int MessageBox::Show(WideStringView text, WideStringView caption, int kind) {
+  BoxProcedure procedure(text, caption, kind);
+  const auto& boxTemplate =
+      TemplateFor(kind, platform::MeasureText(owner_, text), platform::ClientRect(owner_).Width());
+  return static_cast<int>(platform::RunDialog(boxTemplate, owner_, procedure));
+}
+
+}  // namespace app
