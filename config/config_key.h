@@ -39,10 +39,14 @@ class ConfigKey {
   // Null when the key has no list of exactly that name.
   const std::vector<WideString>* List(WideStringView name) const;
 
+  // How keys with more values than a quick look finds are ordered.
+  static constexpr std::size_t kManyValues = 16;
+  static bool NameLess(const NamedText& a, const NamedText& b) { return a.name < b.name; }
+
  private:
   friend class KeyWriter;
 
-  const NamedText* values_ = nullptr;  // by SortValues() of the writer when there are many
+  const NamedText* values_ = nullptr;  // ordered by NameLess() when there are many
   const WideStringView* subkeys_ = nullptr;
   std::uint32_t valueCount_ = 0;
   std::uint32_t subkeyCount_ = 0;

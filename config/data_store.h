@@ -41,6 +41,8 @@ class PDataStore {
  private:
   struct Storage;
 
+  void Build(WideStringView rootPath, const XmlDocument* document, std::uint32_t maxDepth);
+
   std::vector<WideString> networkAdapters_;
   std::unique_ptr<Storage> storage_;
 };

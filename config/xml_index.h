@@ -36,6 +36,8 @@ class XmlIndex {
   static constexpr std::uint32_t kDocument = 0;  // the element that stands for the whole document
   static constexpr std::uint64_t kMaxLength = 0xFFFFFFFF;
 
+  XmlIndex() { Clear(); }
+
   // False when the text holds no well-formed element; Error() then says why, and the index is that of an empty
   // document. Only the first element of the top level is read.
   bool Parse(SharedText text);

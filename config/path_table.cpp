@@ -1,0 +1,86 @@
+#include "config/path_table.h"
+
+#include <algorithm>
+
+namespace config {
+namespace {
+
+constexpr int kFirstSlotBits = 8;
+constexpr std::uint64_t kSeed = 0x243F6A8885A308D3;
+constexpr std::uint64_t kFactor = 0x9E3779B97F4A7C15;
+
+// Unit by unit, so that the hash of a path goes on where that of the path above it ended.
+std::uint64_t Extend(std::uint64_t hash, char16_t unit) {
+  hash = (hash ^ unit) * kFactor;
+  return hash ^ (hash >> 32);
+}
+
+std::uint64_t Extend(std::uint64_t hash, WideStringView text) {
+  for (const char16_t unit : text) hash = Extend(hash, unit);
+  return hash;
+}
+
+// The upper bits, which choose the slot, depend on all others.
+std::uint64_t Spread(std::uint64_t hash) { return hash * kFactor; }
+
+bool IsPath(const PathNode* node, WideStringView path) {
+  for (;;) {
+    if (!path.ends_with(node->name)) return false;
+    path.remove_suffix(node->name.size());
+    node = node->parent;
+    if (node->parent == nullptr) return path.empty();
+    if (!path.ends_with(u'\\')) return false;
+    path.remove_suffix(1);
+  }
+}
+
+}  // namespace
+
+PathTable::PathTable() : slots_(std::size_t{1} << kFirstSlotBits), shift_(64 - kFirstSlotBits) {
+  nodes_.Add().hash = kSeed;
+}
+
+PathNode& PathTable::Child(PathNode& parent, WideStringView name) {
+  const std::uint64_t start = parent.parent == nullptr ? parent.hash : Extend(parent.hash, u'\\');
+  const std::uint64_t hash = Extend(start, name);
+  const std::uint64_t spread = Spread(hash);
+  const auto lowerHalf = static_cast<std::uint32_t>(spread);
+  std::size_t slot = FirstSlot(spread);
+  for (; slots_[slot].node != 0; slot = (slot + 1) & (slots_.size() - 1)) {
+    if (slots_[slot].hash != lowerHalf) continue;
+    PathNode& node = nodes_[slots_[slot].node];
+    if (node.hash == hash && node.parent == &parent && node.name == name) return node;
+  }
+  slots_[slot] = {static_cast<std::uint32_t>(nodes_.Size()), lowerHalf};
+  PathNode& node = nodes_.Add();
+  node.parent = &parent;
+  node.name = name;
+  node.hash = hash;
+  if (nodes_.Size() * 2 > slots_.size()) Grow();
+  return node;
+}
+
+const PathNode* PathTable::Find(WideStringView path) const {
+  const std::uint64_t hash = Extend(kSeed, path);
+  const std::uint64_t spread = Spread(hash);
+  const auto lowerHalf = static_cast<std::uint32_t>(spread);
+  for (std::size_t slot = FirstSlot(spread); slots_[slot].node != 0; slot = (slot + 1) & (slots_.size() - 1)) {
+    if (slots_[slot].hash != lowerHalf) continue;
+    const PathNode& node = nodes_[slots_[slot].node];
+    if (node.hash == hash && IsPath(&node, path)) return &node;
+  }
+  return nullptr;
+}
+
+void PathTable::Grow() {
+  slots_.assign(slots_.size() * 2, Slot());
+  --shift_;
+  for (std::size_t i = 1; i < nodes_.Size(); ++i) {
+    const std::uint64_t spread = Spread(nodes_[i].hash);
+    std::size_t slot = FirstSlot(spread);
+    while (slots_[slot].node != 0) slot = (slot + 1) & (slots_.size() - 1);
+    slots_[slot] = {static_cast<std::uint32_t>(i), static_cast<std::uint32_t>(spread)};
+  }
+}
+
+}  // namespace config

@@ -1,0 +1,65 @@
+#include "config/key_writer.h"
+#include "config/registry_key_reader.h"
+#include "config/tree_builder.h"
+#include "config/tree_walk.h"
+
+#include <utility>
+
+namespace config {
+namespace {
+
+class RegistryTreeBuilder {
+ public:
+  RegistryTreeBuilder(PathTable& paths, Arena& arena) : paths_(paths), arena_(arena), writer_(arena) {}
+
+  std::size_t Build(WideStringView rootPath, std::uint32_t maxDepth) {
+    walk_.Enter(Descend(paths_.Top(), arena_.Copy(rootPath)));
+    walk_.Run(maxDepth, [this](PathNode& node, bool hasChildren) { Read(node, hasChildren); });
+    return walk_.Count();
+  }
+
+ private:
+  void Read(PathNode& node, bool hasChildren) {
+    const WideString path = PathOf(node);
+    RegistryKeyReader reader(path);
+    writer_.SetPath(arena_.Copy(path));
+    for (const auto& [name, text] : reader.values) writer_.AddValue(arena_.Copy(name), arena_.Copy(text));
+    for (const WideString& name : reader.subkeys) writer_.AddSubkey(arena_.Copy(name));
+    writer_.SetLists(std::move(reader.lists));
+    writer_.Finish(node.key);
+    if (!hasChildren) return;
+    for (const WideStringView name : node.key.Subkeys()) walk_.Enter(Descend(node, name));
+  }
+
+  PathNode& Descend(PathNode& from, WideStringView path) {
+    PathNode* node = &from;
+    ForEachName(path, [&](WideStringView name) { node = &paths_.Child(*node, name); });
+    return *node;
+  }
+
+  static WideString PathOf(const PathNode& node) {
+    std::size_t length = node.name.size();
+    for (const PathNode* n = node.parent; n->parent != nullptr; n = n->parent) length += n->name.size() + 1;
+    WideString path(length, u'\\');
+    std::size_t end = length;
+    for (const PathNode* n = &node; n->parent != nullptr; n = n->parent) {
+      end -= n->name.size();
+      n->name.copy(path.data() + end, n->name.size());
+      if (end > 0) --end;  // the backslash
+    }
+    return path;
+  }
+
+  PathTable& paths_;
+  Arena& arena_;
+  KeyWriter writer_;
+  TreeWalk walk_;
+};
+
+}  // namespace
+
+std::size_t BuildFromRegistry(WideStringView rootPath, std::uint32_t maxDepth, PathTable& paths, Arena& arena) {
+  return RegistryTreeBuilder(paths, arena).Build(rootPath, maxDepth);
+}
+
+}  // namespace config

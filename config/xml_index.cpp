@@ -1,0 +1,103 @@
+#include "config/xml_index.h"
+
+#include "base/format.h"
+#include "config/xml_scan.h"
+#include "config/xml_tokens.h"
+
+#include <utility>
+
+namespace config {
+namespace {
+
+constexpr struct {
+  WideStringView reference;
+  char16_t unit;
+} kReferences[] = {{u"&lt;", u'<'}, {u"&gt;", u'>'}, {u"&amp;", u'&'}, {u"&quot;", u'"'}, {u"&apos;", u'\''}};
+
+XmlText WithReferences(WideStringView raw) { return {raw, raw.find(u'&') != WideStringView::npos}; }
+
+}  // namespace
+
+WideString XmlText::Decoded() const {
+  if (!hasReferences) return WideString(raw);
+  WideString decoded;
+  decoded.reserve(raw.size());
+  for (std::size_t at = 0; at < raw.size();) {
+    std::size_t length = 1;
+    char16_t unit = raw[at];
+    if (unit == u'&') {
+      for (const auto& known : kReferences) {
+        if (raw.substr(at, known.reference.size()) != known.reference) continue;
+        unit = known.unit;
+        length = known.reference.size();
+        break;
+      }
+    }
+    decoded.push_back(unit);
+    at += length;
+  }
+  return decoded;
+}
+
+void XmlIndex::Clear() {
+  text_ = {};
+  elements_.Clear();
+  elements_.Add();  // the document
+  error_.clear();
+}
+
+bool XmlIndex::Parse(SharedText text) {
+  Clear();
+  if (text.View().size() > kMaxLength) return false;
+  const XmlScanResult result = ScanElements(text.View(), elements_);
+  if (result.error == XmlError::kNone) {
+    text_ = std::move(text);
+    return true;
+  }
+  const WideString tagName(
+      result.element == kDocument ? WideStringView() : TagNameAt(text.View(), elements_[result.element].startTagStart));
+  Clear();
+  error_ = base::Format(TextOf(result.error), tagName);
+  return false;
+}
+
+WideStringView XmlIndex::TagName(std::uint32_t element) const {
+  if (element == kDocument) return {};
+  return TagNameAt(text_.View(), elements_[element].startTagStart);
+}
+
+XmlText XmlIndex::Attribute(std::uint32_t element, WideStringView name) const {
+  if (element == kDocument) return {};
+  const XmlElement& position = elements_[element];
+  const WideStringView tag = text_.View().substr(0, position.startTagEnd);
+  const XmlToken tagName = ReadXmlToken(tag, position.startTagStart + 1);
+  for (XmlToken token = ReadXmlToken(tag, tagName.end); !token.missing;) {
+    const XmlToken next = ReadXmlToken(tag, token.end);
+    if (!next.Is(u'=')) {
+      token = next;
+      continue;
+    }
+    const XmlToken value = ReadXmlToken(tag, next.end);
+    if (!token.quoted && XmlTokenEquals(token.text, name)) return WithReferences(value.text);
+    token = ReadXmlToken(tag, value.end);
+  }
+  return {};
+}
+
+XmlText XmlIndex::Data(std::uint32_t element) const {
+  const XmlElement& position = elements_[element];
+  if (position.firstChildIndex != 0 || position.endTagStart <= position.startTagEnd) return {};
+  const std::size_t start = position.startTagEnd + 1;
+  const WideStringView content = text_.View().substr(start, position.endTagStart - start);
+  constexpr WideStringView kBegin = u"<![CDATA[";
+  const std::size_t first = SkipXmlBlanks(content, 0);
+  if (content.substr(first, kBegin.size()) == kBegin) {
+    const std::size_t end = content.find(u"]]>", first + kBegin.size());
+    if (end != WideStringView::npos) {
+      return {content.substr(first + kBegin.size(), end - first - kBegin.size()), false};
+    }
+  }
+  return WithReferences(content);
+}
+
+}  // namespace config

@@ -1,0 +1,42 @@
+// The one pass over an XML text that finds its elements.
+#pragma once
+
+#include "base/wide_string.h"
+#include "config/block_list.h"
+
+#include <cstdint>
+
+namespace config {
+
+struct XmlElement;
+
+enum class XmlError {
+  kNone,
+  kBeginsWithEndTag,  // has no text of its own
+  kTagNotFound,
+  kAbruptEnd,
+  kQuotedTag,
+  kInvalidNode,
+  kTagNotClosed,
+  kEndTagNotFound,
+  kEndTagExpected,
+  kOtherEndTag,
+  kEndTagNotCompleted,
+};
+
+// "%s" in it stands for the tag name of an element.
+WideStringView TextOf(XmlError error);
+
+struct XmlScanResult {
+  XmlError error = XmlError::kNone;
+  std::uint32_t element = 0;  // the one that the error is about, 0: none
+};
+
+// Adds the first element of the text and all inside it to `elements`, which holds the document's own element and
+// nothing else, in the order of their start tags. Stops at the first error.
+XmlScanResult ScanElements(WideStringView text, BlockList<XmlElement>& elements);
+
+// The tag name behind the "<" at `start`.
+WideStringView TagNameAt(WideStringView text, std::uint32_t start);
+
+}  // namespace config

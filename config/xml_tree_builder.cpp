@@ -1,0 +1,124 @@
+#include "config/key_writer.h"
+#include "config/tree_builder.h"
+#include "config/tree_walk.h"
+
+#include <vector>
+
+namespace config {
+namespace {
+
+// A key is read from the first element, in document order, whose path it has. A plain search for that element would
+// start at the top of the document for every key, go into groups whose names fit, and come back out when they do not
+// hold the rest. Here all elements are sorted under their paths instead, as far down as keys are asked for; each
+// element is looked at once, and the first of a path is the one that such a search would find.
+//
+// In such a search a path that ends with a backslash ends there: its last, empty name is not looked for. So the key of
+// "A\" shows what "A" has, while "A\\B" does lead through a group without a name.
+class XmlTreeBuilder {
+ public:
+  XmlTreeBuilder(const XmlIndex& index, PathTable& paths, Arena& arena)
+      : index_(index), paths_(paths), arena_(arena), writer_(arena) {}
+
+  std::size_t Build(WideStringView rootPath, std::uint32_t maxDepth) {
+    AddElement(paths_.Top(), XmlIndex::kDocument);
+    walk_.Enter(Descend(paths_.Top(), arena_.Copy(rootPath)));
+    walk_.Run(maxDepth, [this](PathNode& node, bool hasChildren) { Read(node, hasChildren); });
+    return walk_.Count();
+  }
+
+ private:
+  struct Further {
+    std::uint32_t element = 0;
+    std::uint32_t next = 0;
+  };
+
+  // The element that a key is read from; null when the document has none.
+  static const PathNode* Source(const PathNode& node) {
+    const PathNode* const source = node.name.empty() ? node.parent : &node;
+    return source->hasElement ? source : nullptr;
+  }
+
+  void Read(PathNode& node, bool hasChildren) {
+    if (hasChildren) Expand(node);
+    if (const PathNode* const source = Source(node)) ReadElement(source->firstElement);
+    writer_.Finish(node.key);
+    if (!hasChildren) return;
+    for (const WideStringView name : node.key.Subkeys()) walk_.Enter(Descend(node, name));
+  }
+
+  void ReadElement(std::uint32_t element) {
+    for (std::uint32_t child = index_[element].firstChildIndex; child != 0; child = index_[child].nextSiblingIndex) {
+      const WideStringView tagName = index_.TagName(child);
+      if (tagName == kGroup) {
+        writer_.AddSubkey(Kept(index_.Attribute(child, kName)));
+      } else {
+        writer_.AddValue(tagName, Kept(index_.Data(child)));
+      }
+    }
+  }
+
+  // Sorts the groups inside a node's elements under the paths below it.
+  void Expand(PathNode& node) {
+    if (node.expanded) return;
+    node.expanded = true;
+    if (!node.hasElement) return;
+    ExpandElement(node, node.firstElement);
+    for (std::uint32_t i = node.furtherElements; i != 0; i = further_[i].next) ExpandElement(node, further_[i].element);
+  }
+
+  void ExpandElement(PathNode& node, std::uint32_t element) {
+    for (std::uint32_t child = index_[element].firstChildIndex; child != 0; child = index_[child].nextSiblingIndex) {
+      if (index_.TagName(child) != kGroup) continue;
+      const WideStringView name = Kept(index_.Attribute(child, kName));
+      // A name with a backslash in it never equals the part of a path between two backslashes.
+      if (name.find(u'\\') == WideStringView::npos) AddElement(paths_.Child(node, name), child);
+    }
+  }
+
+  void AddElement(PathNode& node, std::uint32_t element) {
+    if (!node.hasElement) {
+      node.hasElement = true;
+      node.firstElement = element;
+      return;
+    }
+    const auto added = static_cast<std::uint32_t>(further_.size());
+    further_.push_back({element, 0});
+    if (node.furtherElements == 0) {
+      node.furtherElements = added;
+    } else {
+      further_[node.lastFurther].next = added;
+    }
+    node.lastFurther = added;
+  }
+
+  PathNode& Descend(PathNode& from, WideStringView path) {
+    PathNode* node = &from;
+    ForEachName(path, [&](WideStringView name) {
+      Expand(*node);
+      node = &paths_.Child(*node, name);
+    });
+    return *node;
+  }
+
+  // A text in the document itself where that is possible.
+  WideStringView Kept(const XmlText& text) { return text.hasReferences ? arena_.Copy(text.Decoded()) : text.raw; }
+
+  static constexpr WideStringView kGroup = u"GROUP";
+  static constexpr WideStringView kName = u"name";
+
+  const XmlIndex& index_;
+  PathTable& paths_;
+  Arena& arena_;
+  KeyWriter writer_;
+  TreeWalk walk_;
+  std::vector<Further> further_{Further()};  // index 0 stands for none
+};
+
+}  // namespace
+
+std::size_t BuildFromXml(const XmlIndex& index, WideStringView rootPath, std::uint32_t maxDepth, PathTable& paths,
+                         Arena& arena) {
+  return XmlTreeBuilder(index, paths, arena).Build(rootPath, maxDepth);
+}
+
+}  // namespace config
