@@ -14,6 +14,12 @@ namespace {
 constexpr std::uint32_t kSetFieldValue = platform::message::kUser + 101;
 constexpr std::uint32_t kGetFieldText = platform::message::kUser + 102;
 
+WideString AddressText(platform::WindowHandle field) {
+  std::uint32_t address = 0;
+  platform::Send(field, ui::address_message::kGet, 0, platform::ToLParam(&address));
+  return values::DottedIpAddress(static_cast<std::int32_t>(address));
+}
+
 }  // namespace
 
 void InlineEditors::Initialise() const {
@@ -70,7 +76,7 @@ WideString InlineEditors::TextOf(Source source, platform::WindowHandle control) 
     case Source::kRadioButton: return RadioButtonText(control);
     case Source::kChoices: return choices.Line(choices.Selected());
     case Source::kValueField: return ValueFieldText();
-    case Source::kAddressField: return values::ToDottedText(ui::AddressOf(control));
+    case Source::kAddressField: return AddressText(control);
     case Source::kValueEditor: return platform::TextOf(control);
     case Source::kNone:
     case Source::kCheckBox: break;

@@ -90,7 +90,7 @@ void MainDialog::ShowTextPage(const std::vector<WideString>& lines) {
 void MainDialog::CloseTextPage() { ShowMenuState(); }
 
 void MainDialog::ShowRootMenu() {
-  list_.ShowRoot();
+  list_.Show(rootMenu_);
   FocusList();
 }
 

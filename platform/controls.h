@@ -74,6 +74,7 @@ class EditField : public Control {
   int LineCount() const;
   int FirstVisibleLine() const;
   void ScrollLines(int lines) const;
+  void ScrollPage(bool down) const;  // the caret stays where it is
 };
 
 class Button : public Control {

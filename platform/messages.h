@@ -56,6 +56,7 @@ inline constexpr Id kEditLimitText = 0x00C5;
 inline constexpr Id kEditSetPasswordChar = 0x00CC;
 inline constexpr Id kEditSetReadOnly = 0x00CF;
 inline constexpr Id kEditGetFirstVisibleLine = 0x00CE;
+inline constexpr Id kEditScroll = 0x00B5;  // wParam: kScrollPageUp or kScrollPageDown
 inline constexpr Id kEditLineScroll = 0x00B6;
 inline constexpr Id kEditGetLineCount = 0x00BA;
 
@@ -96,6 +97,10 @@ inline constexpr Id kPickerSetFormat = 0x1032;
 // Progress bars.
 inline constexpr Id kProgressSetPosition = kUser + 2;
 }  // namespace message
+
+// wParam of message::kEditScroll.
+inline constexpr std::uintptr_t kScrollPageUp = 2;
+inline constexpr std::uintptr_t kScrollPageDown = 3;
 
 // wParam of message::kActivate, low word.
 inline constexpr std::uintptr_t kInactive = 0;

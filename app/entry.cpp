@@ -1,0 +1,33 @@
+#include "app/entry.h"
+
+#include "app/kel_config_app.h"
+#include "base/string_table.h"
+#include "platform/window.h"
+
+namespace app {
+namespace {
+
+constexpr std::size_t kLongestTitle = 260;
+
+platform::WindowHandle RunningInstance() {
+  for (const platform::WindowHandle window : platform::TopLevelWindows()) {
+    const WideString title = platform::TextOf(window).substr(0, kLongestTitle);
+    if (title == LoadText(TextId::kConfigurationUtility)) return window;
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+int RunUtility(WideStringView commandLine) {
+  if (const platform::WindowHandle other = RunningInstance()) {
+    platform::BringToForeground(other);
+    return 0;
+  }
+  platform::InitDateTimeControls();
+  CKelConfigApp application;
+  application.Run(commandLine);
+  return 0;
+}
+
+}  // namespace app

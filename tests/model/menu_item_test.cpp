@@ -1,0 +1,51 @@
+#include "model/menu_item.h"
+
+#include "tests/printing.h"
+
+namespace {
+
+using model::DisplayState;
+using model::MenuItem;
+
+TEST(MenuItem, ItsLineIsTextAndSuffix) {
+  MenuItem item(nullptr, u"R\\a", u"SYM", u"Name");
+  EXPECT_EQ(u"Name", item.LineText());
+  item.SetSuffix(u"  <5>");
+  EXPECT_EQ(u"Name  <5>", item.LineText());
+  item.SetLineText(u"Name, <6>");
+  EXPECT_EQ(u"Name, <6>", item.LineText());
+  EXPECT_EQ(u"", item.Suffix());
+}
+
+TEST(MenuItem, AMarkReplacesTheFirstColumn) {
+  MenuItem item(nullptr, u"R\\a", u" Beep", u" Beep");
+  item.SetFirstColumn(u'\u221A');
+  EXPECT_EQ(u"\u221ABeep", item.LineText());
+  MenuItem empty(nullptr, u"R\\b", u"", u"");
+  empty.SetFirstColumn(u' ');
+  EXPECT_EQ(u" ", empty.LineText());
+}
+
+TEST(MenuItem, NormalAndHiddenTravelToTheLinkedItemAndTheOthersDoNot) {
+  MenuItem linked(nullptr, u"R\\b", u"b", u"b");
+  MenuItem item(nullptr, u"R\\a", u"a", u"a");
+  item.SetLinkedItem(&linked);
+  item.SetState(DisplayState::kNotDisplayed);
+  EXPECT_EQ(DisplayState::kNotDisplayed, linked.State());
+  item.SetState(DisplayState::kNoEdit);
+  EXPECT_EQ(DisplayState::kNotDisplayed, linked.State());
+  item.SetState(DisplayState::kBlank);
+  EXPECT_EQ(DisplayState::kNotDisplayed, linked.State());
+  item.SetState(DisplayState::kNormal);
+  EXPECT_EQ(DisplayState::kNormal, linked.State());
+}
+
+TEST(MenuItem, AMenuOfAnyDepthCanBeDestroyed) {
+  MenuItem root(nullptr, u"R", u"", u"");
+  MenuItem* deepest = &root;
+  for (int i = 0; i < 200'000; ++i) deepest = &deepest->AddChild(u"", u"", u"");
+  root.RemoveChildren();
+  EXPECT_TRUE(root.IsLeaf());
+}
+
+}  // namespace

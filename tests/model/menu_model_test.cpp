@@ -1,0 +1,187 @@
+#include "model/menu_model.h"
+
+#include "tests/printing.h"
+#include "tests/support/fake_boxes.h"
+#include "tests/support/fake_device.h"
+#include "tests/support/test_terminal.h"
+#include "tests/support/trees.h"
+
+#include <string>
+
+namespace {
+
+using model::MenuItem;
+using model::MenuModel;
+
+class MenuModelTest : public testing::Test {
+ protected:
+  void Build(std::string_view xml, std::uint32_t depth = 9999) {
+    EXPECT_TRUE(menu_.Build(tests::TreeOf(xml), u"R", depth));
+  }
+
+  // Every item on a line of its own, indented by its depth.
+  std::string Dump() {
+    std::string text;
+    for (const auto& child : menu_.Root().Children()) DumpItem(*child, "", text);
+    return text;
+  }
+
+  static void DumpItem(const MenuItem& item, const std::string& indent, std::string& text) {
+    text += indent + base::ToUtf8(item.LineText()) + "\n";
+    for (const auto& child : item.Children()) DumpItem(*child, indent + "  ", text);
+  }
+
+  tests::TestTerminal terminal_;
+  tests::FakeDevice fake_;
+  tests::FakeBoxes boxes_;
+  values::SymbolTable symbols_{values::SymbolTable::Texts{{u"SYM_NET", u"Network"}}};
+  values::DeviceAccess device_{fake_.Connector()};
+  platform::Event deviceGate_{u"", true};
+  MenuModel menu_{{device_, symbols_, deviceGate_, boxes_}};
+};
+
+TEST_F(MenuModelTest, TheFirstMenuHasNoCommandsNoPropertiesAndReadsNothing) {
+  menu_.BuildTopLevel(
+      tests::TreeOf("<GROUP name='R'><DisplayName>Main</DisplayName>"
+                    "<GROUP name='a'><DisplayName>SYM_NET</DisplayName><GROUP name='x'/></GROUP>"
+                    "<GROUP name='b'><DisplayName>Store</DisplayName><Function>StoreConfig</Function></GROUP>"
+                    "<GROUP name='c'><DisplayName>Run</DisplayName><AppName>a.exe</AppName></GROUP>"
+                    "<GROUP name='d'><DisplayName>Speed</DisplayName><OID>1.2</OID></GROUP></GROUP>",
+                    config::PDataStore::kTopLevelOnly),
+      u"R");
+  EXPECT_EQ(u"Main", menu_.Root().Title());
+  EXPECT_EQ("Network\nSpeed\n", Dump());
+  EXPECT_TRUE(menu_.Root().Children()[0]->topLevel);
+  EXPECT_EQ(u"SYM_NET", menu_.Root().Children()[0]->DisplayName());
+  EXPECT_EQ(nullptr, menu_.Root().Children()[1]->Descriptor());
+  EXPECT_EQ(0, fake_.connections);
+}
+
+TEST_F(MenuModelTest, AWholeModelHasItsPropertiesWithTheirValues) {
+  fake_.Put(u"1.1", u"2");
+  fake_.Put(u"1.2", u"192.168.0.1");
+  fake_.Put(u"1.3", u"secret");
+  Build(
+      "<GROUP name='R'><GROUP name='m'><DisplayName>Menu</DisplayName>"
+      "<GROUP name='a'><DisplayName>Mode</DisplayName><OID>1.1</OID><Type>Integer</Type>"
+      "<ChoiceFmt>1#Off|2#On</ChoiceFmt></GROUP>"
+      "<GROUP name='b'><DisplayName>Address</DisplayName><OID>1.2</OID><Type>IP Address</Type></GROUP>"
+      "<GROUP name='c'><DisplayName>Word</DisplayName><OID>1.3</OID><Type>Password</Type>"
+      "<PassWordChar>*</PassWordChar></GROUP>"
+      "<GROUP name='d'><DisplayName>Gone</DisplayName><OID>9.9</OID><Type>Integer</Type></GROUP>"
+      "</GROUP></GROUP>");
+  EXPECT_EQ("Menu\n  Mode  <On>\n  Address  <192.168.0.1>\n  Word  <******>\n  Gone  <Unavailable>\n", Dump());
+}
+
+TEST_F(MenuModelTest, AKeyWithACommandOidAloneIsAPropertyUnderThat) {
+  fake_.Put(u"7.7", u"0312");
+  Build(
+      "<GROUP name='R'>"
+      "<GROUP name='cmd'><DisplayName>Cmd</DisplayName><OID>7.7</OID><Type>ReaderCmd</Type>"
+      "<CmdString>2,2,2</CmdString></GROUP>"
+      "<GROUP name='f'><DisplayName>Field</DisplayName><CmdOID>7.7:2</CmdOID><Ordinal>2</Ordinal>"
+      "<Type>Integer</Type></GROUP></GROUP>");
+  ASSERT_NE(nullptr, menu_.FindDescriptor(u"7.7:2"));
+  EXPECT_EQ(u"7.7:2", menu_.OidByName(u"Field"));
+  EXPECT_EQ(u"Integer", menu_.TypeByOid(u"7.7:2"));
+  EXPECT_EQ(u"12", menu_.FindDescriptor(u"7.7:2")->GetValue().AsText());
+  EXPECT_EQ("Cmd\nField  <12>\n", Dump());  // a whole command shows no value
+}
+
+TEST_F(MenuModelTest, AKeyWithNeitherOidIsAPlainEntry) {
+  Build("<GROUP name='R'><GROUP name='a'><DisplayName>Plain</DisplayName><Type>Integer</Type></GROUP></GROUP>");
+  EXPECT_EQ("Plain\n", Dump());
+  EXPECT_TRUE(menu_.Descriptors().empty());
+}
+
+TEST_F(MenuModelTest, ALaterPropertyOfTheSameNameTakesItsPlaceInTheTable) {
+  Build(
+      "<GROUP name='R'><GROUP name='a'><DisplayName>X</DisplayName><OID>1</OID></GROUP>"
+      "<GROUP name='b'><DisplayName>X</DisplayName><OID>2</OID></GROUP></GROUP>");
+  EXPECT_EQ(u"2", menu_.OidByName(u"X"));
+  EXPECT_EQ(u"", menu_.OidByName(u"x"));
+}
+
+TEST_F(MenuModelTest, PropertiesThatNameOnePageShareIt) {
+  Build(
+      "<GROUP name='R'><GROUP name='a'><OID>1</OID><CustPage>P</CustPage></GROUP>"
+      "<GROUP name='b'><OID>2</OID><CustPage>P</CustPage></GROUP></GROUP>");
+  ASSERT_NE(nullptr, menu_.FindPage(u"P"));
+  EXPECT_EQ(2u, menu_.FindPage(u"P")->size());
+  EXPECT_EQ(nullptr, menu_.FindPage(u"Q"));
+}
+
+TEST_F(MenuModelTest, EveryDescriptorKnowsItsItem) {
+  Build("<GROUP name='R'><GROUP name='a'><DisplayName>A</DisplayName><OID>1</OID></GROUP></GROUP>");
+  const MenuItem& item = *menu_.Root().Children()[0];
+  EXPECT_EQ(&item, menu_.ItemOf(*menu_.FindDescriptor(u"1")));
+}
+
+TEST_F(MenuModelTest, ARebuildLeavesNoDescriptorBehind) {
+  const int before = values::PropertyDescriptor::LiveCount();
+  const char* xml = "<GROUP name='R'><GROUP name='a'><OID>1</OID></GROUP><GROUP name='b'><OID>1</OID></GROUP></GROUP>";
+  Build(xml);
+  Build(xml);
+  EXPECT_EQ(before + 2, values::PropertyDescriptor::LiveCount());
+  Build("<GROUP name='R'/>");
+  EXPECT_EQ(before, values::PropertyDescriptor::LiveCount());
+  EXPECT_EQ(nullptr, menu_.FindDescriptor(u"1"));
+}
+
+TEST_F(MenuModelTest, OrdinalsOrderTheItems) {
+  Build(
+      "<GROUP name='R'><GROUP name='a'><DisplayName>A</DisplayName><Ordinal>2</Ordinal></GROUP>"
+      "<GROUP name='b'><DisplayName>B</DisplayName><Ordinal>1</Ordinal></GROUP></GROUP>");
+  EXPECT_EQ("B\nA\n", Dump());
+}
+
+TEST_F(MenuModelTest, LevelsBeyondTheDepthAreLeftOut) {
+  Build(
+      "<GROUP name='R'><GROUP name='a'><DisplayName>A</DisplayName><GROUP name='b'><DisplayName>B</DisplayName>"
+      "<GROUP name='c'><DisplayName>C</DisplayName></GROUP></GROUP></GROUP></GROUP>",
+      1);
+  EXPECT_EQ("A\n  B\n", Dump());
+}
+
+TEST_F(MenuModelTest, AChildNameThatLeadsBackToAnOpenMenuIsSkipped) {
+  const char* xml =
+      "<GROUP name='HKEY_R'><DisplayName>Root</DisplayName>"
+      "<GROUP name='a'><DisplayName>A</DisplayName><Descendent>HKEY_R</Descendent></GROUP></GROUP>";
+  auto document = std::make_shared<config::XmlDocument>();
+  ASSERT_TRUE(document->SetDocument(base::FromUtf8(xml)));
+  const auto tree = std::make_shared<const config::PDataStore>(u"HKEY_R", document, std::span<const WideString>(),
+                                                               config::PDataStore::kWholeTree);
+  menu_.BuildTopLevel(tree, u"HKEY_R");
+  ASSERT_TRUE(menu_.Build(tree, u"HKEY_R"));
+  // Below the root "a" names the root itself; and every other way round ends as well.
+  EXPECT_EQ("A\n", Dump());
+  EXPECT_FALSE(terminal_.TakeDebugLines().empty());
+}
+
+TEST_F(MenuModelTest, WithoutARootKeyThereIsNoModel) {
+  EXPECT_FALSE(menu_.Build(tests::TreeOf("<GROUP name='R'/>"), u"Other"));
+  EXPECT_TRUE(menu_.Root().IsLeaf());
+}
+
+TEST_F(MenuModelTest, WithoutADeviceEveryPropertyIsUnavailableAndEachReadSaysSo) {
+  fake_.reachable = false;
+  Build(
+      "<GROUP name='R'><GROUP name='a'><DisplayName>A</DisplayName><OID>1</OID><Type>Integer</Type></GROUP>"
+      "<GROUP name='b'><DisplayName>B</DisplayName><OID>2</OID><Type>Integer</Type></GROUP></GROUP>");
+  EXPECT_EQ("A  <Unavailable>\nB  <Unavailable>\n", Dump());
+  EXPECT_EQ(2u, terminal_.TakeSystemBoxes().size());
+  EXPECT_EQ(2, fake_.connections);
+}
+
+TEST_F(MenuModelTest, TheSuffixFollowsTheValue) {
+  fake_.Put(u"1", u"5");
+  Build("<GROUP name='R'><GROUP name='a'><DisplayName>A</DisplayName><OID>1</OID><Type>Integer</Type></GROUP></GROUP>");
+  MenuItem& item = *menu_.Root().Children()[0];
+  values::PropertyValue value;
+  value.SetInteger(6);
+  item.Descriptor()->SetNewValue(value);
+  menu_.UpdateSuffix(item);
+  EXPECT_EQ(u"A  <6>", item.LineText());
+}
+
+}  // namespace

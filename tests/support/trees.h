@@ -1,0 +1,22 @@
+// Key trees from XML text, for tests of everything above the configuration.
+#pragma once
+
+#include "base/utf8.h"
+#include "config/data_store.h"
+#include "config/xml_document.h"
+
+#include <cstdint>
+#include <memory>
+#include <string_view>
+
+namespace tests {
+
+// The root GROUP of `xml` is named "R".
+inline std::shared_ptr<const config::PDataStore> TreeOf(std::string_view xml,
+                                                        std::uint32_t maxDepth = config::PDataStore::kWholeTree) {
+  auto document = std::make_shared<config::XmlDocument>();
+  if (!document->SetDocument(base::FromUtf8(xml))) return nullptr;
+  return std::make_shared<const config::PDataStore>(u"R", document, std::span<const WideString>(), maxDepth);
+}
+
+}  // namespace tests
