@@ -1,0 +1,109 @@
+#include "model/defaults_walk.h"
+
+#include "base/string_table.h"
+#include "model/set_triple.h"
+#include "values/field_width_list.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <vector>
+
+namespace model {
+namespace {
+
+constexpr WideStringView kIfChanges = u"IfChanges:";
+
+WideString Text(const config::ConfigKey& key, TextId name) { return WideString(key.Value(name)); }
+
+// False: the rules leave the key out.
+bool QueueDefault(const config::ConfigKey& key, WideStringView path, DefaultsHost& host) {
+  WideString value = Text(key, TextId::kDefVal);
+  if (value.empty()) return true;
+  if (!host.IsActive(path)) return false;
+  MergeReaderCommand(key, host, value);
+  const WideString oid = Text(key, TextId::kOid);
+  if (!oid.empty()) host.QueueChange(oid, Text(key, TextId::kType), value);
+  return true;
+}
+
+void QueueExitRule(const config::ConfigKey& key, DefaultsHost& host) {
+  WideStringView rule = key.Value(TextId::kOnExit);
+  if (!rule.starts_with(kIfChanges)) return;
+  // The prefix goes as a set of characters: the command's own first letters go with it where they are among them.
+  rule.remove_prefix(std::min(rule.find_first_not_of(kIfChanges), rule.size()));
+  if (const auto triple = ParseSetTriple(rule)) host.QueueChange(triple->oid, triple->type, triple->value);
+}
+
+WideStringView BeforeBar(WideStringView text) {
+  const std::size_t bar = text.find(u'|');
+  return bar == WideStringView::npos ? WideStringView() : text.substr(0, bar);
+}
+
+WideStringView WithoutLeading(WideStringView text, WideStringView prefix) {
+  while (text.starts_with(prefix)) text.remove_prefix(prefix.size());
+  return text;
+}
+
+}  // namespace
+
+WideStringView ThirdPart(WideStringView dependency) {
+  const WideStringView first = BeforeBar(dependency);
+  const WideString firstAndBar = WideString(first) + u"|";
+  const WideStringView second = BeforeBar(WithoutLeading(dependency, firstAndBar));
+  const WideString bothAndBars = firstAndBar + WideString(second) + u"|";
+  if (!dependency.starts_with(bothAndBars)) return {};
+  const WideStringView third = WithoutLeading(dependency, bothAndBars);
+  return third.substr(0, third.find(u'|'));
+}
+
+void MergeReaderCommand(const config::ConfigKey& key, DefaultsHost& host, WideString& defaultValue) {
+  if (key.Value(u"Type") != LoadText(TextId::kReaderCmd)) return;
+  const WideStringView dependency = key.Value(u"Dependency");
+  if (dependency.empty()) return;
+
+  const WideStringView third = ThirdPart(dependency);
+  const WideString current = host.ReadValue(Text(key, TextId::kOid), Text(key, TextId::kType));
+  const values::FieldWidthList layout(Text(key, TextId::kCmdString));
+  const std::int32_t count = std::min<std::int32_t>(layout.StatedCount(), layout.Count());
+  for (std::int32_t i = 0; i < count; ++i) {
+    const auto kept = layout.Field(third, i);
+    if (layout.Width(i) <= 0 || !kept || layout.Field(current, i) != kept) continue;
+    const auto start = static_cast<std::size_t>(layout.Start(i));
+    if (start >= defaultValue.size()) continue;
+    const std::size_t length = std::min(kept->size(), defaultValue.size() - start);
+    defaultValue.replace(start, length, *kept, 0, length);
+  }
+}
+
+void WalkDefaults(const config::PDataStore& tree, WideStringView path, DefaultsMode mode, DefaultsHost& host) {
+  struct OpenKey {
+    WideString path;
+    const config::ConfigKey* key;
+    std::size_t next = 0;
+  };
+  std::vector<OpenKey> open;
+  const auto visit = [&](WideString keyPath) {
+    const config::ConfigKey* key = tree.Find(keyPath);
+    if (key == nullptr) return;
+    if (mode == DefaultsMode::kExitRules) {
+      QueueExitRule(*key, host);
+    } else if (!QueueDefault(*key, keyPath, host)) {
+      return;
+    }
+    if (!key->Subkeys().empty()) open.push_back({std::move(keyPath), key});
+  };
+
+  visit(WideString(path));
+  while (!open.empty()) {
+    OpenKey& parent = open.back();
+    if (parent.next == parent.key->Subkeys().size()) {
+      open.pop_back();
+      continue;
+    }
+    WideString child = parent.path;
+    child.append(u"\\").append(parent.key->Subkeys()[parent.next++]);
+    visit(std::move(child));
+  }
+}
+
+}  // namespace model

@@ -1,0 +1,155 @@
+#include "rules/apply_changes.h"
+
+#include "base/string_table.h"
+#include "platform/events.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace rules {
+namespace {
+
+constexpr WideStringView kErrorCaption = u"Error";
+
+// What the defaults walk asks and tells, in terms of the model and the pending changes.
+class DefaultsOfModel final : public model::DefaultsHost {
+ public:
+  DefaultsOfModel(const Context& context, Dependencies& dependencies, ChangeQueue& queue)
+      : context_(context), dependencies_(dependencies), queue_(queue) {}
+
+  bool IsActive(WideStringView path) override { return dependencies_.EvaluateDependencies(path); }
+
+  WideString ReadValue(const WideString& oid, const WideString& type) override {
+    const auto* property = context_.model.FindDescriptor(oid);
+    WideString value;
+    context_.device.DoSnmpGet(property == nullptr ? oid : context_.device.FillOid(oid, property->Attributes()), type,
+                              value);
+    return value;
+  }
+
+  void QueueChange(const WideString& oid, const WideString& type, const WideString& value) override {
+    queue_.Add(oid, type, value);
+  }
+
+ private:
+  const Context& context_;
+  Dependencies& dependencies_;
+  ChangeQueue& queue_;
+};
+
+}  // namespace
+
+bool ChangeApplier::ApplyChanges(int& outcome, OpenEdit* edit) {
+  outcome = static_cast<int>(ApplyOutcome::kApplied);
+  if (edit != nullptr && !edit->Commit()) {
+    context_.boxes.Show(LoadText(TextId::kChangeNotSaved), kErrorCaption, values::kErrorBox);
+    return false;
+  }
+  const bool submitted = queue_.Submit(outcome);
+  if (edit != nullptr) {
+    if (!submitted) edit->PutBack();
+    edit->ClearEdited();
+  }
+  context_.edit.firstEdited = nullptr;
+  PulseEvents();
+  return submitted;
+}
+
+void ChangeApplier::PulseEvents() {
+  for (const WideString& name : context_.events.Names()) platform::Event(name, false).Pulse();
+  context_.events.Clear();
+}
+
+void ChangeApplier::ShowApplyResult(int outcome) {
+  struct Row {
+    ApplyOutcome outcome;
+    WideStringView text;
+    int kind;
+  };
+  constexpr int kNoticeBox = values::kStopBox;
+  constexpr WideStringView kApplied = u"Changes applied successfully";
+  const Row rows[] = {
+      {ApplyOutcome::kApplied, kApplied, 0x10001},
+      {ApplyOutcome::kAfterAdapterResume, LoadText(TextId::kEffectAfterAdapterResume), kNoticeBox},
+      {ApplyOutcome::kAfterBoot, LoadText(TextId::kEffectAfterBoot), kNoticeBox},
+      {ApplyOutcome::kMissingSubnetMask, LoadText(TextId::kMissingSubnetMask), kNoticeBox},
+  };
+  const auto* row = std::find_if(std::begin(rows), std::end(rows),
+                                 [&](const Row& known) { return static_cast<int>(known.outcome) == outcome; });
+  const bool known = row != std::end(rows);
+  context_.boxes.Show(known ? row->text : kApplied, u"Apply", known ? row->kind : kNoticeBox);
+}
+
+void ChangeApplier::RestoreAllDefaults() {
+  int outcome = 0;
+  bool restored = false;
+  {
+    const platform::WaitCursor cursor(context_.shell.MainWindow());
+    if (const auto tree = context_.model.Tree()) {
+      DefaultsOfModel host(context_, dependencies_, queue_);
+      model::WalkDefaults(*tree, context_.model.RootPath(), model::DefaultsMode::kRestore, host);
+      model::WalkDefaults(*tree, context_.model.RootPath(), model::DefaultsMode::kExitRules, host);
+    }
+    restored = SubmitDefaults(outcome);
+  }
+  if (!restored) {
+    context_.boxes.Show(LoadText(TextId::kRestoreFailed), kErrorCaption, values::kWarningBox);
+    context_.shell.FocusList();
+  } else if (outcome != static_cast<int>(ApplyOutcome::kNoMessage)) {
+    ShowApplyResult(outcome);
+  }
+}
+
+bool ChangeApplier::SubmitDefaults(int& outcome) {
+  struct Sent {
+    values::PendingChange change;
+    bool wasChanged;
+    bool taken;
+  };
+  // Submitting empties the list and clears the mark of every property whose value the device has taken.
+  std::vector<Sent> all;
+  for (const auto& change : context_.changes) {
+    const bool isLocal = values::IsPseudoOid(change.oid);
+    auto* property = context_.model.FindDescriptor(change.oid);
+    all.push_back({change, property != nullptr && property->IsChanged(), isLocal});
+    if (property != nullptr && !isLocal) property->SetChanged(true);
+  }
+  const bool submitted = ApplyChanges(outcome);
+  for (Sent& sent : all) {
+    const auto* property = context_.model.FindDescriptor(sent.change.oid);
+    sent.taken = property != nullptr && (sent.taken || !property->IsChanged());
+  }
+  for (const Sent& sent : all) {
+    auto* property = context_.model.FindDescriptor(sent.change.oid);
+    if (property == nullptr) continue;
+    if (!sent.taken) {
+      property->SetChanged(sent.wasChanged);
+      continue;
+    }
+    property->SetNewValue(sent.change.value);
+    items_.UpdateLine(*property);
+    items_.RereadFields(sent.change.oid);
+  }
+  return submitted;
+}
+
+bool ChangeApplier::ConfirmLeaving() {
+  constexpr int kSave = 101;
+  constexpr int kDiscard = 102;
+
+  if (queue_.IsEmpty()) return true;
+  switch (context_.boxes.Show({}, {}, values::kExitChoiceBox)) {
+    case kSave: {
+      int outcome = 0;
+      return ApplyChanges(outcome);
+    }
+    case kDiscard: {
+      queue_.Clear();
+      context_.events.Clear();
+      return true;
+    }
+    default: return false;
+  }
+}
+
+}  // namespace rules

@@ -1,0 +1,57 @@
+// Applying edits: to the device, to the programs that wait for the events of what was edited, and in words to the user.
+#pragma once
+
+#include "model/defaults_walk.h"
+#include "rules/change_queue.h"
+#include "rules/dependencies.h"
+
+namespace rules {
+
+// The edit that is open while changes are applied.
+class OpenEdit {
+ public:
+  virtual ~OpenEdit() = default;
+  // False when the value that is being edited cannot be taken. An edit that is committed already answers true.
+  virtual bool Commit() = 0;
+  // The property's line shows again what stood there before the edit.
+  virtual void PutBack() = 0;
+  // Nothing counts as edited any more.
+  virtual void ClearEdited() = 0;
+};
+
+// Codes of an outcome; any other than these is one of plain success.
+enum class ApplyOutcome {
+  kApplied = 0,
+  kAfterAdapterResume = 1,
+  kAfterBoot = 2,
+  kMissingSubnetMask = 3,
+  kNoMessage = 4,  // of a restore
+};
+
+class ChangeApplier {
+ public:
+  ChangeApplier(const Context& context, ChangeQueue& queue, Dependencies& dependencies, ItemOperations& items)
+      : context_(context), queue_(queue), dependencies_(dependencies), items_(items) {}
+
+  // True when the device has taken all pending changes. The events are pulsed in either case. `edit` may be null.
+  bool ApplyChanges(int& outcome, OpenEdit* edit = nullptr);
+
+  void ShowApplyResult(int outcome);
+
+  // Sends every factory value and what the exit rules ask for. The properties then hold what the device has taken.
+  void RestoreAllDefaults();
+
+  // Asks about pending changes before the program is left: false to stay.
+  bool ConfirmLeaving();
+
+ private:
+  void PulseEvents();
+  bool SubmitDefaults(int& outcome);
+
+  Context context_;
+  ChangeQueue& queue_;
+  Dependencies& dependencies_;
+  ItemOperations& items_;
+};
+
+}  // namespace rules

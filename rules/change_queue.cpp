@@ -1,0 +1,26 @@
+#include "rules/change_queue.h"
+
+#include "values/value_types.h"
+
+namespace rules {
+
+void ChangeQueue::Add(const WideString& oid, const WideString& type, const WideString& text) {
+  values::PendingChange change{oid, type, {}, values::KeyKind::kWepKey};
+  values::ParseValueAs(type, text, change.value);
+  if (change.value.IsEmpty()) change.value.SetText(text);  // a type that the program holds no values of
+  if (const auto* property = context_.model.FindDescriptor(oid)) change.kind = values::GetKeyKind(*property);
+  context_.changes.push_back(std::move(change));
+}
+
+bool ChangeQueue::Submit(int& outcome) {
+  const values::SubmitContext submit{context_.device, context_.model.Descriptors(), context_.boxes,
+                                     single_,         context_.shell.MainWindow(),  context_.flashWrite};
+  return values::SnmpSetChanges(context_.changes, outcome, submit) == 0;
+}
+
+bool ChangeQueue::Submit() {
+  int outcome = 0;
+  return Submit(outcome);
+}
+
+}  // namespace rules

@@ -1,0 +1,47 @@
+// The dependency rules of a node: attributes `Dependency`, `Dependency1`, `Dependency2` and so on, which decide how its
+// line is shown and edited.
+#pragma once
+
+#include "rules/item_operations.h"
+#include "rules/operands.h"
+
+namespace rules {
+
+class Dependencies {
+ public:
+  Dependencies(const Context& context, ItemOperations& items, Operands& operands)
+      : context_(context), items_(items), operands_(operands) {}
+
+  // Runs all rules of an item, or only takes the verdict on the key of a path. False: a flag rule hides or blanks it.
+  // A node that the tree does not hold is shown.
+  bool EvaluateDependencies(model::MenuItem& item);
+  bool EvaluateDependencies(WideStringView path);
+
+  // False: the text is no well-formed conditional rule, and nothing was done. `item` may be null.
+  bool EvaluateRule(model::MenuItem* item, WideStringView rule);
+
+  // Does nothing without an item or for an unknown action.
+  void ExecuteRuleAction(model::MenuItem* item, WideStringView action);
+
+ private:
+  enum class Effect { kNothing, kShow, kHide, kBlank, kMark, kUnmark, kLock, kRefresh };
+  struct FlagRow;
+  struct ActionRow;
+  struct Reading {  // what a refresh reads
+    WideString oid;
+    WideString type;
+  };
+
+  bool Evaluate(model::MenuItem* item, const config::ConfigKey& node);
+  bool EvaluateFlagRule(model::MenuItem* item, const config::ConfigKey& node, WideStringView rule);
+  void Apply(Effect effect, model::MenuItem& item, const Reading& reading);
+  void Mark(model::MenuItem& item, char16_t mark);
+  void Refresh(model::MenuItem& item, const Reading& reading);
+  void NarrowChoices(model::MenuItem& item, const config::ConfigKey& node, WideStringView text);
+
+  Context context_;
+  ItemOperations& items_;
+  Operands& operands_;
+};
+
+}  // namespace rules

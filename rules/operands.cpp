@@ -1,0 +1,43 @@
+#include "rules/operands.h"
+
+#include "base/number.h"
+#include "base/string_table.h"
+
+namespace rules {
+
+WideString Operands::ResolveOperand(WideStringView displayName) {
+  const WideString oid = context_.model.OidByName(displayName);
+  return GetOperandValue(oid, context_.model.TypeByOid(oid));
+}
+
+WideString Operands::OidOfName(WideStringView name, const config::ConfigKey* node) {
+  if (base::EqualsIgnoringCase(name, kEmptyName)) return {};
+  if (!base::EqualsIgnoringCase(name, u"this")) return WideString(name);
+  if (node == nullptr) return {};
+  const WideStringView oid = node->Value(TextId::kOid);
+  return WideString(oid.empty() ? node->Value(TextId::kCmdOid) : oid);
+}
+
+WideString Operands::GetOperandValue(WideStringView name, WideStringView type, const config::ConfigKey* node) const {
+  const WideString oid = OidOfName(name, node);
+  if (oid.empty()) return {};
+  if (const auto* property = context_.model.FindDescriptor(oid)) return property->GetValue().AsText();
+
+  const std::size_t colon = oid.find(u':');
+  if (colon != WideString::npos) {
+    const WideStringView whole = oid;
+    if (const auto* command = context_.model.FindDescriptor(whole.substr(0, colon))) {
+      const values::FieldWidthList* layout = command->CommandLayout();
+      const std::int32_t number = base::ToLong(whole.substr(colon + 1));
+      if (layout == nullptr || number < 1) return {};
+      return layout->Field(command->GetValue().AsText(), number - 1).value_or(WideString());
+    }
+  }
+
+  if (values::IsPseudoOid(oid)) return {};
+  WideString value;
+  context_.device.DoSnmpGet(oid, WideString(type), value);
+  return value;
+}
+
+}  // namespace rules

@@ -1,0 +1,30 @@
+// The current values that rules compare, edits that are not yet applied among them.
+#pragma once
+
+#include "rules/context.h"
+#include "rules/rule_condition.h"
+
+namespace rules {
+
+// A name in this form stands for the empty text, in any case.
+inline constexpr WideStringView kEmptyName = u"Empty";
+
+class Operands final : public OperandSource {
+ public:
+  explicit Operands(const Context& context) : context_(context) {}
+
+  // The value of the property with this `DisplayName`.
+  WideString ResolveOperand(WideStringView displayName) override;
+
+  // The value of an OID, of a field ("OID:number") of a command in the model, or of "this", the node itself. What the
+  // model does not hold is read from the device. Empty when nothing is found.
+  WideString GetOperandValue(WideStringView name, WideStringView type, const config::ConfigKey* node = nullptr) const;
+
+  // The OID that an operand's name stands for; empty for none.
+  static WideString OidOfName(WideStringView name, const config::ConfigKey* node);
+
+ private:
+  Context context_;
+};
+
+}  // namespace rules
