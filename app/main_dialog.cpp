@@ -29,11 +29,11 @@ void Answer(const Message& question, bool yes) { *platform::FromParam<int>(quest
 
 }  // namespace
 
-MainDialog::MainDialog(model::MenuItem& rootMenu, ScreenActions& actions, values::MessageBoxes& boxes,
-                       std::function<void(WindowHandle)> onWindow)
-    : rootMenu_(rootMenu), actions_(actions), boxes_(boxes), onWindow_(std::move(onWindow)) {}
+MainDialog::MainDialog(ScreenActions& actions, values::MessageBoxes& boxes, std::function<void(WindowHandle)> onWindow)
+    : actions_(actions), boxes_(boxes), onWindow_(std::move(onWindow)) {}
 
-LResult MainDialog::Run(bool largeLayout) {
+LResult MainDialog::Run(model::MenuItem& rootMenu, bool largeLayout) {
+  rootMenu_ = &rootMenu;
   largeLayout_ = largeLayout;
   return platform::RunDialog(MainTemplate(largeLayout), nullptr, *this);
 }
@@ -47,7 +47,7 @@ LResult MainDialog::Initialise() {
   SetNavigation(TextId::kMenuNavigation);
   SetFonts();
   inlineEditors_.Initialise();
-  if (!list_.Create(window_, rootMenu_, title_, largeLayout_ ? kLargeList : kSmallList)) {
+  if (!list_.Create(window_, *rootMenu_, title_, largeLayout_ ? kLargeList : kSmallList)) {
     boxes_.Show(LoadText(TextId::kConfigurationDataError), u"Initialization Error", values::kMessageBox);
     platform::EndDialog(window_, 0);
     return 1;
@@ -90,7 +90,7 @@ void MainDialog::ShowTextPage(const std::vector<WideString>& lines) {
 void MainDialog::CloseTextPage() { ShowMenuState(); }
 
 void MainDialog::ShowRootMenu() {
-  list_.Show(rootMenu_);
+  list_.Show(*rootMenu_);
   FocusList();
 }
 

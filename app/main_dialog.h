@@ -18,11 +18,10 @@ namespace app {
 
 class MainDialog final : public platform::MessageHandler, public rules::Shell {
  public:
-  MainDialog(model::MenuItem& rootMenu, ScreenActions& actions, values::MessageBoxes& boxes,
-             std::function<void(platform::WindowHandle)> onWindow);
+  MainDialog(ScreenActions& actions, values::MessageBoxes& boxes, std::function<void(platform::WindowHandle)> onWindow);
 
-  // Runs the screen until the user leaves it.
-  platform::LResult Run(bool largeLayout);
+  // Runs the screen over a menu, which stays, until the user leaves it.
+  platform::LResult Run(model::MenuItem& rootMenu, bool largeLayout);
 
   // While an edit runs, a second one is refused. `edit` says whether a value was saved; a note then confirms it.
   void RunEdit(const std::function<bool(platform::WindowHandle owner)>& edit);
@@ -61,10 +60,10 @@ class MainDialog final : public platform::MessageHandler, public rules::Shell {
   std::optional<platform::LResult> OnControlColor(const platform::Message& message) const;
   void Paint() const;
 
-  model::MenuItem& rootMenu_;
   ScreenActions& actions_;
   values::MessageBoxes& boxes_;
   std::function<void(platform::WindowHandle)> onWindow_;
+  model::MenuItem* rootMenu_ = nullptr;
   bool largeLayout_ = false;
   platform::WindowHandle window_ = nullptr;
   platform::WindowHandle title_ = nullptr;

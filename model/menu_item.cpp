@@ -9,6 +9,13 @@ MenuItem::MenuItem(MenuItem* parent, WideString path, WideString displayName, Wi
       title_(std::move(title)),
       text_(title_) {}
 
+void MenuItem::Rename(WideString path, WideString displayName, WideString title) {
+  path_ = std::move(path);
+  displayName_ = std::move(displayName);
+  title_ = std::move(title);
+  SetLineText(title_);
+}
+
 MenuItem::~MenuItem() { RemoveChildren(); }
 
 MenuItem& MenuItem::AddChild(WideString path, WideString displayName, WideString title) {

@@ -21,6 +21,9 @@ class MenuItem final : public values::PropertyLine {
   MenuItem(MenuItem* parent, WideString path, WideString displayName, WideString title);
   ~MenuItem() override;
 
+  // Makes the item that of another key; its children stay.
+  void Rename(WideString path, WideString displayName, WideString title);
+
   // The key behind the item: its full path and its display name as the key has it.
   const WideString& Path() const { return path_; }
   const WideString& DisplayName() const { return displayName_; }

@@ -29,7 +29,8 @@ bool IsCommand(const config::ConfigKey& key) {
 MenuModel::MenuModel(const Environment& environment)
     : environment_(environment), root_(std::make_unique<MenuItem>(nullptr, WideString(), WideString(), WideString())) {}
 
-void MenuModel::Clear() {
+// Leaves nothing of the model there was but the root item, which gets the new root's name. The root key, or null.
+const config::ConfigKey* MenuModel::StartFrom(std::shared_ptr<const config::PDataStore> tree, WideString rootPath) {
   root_->RemoveChildren();
   items_.clear();
   pages_.clear();
@@ -37,6 +38,13 @@ void MenuModel::Clear() {
   oidByName_.clear();
   typeByOid_.clear();
   owned_.clear();
+
+  tree_ = std::move(tree);
+  rootPath_ = std::move(rootPath);
+  const config::ConfigKey* rootKey = FindKey(rootPath_);
+  const WideStringView name = rootKey == nullptr ? WideStringView() : rootKey->Value(TextId::kDisplayName);
+  root_->Rename(rootPath_, WideString(name), environment_.symbols.TextOf(name));
+  return rootKey;
 }
 
 std::vector<WideString> MenuModel::OrderedChildren(const config::ConfigKey& key, WideStringView path) const {
@@ -47,13 +55,8 @@ std::vector<WideString> MenuModel::OrderedChildren(const config::ConfigKey& key,
 }
 
 void MenuModel::BuildTopLevel(std::shared_ptr<const config::PDataStore> tree, WideString rootPath) {
-  Clear();
-  tree_ = std::move(tree);
-  rootPath_ = std::move(rootPath);
-  const config::ConfigKey* rootKey = FindKey(rootPath_);
+  const config::ConfigKey* rootKey = StartFrom(std::move(tree), std::move(rootPath));
   if (rootKey == nullptr) return;
-  const WideStringView rootName = rootKey->Value(TextId::kDisplayName);
-  root_ = std::make_unique<MenuItem>(nullptr, rootPath_, WideString(rootName), environment_.symbols.TextOf(rootName));
   for (const WideString& name : OrderedChildren(*rootKey, rootPath_)) {
     const WideString path = ChildPath(rootPath_, name);
     const config::ConfigKey* key = FindKey(path);
@@ -64,10 +67,7 @@ void MenuModel::BuildTopLevel(std::shared_ptr<const config::PDataStore> tree, Wi
 }
 
 bool MenuModel::Build(std::shared_ptr<const config::PDataStore> tree, WideString rootPath, std::uint32_t maxDepth) {
-  Clear();
-  tree_ = std::move(tree);
-  rootPath_ = std::move(rootPath);
-  if (FindKey(rootPath_) == nullptr) return false;
+  if (StartFrom(std::move(tree), std::move(rootPath)) == nullptr) return false;
 
   // Depth first in menu order, so that a command stands before its fields; on a stack of its own.
   struct OpenMenu {

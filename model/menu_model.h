@@ -70,7 +70,7 @@ class MenuModel {
  private:
   using TextMap = std::unordered_map<WideString, WideString, values::TextHash, std::equal_to<>>;
 
-  void Clear();
+  const config::ConfigKey* StartFrom(std::shared_ptr<const config::PDataStore> tree, WideString rootPath);
   void WaitForDevice() const;
   std::vector<WideString> OrderedChildren(const config::ConfigKey& key, WideStringView path) const;
   void AddItem(MenuItem& parent, const WideString& path, const config::ConfigKey& key);
