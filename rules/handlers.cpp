@@ -6,7 +6,6 @@
 #include "rules/config_store.h"
 #include "rules/program_start.h"
 #include "rules/summary.h"
-#include "rules/warm_boot.h"
 
 #include <algorithm>
 
@@ -137,24 +136,5 @@ void Handlers::ShowSummary(model::MenuItem& item) { context_.shell.ShowTextPage(
 void Handlers::Store(model::MenuItem&) {
   if (StoreConfig(context_)) context_.shell.ShowNote(LoadText(TextId::kSavedNote));
 }
-
-// --- after an edit ---
-
-void Handlers::RunPostEditActions(model::MenuItem& item) {
-  for (const WideString& command : ExitCommands(item)) RunPostEditAction(command, item);
-}
-
-void Handlers::RunPostEditAction(WideStringView command, model::MenuItem& item) {
-  static const Named kActions[] = {
-      {LoadText(TextId::kFlagChanges), &Handlers::MarkChanged},
-      {kVerify, &Handlers::VerifyNetUI},
-      {u"SetKeyIndex", &Handlers::SetKeyIndex},
-      {u"Refresh", &Handlers::Refresh},
-      {u"PromptWarmBoot", &Handlers::AskForWarmBoot},
-  };
-  RunNamed(kActions, command, item);
-}
-
-void Handlers::AskForWarmBoot(model::MenuItem&) { PromptWarmBoot(context_.boxes); }
 
 }  // namespace rules

@@ -1,4 +1,4 @@
-// The commands that a configuration names: on entering and leaving a menu, on selecting a command, after an edit.
+// The commands that a configuration names: on entering and leaving a menu, on selecting a command.
 #pragma once
 
 #include "rules/apply_changes.h"
@@ -21,12 +21,6 @@ class Handlers {
   // `Function` and `AppName` of an item that was selected. False: it has neither.
   bool RunItemCommand(model::MenuItem& item);
 
-  // One of the commands that an item's exit attributes may name, after the item was edited. Any other is ignored.
-  void RunPostEditAction(WideStringView command, model::MenuItem& item);
-
-  // The exit commands of an item that was edited, each as an after-edit command.
-  void RunPostEditActions(model::MenuItem& item);
-
  private:
   using Command = void (Handlers::*)(model::MenuItem& item);
   using CommandWithRest = void (Handlers::*)(model::MenuItem& item, WideStringView rest);
@@ -46,19 +40,15 @@ class Handlers {
 
   void VerifyNetUI(model::MenuItem&) { wireless_.VerifyNetUI(); }
   void CheckWEPKey(model::MenuItem&) { wireless_.CheckWEPKey(); }
-  void SetKeyIndex(model::MenuItem&) { wireless_.SetKeyIndex(); }
-  void Refresh(model::MenuItem& item) { wireless_.RefreshEditedItem(item); }
   void ApplyNetworkSettings(model::MenuItem& item) { wireless_.ApplyNetworkSettings(&item); }
   void ImportCertificates(model::MenuItem& item) { wireless_.ImportCertificates(item); }
   void WepProperties(model::MenuItem& item) { wireless_.WEP_Properties(item); }
-  void MarkChanged(model::MenuItem& item) { item.changed = true; }
   void CarryChangesUp(model::MenuItem& menu);
   void Rebind(model::MenuItem& menu, WideStringView rest);
   void IfChanges(model::MenuItem& menu, WideStringView rest);
   void RestoreDefaults(model::MenuItem& item);
   void ShowSummary(model::MenuItem& item);
   void Store(model::MenuItem& item);
-  void AskForWarmBoot(model::MenuItem& item);
   void NoteNetworkSettings(WideStringView oid);
 
   Context context_;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "rules/handlers.h"
+#include "rules/post_edit.h"
 
 namespace rules {
 
@@ -14,7 +15,8 @@ struct Rules {
         dependencies(context, items, operands),
         wireless(context, singleValues, items, operands, queue),
         applier(context, queue, dependencies, items),
-        handlers(context, singleValues, queue, wireless, applier) {}
+        handlers(context, singleValues, queue, wireless, applier),
+        postEdit(context, wireless) {}
   Rules(const Rules&) = delete;
   Rules& operator=(const Rules&) = delete;
 
@@ -26,6 +28,7 @@ struct Rules {
   Wireless wireless;
   ChangeApplier applier;
   Handlers handlers;
+  PostEdit postEdit;
 };
 
 }  // namespace rules
