@@ -86,7 +86,7 @@ class TestTerminal final : private platform::host::Observer, private platform::h
       if (platform::host::KindOf(child) == platform::host::WindowKind::kStatic) text += platform::TextOf(child);
     }
     systemBoxes_.push_back(text);
-    return platform::host::KeyStroke{platform::key::kReturn, u'\r', false, false};
+    return platform::host::KeyStroke{platform::key::kEnter, u'\r', false, false};
   }
   void Wake() override {}
   void Pause(std::chrono::milliseconds) override {}
