@@ -4,7 +4,6 @@
 #include "base/string_table.h"
 #include "config/config_source.h"
 #include "rules/program_start.h"
-#include "ui/edit_dialog.h"
 #include "ui/ip_address_control.h"
 #include "ui/private_messages.h"
 
@@ -87,7 +86,7 @@ bool CKelConfigApp::MayLeave(model::MenuItem& menu) {
 }
 
 void CKelConfigApp::Activate(model::MenuItem& leaf) {
-  if (rules_.handlers.RunItemCommand(leaf) == 0) EditProperty(leaf);
+  if (!rules_.handlers.RunItemCommand(leaf)) EditProperty(leaf);
 }
 
 void CKelConfigApp::EditProperty(model::MenuItem& item) {

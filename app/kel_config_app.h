@@ -7,7 +7,8 @@
 #include "app/screen_actions.h"
 #include "model/menu_model.h"
 #include "platform/events.h"
-#include "rules/context.h"
+#include "rules/rules.h"
+#include "ui/edit_dialog.h"
 #include "values/device_access.h"
 #include "values/pending_changes.h"
 #include "values/property_line_text.h"
@@ -18,7 +19,7 @@
 
 namespace app {
 
-class CKelConfigApp final : public ScreenActions {
+class CKelConfigApp final : private ScreenActions, private ui::EditActions {
  public:
   CKelConfigApp();
   ~CKelConfigApp() override;
@@ -27,7 +28,7 @@ class CKelConfigApp final : public ScreenActions {
   // nothing to show; the user has then been told.
   platform::LResult Run(WideStringView commandLine);
 
-  // ScreenActions
+ private:
   void BringModelUpToDate() override;
   void StartTreeRebuild() override;
   bool MayEnter(model::MenuItem& item) override;
@@ -40,10 +41,11 @@ class CKelConfigApp final : public ScreenActions {
   void InlineTextChanged(model::MenuItem& item, WideStringView text, bool isChoice) override;
   void InlineCheckChanged(model::MenuItem& item, bool checked) override;
 
- private:
+  bool ApplyChanges() override;
+  void RunPostEditAction(WideStringView command, model::MenuItem& item) override;
+
   bool LoadConfiguration(WideStringView commandLine);
   void EditProperty(model::MenuItem& item);
-  bool LeaveWithPendingChanges();
 
   MessageBox boxes_;
   values::SymbolTable symbols_;
@@ -56,7 +58,10 @@ class CKelConfigApp final : public ScreenActions {
   platform::Event deviceGate_;
   model::MenuModel model_;
   MainDialog mainDialog_;
-  bool toggle_ = false;
+  values::ValueCommitter committer_;
+  ui::EditorTable editors_;
+  ui::InsertFlag insertFlag_;
+  rules::Rules rules_;
   std::optional<platform::Thread> worker_;  // last: it ends before what it works on goes
 };
 
