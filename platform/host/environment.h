@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/wide_string.h"
+#include "platform/controls.h"
 #include "platform/device.h"
 #include "platform/host/display.h"
 
@@ -9,6 +10,7 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -39,12 +41,20 @@ struct Environment {
   // Titles of other programs' top-level windows, topmost first, and how to bring one forward.
   std::vector<WideString> otherWindows;
   std::function<void(std::size_t index)> bringOtherForward;
+  std::optional<SystemTime> localTime;  // nothing: the machine's clock
+  std::string hostName;                 // empty: the machine's
+  std::string hostAddress;              // of `hostName`, dotted
 };
 
 // The environment in force. Exactly one is installed at a time, before the program runs.
 Environment& CurrentEnvironment();
 
-// Installs an environment while it lives. Windows, classes, events and key states start afresh with it.
+// Whether the program has restarted the device. From then on every modal loop ends, new ones return 0 at once and
+// nothing more is read from the display, so that the program comes to its end; it starts again in a new environment.
+bool IsWarmReset();
+
+// Installs an environment while it lives. Windows, classes, events and key states start afresh with it. The program's
+// threads have ended before it goes.
 class InstalledEnvironment {
  public:
   explicit InstalledEnvironment(Environment environment);
