@@ -77,7 +77,7 @@ TEST_F(MenuModelTest, AKeyWithACommandOidAloneIsAPropertyUnderThat) {
   fake_.Put(u"7.7", u"0312");
   Build(
       "<GROUP name='R'>"
-      "<GROUP name='cmd'><DisplayName>Cmd</DisplayName><OID>7.7</OID><Type>ReaderCmd</Type>"
+      "<GROUP name='cmd'><DisplayName>Cmd</DisplayName><Ordinal>1</Ordinal><OID>7.7</OID><Type>ReaderCmd</Type>"
       "<CmdString>2,2,2</CmdString></GROUP>"
       "<GROUP name='f'><DisplayName>Field</DisplayName><CmdOID>7.7:2</CmdOID><Ordinal>2</Ordinal>"
       "<Type>Integer</Type></GROUP></GROUP>");
