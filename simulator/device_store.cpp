@@ -1,0 +1,207 @@
+#include "simulator/device_store.h"
+
+#include "base/utf8.h"
+#include "simulator/columns.h"
+#include "simulator/text_file.h"
+
+#include <algorithm>
+#include <charconv>
+#include <fstream>
+#include <system_error>
+#include <unordered_set>
+#include <utility>
+
+namespace simulator {
+namespace {
+
+constexpr int kMaxDelayMs = 60'000;
+// The file is put in order when it holds this many more lines than values, so that it cannot grow without bound and
+// each Set still costs one line.
+constexpr std::size_t kMaxSuperseded = 4096;
+
+template <typename Number>
+bool ParseNumber(std::string_view digits, int radix, Number& number) {
+  const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number, radix);
+  return error == std::errc() && end == digits.data() + digits.size();
+}
+
+bool ParseResultCode(std::string_view text, std::optional<platform::ResultCode>& code) {
+  std::uint32_t number = 0;
+  if (!text.starts_with("0x") || !ParseNumber(text.substr(2), 16, number)) return false;
+  code = static_cast<platform::ResultCode>(number);
+  return true;
+}
+
+bool ParseOption(std::string_view option, DeviceOptions& options) {
+  if (option == "readonly") return options.readOnly = true;
+  if (option == "null") return options.null = true;
+  const std::size_t equals = option.find('=');
+  if (equals == std::string_view::npos) return false;
+  const std::string_view name = option.substr(0, equals);
+  const std::string_view text = option.substr(equals + 1);
+  if (name == "get") return ParseResultCode(text, options.get);
+  if (name == "set") return ParseResultCode(text, options.set);
+  return name == "delay" && ParseNumber(text, 10, options.delayMs) && options.delayMs >= 0 &&
+         options.delayMs <= kMaxDelayMs;
+}
+
+bool ParseOptions(std::string_view text, DeviceOptions& options) {
+  while (!text.empty()) {
+    const std::size_t end = std::min(text.find(','), text.size());
+    if (!ParseOption(text.substr(0, end), options)) return false;
+    if (end + 1 == text.size()) return false;
+    text.remove_prefix(std::min(end + 1, text.size()));
+  }
+  return true;
+}
+
+}  // namespace
+
+std::optional<DeviceLine> ParseDeviceLine(std::string_view line, std::string& problem) {
+  const auto columns = SplitColumns(line);
+  if (!columns) {
+    problem = "a backslash must begin \\t, \\n, \\\\ or \\uXXXX";
+    return std::nullopt;
+  }
+  if (columns->size() < 3 || columns->size() > 4 || columns->front().empty()) {
+    problem = "a line is OID, type, value and options, separated by tabs";
+    return std::nullopt;
+  }
+  DeviceLine result{(*columns)[0], (*columns)[1], (*columns)[2], columns->size() > 3 ? (*columns)[3] : u"", {}};
+  if (!ParseOptions(base::ToUtf8(result.optionsText), result.options)) {
+    problem = "the options are readonly, null, get=0xHHHHHHHH, set=0xHHHHHHHH and delay=MS, separated by commas";
+    return std::nullopt;
+  }
+  return result;
+}
+
+std::string FormatDeviceLine(const DeviceLine& line) {
+  std::vector<WideString> columns = {line.oid, line.type, line.value};
+  if (!line.optionsText.empty()) columns.push_back(line.optionsText);
+  return JoinColumns(columns);
+}
+
+DeviceStore::DeviceStore(std::filesystem::path file, Wait wait) : file_(std::move(file)), wait_(std::move(wait)) {}
+
+DeviceStore::Opened DeviceStore::Open(const std::filesystem::path& file, Wait wait) {
+  auto store = std::make_unique<DeviceStore>(file, std::move(wait));
+  std::string problem = store->Read();
+  if (!problem.empty()) return {nullptr, std::move(problem)};
+  return {std::move(store), {}};
+}
+
+DeviceStore::~DeviceStore() {
+  if (superseded_ > 0) Compact();
+}
+
+void DeviceStore::ShareFile() {
+  const std::lock_guard lock(mutex_);
+  shared_ = true;
+}
+
+std::string DeviceStore::Read() {
+  std::error_code error;
+  if (!std::filesystem::exists(file_, error) && !error) return {};
+  const auto bytes = ReadTextFile(file_);
+  if (!bytes) return file_.string() + ": cannot be read";
+  sizeOnDisk_ = bytes->size();
+  std::string problem;
+  ForEachLine(*bytes, [&](std::size_t number, std::string_view text) {
+    if (IsComment(text)) return true;
+    auto line = ParseDeviceLine(text, problem);
+    if (!line) {
+      problem = file_.string() + ":" + std::to_string(number) + ": " + problem;
+      return false;
+    }
+    WideString oid = line->oid;
+    superseded_ += lines_.insert_or_assign(std::move(oid), std::move(*line)).second ? 0 : 1;
+    return true;
+  });
+  return problem;
+}
+
+platform::ResultCode DeviceStore::Get(const WideString& oid, std::optional<WideString>& value) {
+  const std::lock_guard lock(mutex_);
+  value.reset();
+  const auto found = lines_.find(oid);
+  if (found == lines_.end()) return platform::kFailed;
+  const DeviceLine& line = found->second;
+  Pass(line.options.delayMs);
+  const platform::ResultCode code = line.options.get.value_or(platform::kOk);
+  if (code >= 0 && !line.options.null) value = line.value;
+  return code;
+}
+
+platform::ResultCode DeviceStore::Set(const WideString& oid, const WideString& value) {
+  const std::lock_guard lock(mutex_);
+  const auto found = lines_.find(oid);
+  if (found == lines_.end()) return platform::kFailed;
+  const DeviceOptions& options = found->second.options;
+  Pass(options.delayMs);
+  if (options.readOnly) return platform::kAccessDenied;
+  const platform::ResultCode code = options.set.value_or(platform::kOk);
+  if (code < 0) return code;
+  DeviceLine changed = found->second;
+  changed.value = value;
+  if (!Append(changed)) return platform::kFailed;
+  found->second = std::move(changed);
+  if (superseded_ > kMaxSuperseded + lines_.size()) Compact();
+  return code;
+}
+
+// The new line is appended as a comment, its first character hidden by a "#". Putting that one character in its place
+// makes the line count: at no moment does a part of it.
+bool DeviceStore::Append(const DeviceLine& line) {
+  std::fstream output(file_, std::ios::in | std::ios::out | std::ios::binary);
+  output.seekg(0, std::ios::end);
+  const std::streamoff oldSize = output.tellg();
+  if (!output || oldSize < 0) return false;
+  char last = '\n';
+  if (oldSize > 0) {
+    output.seekg(-1, std::ios::end);
+    output.get(last);
+  }
+  const std::string text = FormatDeviceLine(line) + "\n";
+  const std::streamoff start = oldSize + (last == '\n' ? 0 : 1);
+  output.seekp(0, std::ios::end);
+  if (last != '\n') output.put('\n');
+  output.put('#').write(text.data() + 1, static_cast<std::streamsize>(text.size() - 1)).flush();
+  if (output) output.seekp(start).put(text.front()).flush();
+  const bool written = output.good();
+  output.close();
+  if (!written) {
+    std::error_code error;
+    std::filesystem::resize_file(file_, static_cast<std::uintmax_t>(oldSize), error);
+    return false;
+  }
+  ++superseded_;
+  sizeOnDisk_ += static_cast<std::uintmax_t>(start - oldSize) + text.size();
+  return true;
+}
+
+// Failing is no harm: the file stays as it is.
+void DeviceStore::Compact() {
+  superseded_ = 0;
+  if (shared_) return;
+  const auto bytes = ReadTextFile(file_);
+  if (!bytes || bytes->size() != sizeOnDisk_) return;
+  std::string tidy;
+  std::unordered_set<WideString> written;
+  ForEachLine(*bytes, [&](std::size_t, std::string_view text) {
+    std::string ignored;
+    const auto line = IsComment(text) ? std::nullopt : ParseDeviceLine(text, ignored);
+    if (!line) {
+      tidy.append(text).push_back('\n');
+    } else if (const auto current = lines_.find(line->oid); written.insert(line->oid).second) {
+      tidy.append(FormatDeviceLine(current != lines_.end() ? current->second : *line)).push_back('\n');
+    }
+    return true;
+  });
+  if (ReplaceTextFile(file_, tidy)) sizeOnDisk_ = tidy.size();
+}
+
+void DeviceStore::Pass(int delayMs) const {
+  if (delayMs > 0 && wait_) wait_(delayMs);
+}
+
+}  // namespace simulator

@@ -1,0 +1,80 @@
+// The simulated device's values, kept in device.txt: one a line, OID, type, value and options in columns.
+#pragma once
+
+#include "platform/device.h"
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <unordered_map>
+
+namespace simulator {
+
+// Options of a line, separated by commas.
+struct DeviceOptions {
+  bool readOnly = false;                    // readonly: Set fails with kAccessDenied
+  std::optional<platform::ResultCode> get;  // get=0xHHHHHHHH: the result of Get
+  std::optional<platform::ResultCode> set;  // set=0xHHHHHHHH: the result of Set
+  bool null = false;                        // null: Get gives no text
+  int delayMs = 0;                          // delay=MS: both take that long
+};
+
+struct DeviceLine {
+  WideString oid;
+  WideString type;
+  WideString value;
+  WideString optionsText;
+  DeviceOptions options;
+};
+
+// Nothing, and `problem` says why, when the line is no value.
+std::optional<DeviceLine> ParseDeviceLine(std::string_view line, std::string& problem);
+std::string FormatDeviceLine(const DeviceLine& line);
+
+class DeviceStore {
+ public:
+  // Lets the time of a delay= pass.
+  using Wait = std::function<void(int milliseconds)>;
+
+  struct Opened {
+    std::unique_ptr<DeviceStore> store;  // null when the file cannot be read or has a broken line
+    std::string problem;                 // then: one line that names the file
+  };
+  // A missing file is a device without values.
+  static Opened Open(const std::filesystem::path& file, Wait wait = {});
+
+  // A device without values; Open() makes one that has them.
+  DeviceStore(std::filesystem::path file, Wait wait);
+  // Puts the file in order: one line for each OID.
+  ~DeviceStore();
+  DeviceStore(const DeviceStore&) = delete;
+  DeviceStore& operator=(const DeviceStore&) = delete;
+
+  // Another process uses the file as well: from now on it is only added to.
+  void ShareFile();
+
+  platform::ResultCode Get(const WideString& oid, std::optional<WideString>& value);
+
+  // Returns when the value is on disk; on any failure nothing has changed. Whenever the process is killed, the file
+  // holds the state before this call or after it.
+  platform::ResultCode Set(const WideString& oid, const WideString& value);
+
+ private:
+  std::string Read();
+  bool Append(const DeviceLine& line);
+  void Compact();
+  void Pass(int delayMs) const;
+
+  const std::filesystem::path file_;
+  const Wait wait_;
+  std::mutex mutex_;
+  std::unordered_map<WideString, DeviceLine> lines_;
+  std::size_t superseded_ = 0;     // lines of the file that a later one replaces
+  std::uintmax_t sizeOnDisk_ = 0;  // as this object left it; another size: somebody else wrote
+  bool shared_ = false;
+};
+
+}  // namespace simulator

@@ -1,0 +1,110 @@
+// kelterm: the utility inside a simulated terminal.
+#include "app/entry.h"
+#include "simulator/demonstration.h"
+#include "simulator/instance_lock.h"
+#include "simulator/options.h"
+#include "simulator/script.h"
+#include "simulator/script_display.h"
+#include "simulator/storage.h"
+#include "simulator/terminal.h"
+#include "simulator/text_display.h"
+#include "simulator/text_file.h"
+
+#include <clocale>
+#include <cstdio>
+#include <iostream>
+#include <iterator>
+
+namespace simulator {
+namespace {
+
+enum Status { kRan = 0, kScriptFailed = 1, kUnusable = 2 };
+
+int Complain(Status status, const std::string& problem) {
+  std::cerr << "kelterm: " << problem << "\n";
+  return status;
+}
+
+// The demonstration terminal's folder, put in place; empty when `problem` says why not.
+std::filesystem::path Demonstration(bool reset, std::string& problem) {
+  const auto root = DemonstrationRoot();
+  if (root.empty()) {
+    problem = "neither XDG_STATE_HOME nor HOME is set; name a storage by --root";
+    return {};
+  }
+  problem = ProvideDemonstration(DemonstrationOriginal(), root);
+  if (!problem.empty() || !reset) return root;
+  const InstanceLock lock(root);
+  problem = lock.Other() != 0 ? "the demonstration terminal is running; leave it before --reset" : lock.Problem();
+  if (problem.empty()) problem = ResetDemonstration(DemonstrationOriginal(), root);
+  return root;
+}
+
+std::optional<std::string> ReadScript(const std::string& name) {
+  if (name.empty()) return std::string();
+  if (name != "-") return ReadTextFile(name);
+  return std::string(std::istreambuf_iterator<char>(std::cin), std::istreambuf_iterator<char>());
+}
+
+int Run(const Options& options) {
+  std::string problem;
+  const auto scriptText = ReadScript(options.script);
+  if (!scriptText) return Complain(kUnusable, options.script + ": cannot be read");
+  const std::string scriptName = options.script == "-" ? "standard input" : options.script;
+  Script script = ParseScript(*scriptText);
+  if (script.brokenLine != 0) {
+    return Complain(kUnusable, scriptName + ":" + std::to_string(script.brokenLine) + ": " + script.problem);
+  }
+
+  const auto root = options.root.empty() ? Demonstration(options.reset, problem) : options.root;
+  if (!problem.empty()) return Complain(kUnusable, problem);
+
+  const bool scripted = !options.script.empty() || options.display == Options::DisplayKind::kNone;
+  InstanceLock instance(root);
+  if (!instance.Problem().empty()) return Complain(kUnusable, instance.Problem());
+  platform::host::Display* display = nullptr;
+  const auto wait = [&display](int milliseconds) { display->Pause(std::chrono::milliseconds(milliseconds)); };
+  Storage storage;
+  problem = OpenStorage(root, wait, storage);
+  if (!problem.empty()) return Complain(kUnusable, problem);
+  if (instance.Other() != 0) storage.device->ShareFile();
+  LineLog effects(scripted);
+  DebugLog debug(scripted);
+  if (!options.log.empty() && !debug.WriteTo(options.log)) {
+    return Complain(kUnusable, options.log + ": cannot be written");
+  }
+
+  TextDisplay text(options.screenWidthPx, options.screenHeightPx);
+  ScriptDisplay player(std::move(script), scriptName, effects, debug,
+                       [](const std::string& printed) { std::cout << printed << std::flush; });
+  display = scripted ? static_cast<platform::host::Display*>(&player) : &text;
+  if (!scripted) problem = text.Start();
+  if (!problem.empty()) return Complain(kUnusable, problem);
+
+  Terminal terminal({storage, instance, effects, debug, *display}, options.screenWidthPx, options.screenHeightPx,
+                    app::RunUtility);
+  terminal.Run(options.commandLine);
+  player.PlayRest();
+  return player.Player().Failure().empty() ? kRan : Complain(kScriptFailed, player.Player().Failure());
+}
+
+int Main(int count, char** arguments) {
+  std::setlocale(LC_ALL, "");
+  std::string problem;
+  const auto options = ParseOptions(count, arguments, problem);
+  if (!options) return Complain(kUnusable, problem);
+  if (options->version) {
+    std::puts("KelLocalCfg Version 1.0");
+    return kRan;
+  }
+  if (options->help) {
+    std::fputs(kUsage, stdout);
+    return kRan;
+  }
+  return Run(*options);
+}
+
+}  // namespace
+}  // namespace simulator
+
+int main(int count, char** arguments) { return simulator::Main(count, arguments); }

@@ -1,0 +1,33 @@
+// The command line of kelterm.
+#pragma once
+
+#include "base/wide_string.h"
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace simulator {
+
+struct Options {
+  enum class DisplayKind { kText, kNone };
+
+  std::filesystem::path root;  // empty: the demonstration terminal
+  int screenWidthPx = 240;
+  int screenHeightPx = 320;
+  DisplayKind display = DisplayKind::kText;
+  std::string script;  // empty: none; "-": standard input
+  std::string log;     // empty: none
+  bool reset = false;
+  bool version = false;
+  bool help = false;
+  WideString commandLine;  // of the utility
+};
+
+// Nothing, and one line in `problem`, when the arguments cannot be used.
+std::optional<Options> ParseOptions(int count, char* const* arguments, std::string& problem);
+
+// What --help prints.
+extern const char* const kUsage;
+
+}  // namespace simulator

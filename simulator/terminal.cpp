@@ -1,0 +1,88 @@
+#include "simulator/terminal.h"
+
+#include "platform/host/desktop.h"
+#include "simulator/simulated_device.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace simulator {
+namespace {
+
+using platform::host::KeyStroke;
+
+// Lets other terminals on the storage know the windows that the user sees now.
+class PublishingDisplay : public platform::host::Display {
+ public:
+  PublishingDisplay(platform::host::Display& display, InstanceLock& instance)
+      : display_(display), instance_(instance) {}
+
+  std::optional<KeyStroke> NextKey() override {
+    instance_.Publish(VisibleTitles());
+    return display_.NextKey();
+  }
+  void Wake() override { display_.Wake(); }
+  void Pause(std::chrono::milliseconds duration) override { display_.Pause(duration); }
+  void Beep() override { display_.Beep(); }
+  void ComeForward() override { display_.ComeForward(); }
+
+ private:
+  platform::host::Display& display_;
+  InstanceLock& instance_;
+};
+
+}  // namespace
+
+Terminal::Terminal(Parts parts, int screenWidthPx, int screenHeightPx, Program program)
+    : parts_(parts), screenWidthPx_(screenWidthPx), screenHeightPx_(screenHeightPx), program_(std::move(program)) {}
+
+int Terminal::Run(WideStringView commandLine) {
+  int status = 0;
+  PublishingDisplay display(parts_.display, parts_.instance);
+  do {
+    resetting_ = false;
+    const platform::host::InstalledEnvironment environment(MakeEnvironment(display));
+    status = program_(commandLine);
+    if (!resetting_) parts_.effects.Add(ExitLine(status));
+  } while (resetting_);
+  return status;
+}
+
+platform::host::Environment Terminal::MakeEnvironment(platform::host::Display& display) {
+  platform::host::Environment environment;
+  environment.root = parts_.storage.root;
+  environment.registry = parts_.storage.registry;
+  environment.connectDevice = [this] { return MakeSimulatedDevice(*parts_.storage.device, parts_.effects); };
+  environment.tableValue = [this](const WideString& progId, const WideString& table, const WideString& key) {
+    return AnswerTableValue(parts_.storage.tables, parts_.effects, progId, table, key);
+  };
+  environment.observer = this;
+  environment.display = &display;
+  environment.screenWidthPx = screenWidthPx_;
+  environment.screenHeightPx = screenHeightPx_;
+  environment.otherWindows = parts_.instance.OtherTitles();
+  environment.bringOtherForward = [this](std::size_t) { parts_.instance.BringOtherForward(); };
+  return environment;
+}
+
+void Terminal::Pulsed(WideStringView eventName) { parts_.effects.Add(PulseLine(eventName)); }
+
+void Terminal::Started(WideStringView program, WideStringView arguments, std::uint32_t result) {
+  parts_.effects.Add(StartLine(program, arguments, result));
+}
+
+void Terminal::WarmReset() {
+  resetting_ = true;
+  parts_.effects.Add(WarmResetLine());
+}
+
+std::vector<WideString> VisibleTitles() {
+  std::vector<WideString> titles;
+  for (const platform::WindowHandle window : platform::host::TopLevelFromBottom()) {
+    if (platform::IsVisible(window)) titles.push_back(platform::TextOf(window));
+  }
+  std::reverse(titles.begin(), titles.end());
+  return titles;
+}
+
+}  // namespace simulator

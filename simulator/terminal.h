@@ -1,0 +1,49 @@
+// The simulated terminal: runs the program over a storage and a display, and starts it again after a warm reset.
+#pragma once
+
+#include "platform/host/environment.h"
+#include "simulator/debug_log.h"
+#include "simulator/effects.h"
+#include "simulator/instance_lock.h"
+#include "simulator/storage.h"
+
+#include <functional>
+
+namespace simulator {
+
+class Terminal : private platform::host::Observer {
+ public:
+  struct Parts {
+    Storage& storage;
+    InstanceLock& instance;
+    LineLog& effects;
+    DebugLog& debug;
+    platform::host::Display& display;
+  };
+  // The program: takes its command line, runs to its end, answers its status.
+  using Program = std::function<int(WideStringView commandLine)>;
+
+  Terminal(Parts parts, int screenWidthPx, int screenHeightPx, Program program);
+
+  // Returns the status of the run that was not ended by a warm reset.
+  int Run(WideStringView commandLine);
+
+ private:
+  platform::host::Environment MakeEnvironment(platform::host::Display& display);
+
+  void Debug(WideStringView line) override { parts_.debug.Add(line); }
+  void Pulsed(WideStringView eventName) override;
+  void Started(WideStringView program, WideStringView arguments, std::uint32_t result) override;
+  void WarmReset() override;
+
+  Parts parts_;
+  int screenWidthPx_;
+  int screenHeightPx_;
+  Program program_;
+  bool resetting_ = false;
+};
+
+// The titles of the program's visible windows, the topmost first.
+std::vector<WideString> VisibleTitles();
+
+}  // namespace simulator

@@ -1,0 +1,52 @@
+#include "simulator/text_file.h"
+
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <system_error>
+
+namespace simulator {
+
+std::optional<std::string> ReadTextFile(const std::filesystem::path& file) {
+  std::error_code error;
+  // Only a plain file: a folder reads as an empty one, and a pipe might never end.
+  if (!std::filesystem::is_regular_file(file, error)) return std::nullopt;
+  std::ifstream input(file, std::ios::binary);
+  if (!input) return std::nullopt;
+  std::string bytes{std::istreambuf_iterator<char>(input), std::istreambuf_iterator<char>()};
+  if (input.bad()) return std::nullopt;
+  return bytes;
+}
+
+bool ReplaceTextFile(const std::filesystem::path& file, std::string_view bytes) {
+  std::filesystem::path fresh = file;
+  fresh += ".new";
+  std::error_code error;
+  {
+    std::ofstream output(fresh, std::ios::binary | std::ios::trunc);
+    output.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    output.close();
+    if (output.fail()) {
+      std::filesystem::remove(fresh, error);
+      return false;
+    }
+  }
+  std::filesystem::rename(fresh, file, error);
+  if (!error) return true;
+  std::filesystem::remove(fresh, error);
+  return false;
+}
+
+bool ForEachLine(std::string_view bytes, const std::function<bool(std::size_t number, std::string_view line)>& visit) {
+  if (bytes.starts_with("\xEF\xBB\xBF")) bytes.remove_prefix(3);
+  for (std::size_t number = 1; !bytes.empty(); ++number) {
+    const std::size_t end = std::min(bytes.find('\n'), bytes.size());
+    std::string_view line = bytes.substr(0, end);
+    bytes.remove_prefix(std::min(end + 1, bytes.size()));
+    if (line.ends_with('\r')) line.remove_suffix(1);
+    if (!visit(number, line)) return false;
+  }
+  return true;
+}
+
+}  // namespace simulator
