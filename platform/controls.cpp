@@ -109,6 +109,9 @@ int EditField::LineCount() const { return static_cast<int>(Send(Handle(), messag
 int EditField::FirstVisibleLine() const { return static_cast<int>(Send(Handle(), message::kEditGetFirstVisibleLine)); }
 
 void EditField::ScrollLines(int lines) const { Send(Handle(), message::kEditLineScroll, 0, lines); }
+void EditField::ScrollPage(bool down) const {
+  Send(Handle(), message::kEditScroll, down ? kScrollPageDown : kScrollPageUp);
+}
 
 bool Button::IsChecked() const { return Send(Handle(), message::kButtonGetCheck) != 0; }
 

@@ -109,6 +109,7 @@ class EditField : public EditBehaviour {
         if (!IsMultiLine(window)) return 0;
         ScrollTo(window, firstLine_ + static_cast<int>(std::clamp<LParam>(message.lParam, -1000000, 1000000)));
         return 1;
+      case message::kEditScroll: return OnScroll(window, message.wParam);
       case kClear: DeleteSelection(window); return 0;
       case message::kPaste: return 0;  // the terminal has no clipboard
       default: return std::nullopt;
@@ -148,6 +149,13 @@ class EditField : public EditBehaviour {
     const int last = static_cast<int>(Lines(window).size()) - LinesPerPage(window);
     firstLine_ = std::clamp(line, 0, std::max(0, last));
     window.needsPaint = true;
+  }
+
+  LResult OnScroll(WindowRecord& window, WParam direction) {
+    if (!IsMultiLine(window)) return 0;
+    const int page = LinesPerPage(window);
+    ScrollTo(window, firstLine_ + (direction == kScrollPageDown ? page : direction == kScrollPageUp ? -page : 0));
+    return 1;
   }
 
   void ShowCaret(WindowRecord& window) {
