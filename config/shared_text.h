@@ -4,6 +4,7 @@
 #include "base/wide_string.h"
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -11,14 +12,22 @@ namespace config {
 
 class SharedText {
  public:
-  SharedText() = default;                    // the empty text
+  // So many units behind the text can be read too; they are 0.
+  static constexpr std::size_t kPadding = 64;
+
+  SharedText() : SharedText(WideStringView()) {}
   explicit SharedText(WideStringView text);  // a copy
-  SharedText(std::shared_ptr<const char16_t[]> units, std::size_t length);
+  // From bytes of UTF-8, whatever they are: `read` asks once for the place of so many bytes and puts them there.
+  // Nothing when it answers false.
+  using Place = std::function<char*(std::size_t size)>;
+  static std::optional<SharedText> FromUtf8(const std::function<bool(const Place& place)>& read);
 
   // Valid as long as any copy of this object is.
   WideStringView View() const { return {units_.get(), length_}; }
 
  private:
+  SharedText(std::shared_ptr<const char16_t[]> units, std::size_t length);
+
   std::shared_ptr<const char16_t[]> units_;
   std::size_t length_ = 0;
 };

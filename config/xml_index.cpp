@@ -4,6 +4,7 @@
 #include "config/xml_scan.h"
 #include "config/xml_tokens.h"
 
+#include <bit>
 #include <utility>
 
 namespace config {
@@ -14,7 +15,15 @@ constexpr struct {
   char16_t unit;
 } kReferences[] = {{u"&lt;", u'<'}, {u"&gt;", u'>'}, {u"&amp;", u'&'}, {u"&quot;", u'"'}, {u"&apos;", u'\''}};
 
-XmlText WithReferences(WideStringView raw) { return {raw, raw.find(u'&') != WideStringView::npos}; }
+// Of a part of the document.
+XmlText WithReferences(WideStringView raw) {
+  constexpr std::size_t kStep = 16;
+  for (std::size_t at = 0; at < raw.size(); at += kStep) {
+    const auto first = static_cast<std::size_t>(std::countr_zero(UnitMask<kStep>(raw.data() + at, UnitTest{0, u'&'})));
+    if (first < kStep) return {raw, first < raw.size() - at};
+  }
+  return {raw, false};
+}
 
 }  // namespace
 
@@ -91,7 +100,7 @@ XmlText XmlIndex::Data(std::uint32_t element) const {
   const WideStringView content = text_.View().substr(start, position.endTagStart - start);
   constexpr WideStringView kBegin = u"<![CDATA[";
   const std::size_t first = SkipXmlBlanks(content, 0);
-  if (content.substr(first, kBegin.size()) == kBegin) {
+  if (first < content.size() && content[first] == u'<' && content.substr(first, kBegin.size()) == kBegin) {
     const std::size_t end = content.find(u"]]>", first + kBegin.size());
     if (end != WideStringView::npos) {
       return {content.substr(first + kBegin.size(), end - first - kBegin.size()), false};

@@ -3,21 +3,15 @@
 #include "config/xml_index.h"
 #include "config/xml_tokens.h"
 
+#include <bit>
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 
 namespace config {
 namespace {
 
 constexpr std::size_t kNotFound = WideStringView::npos;
-
-std::size_t FindUnit(WideStringView text, std::size_t at, char16_t unit) {
-  const char16_t* const begin = text.data();
-  const char16_t* const end = begin + text.size();
-  for (const char16_t* p = begin + at; p < end; ++p) {
-    if (*p == unit) return static_cast<std::size_t>(p - begin);
-  }
-  return kNotFound;
-}
 
 bool StandsAt(WideStringView text, std::size_t at, WideStringView part) { return text.substr(at, part.size()) == part; }
 
@@ -57,9 +51,54 @@ std::size_t EndOfNode(WideStringView text, std::size_t at) {
   return EndOfDeclaration(text, at);
 }
 
+// Goes through the "<" and ">" of a text in order.
+class AngleBrackets {
+ public:
+  explicit AngleBrackets(WideStringView text) : text_(text) { LoadBlock(); }
+
+  // The next one, the size of the text behind the last.
+  std::size_t Next() {
+    while (mask_ == 0) {
+      if (block_ + kBlock >= text_.size()) return text_.size();
+      block_ += kBlock;
+      LoadBlock();
+    }
+    const std::size_t at = block_ + static_cast<std::size_t>(std::countr_zero(mask_));
+    mask_ &= mask_ - 1;
+    return at;
+  }
+
+  std::size_t Next(char16_t bracket) {
+    std::size_t at = Next();
+    while (at < text_.size() && text_[at] != bracket) at = Next();
+    return at;
+  }
+
+  // Goes on from here, which is not before where it is.
+  void GoTo(std::size_t at) {
+    if (at >= text_.size()) {
+      block_ = text_.size();
+      mask_ = 0;
+      return;
+    }
+    block_ = at / kBlock * kBlock;
+    LoadBlock();
+    mask_ &= ~std::uint64_t{0} << (at - block_);
+  }
+
+ private:
+  static constexpr std::size_t kBlock = 64;
+
+  void LoadBlock() { mask_ = text_.empty() ? 0 : UnitMask<kBlock>(text_.data() + block_, UnitTest{2, u'>'}); }
+
+  const WideStringView text_;
+  std::size_t block_ = 0;   // where the block begins
+  std::uint64_t mask_ = 0;  // those of the block that are still to come
+};
+
 class Scan {
  public:
-  Scan(WideStringView text, BlockList<XmlElement>& elements) : text_(text), elements_(elements) {}
+  Scan(WideStringView text, BlockList<XmlElement>& elements) : text_(text), brackets_(text), elements_(elements) {}
 
   XmlScanResult Run() {
     while (error_ == XmlError::kNone && !done_) ReadTag();
@@ -69,37 +108,37 @@ class Scan {
  private:
   // From the next "<" on: a start tag, an end tag or a node that is passed over.
   void ReadTag() {
-    const std::size_t start = FindUnit(text_, at_, u'<');
-    if (start == kNotFound) return Fail(XmlError::kTagNotFound);
-    const std::size_t token = SkipXmlBlanks(text_, start + 1);
+    const std::size_t start = brackets_.Next(u'<');
+    if (start == text_.size()) return Fail(XmlError::kTagNotFound);
+    std::size_t token = start + 1;
+    if (token < text_.size() && IsXmlBlank(text_[token])) token = SkipXmlBlanks(text_, token);
     if (token == text_.size()) return Fail(XmlError::kAbruptEnd);
     switch (text_[token]) {
       case u'"':
       case u'\'': return Fail(XmlError::kQuotedTag);
       case u'?':
-      case u'!':
-        at_ = EndOfNode(text_, token);
-        if (at_ == kNotFound) Fail(XmlError::kInvalidNode);
-        return;
+      case u'!': return PassOver(token);
       case u'/': return Close(start, token + 1);
       default: return Open(start, token);
     }
   }
 
+  void PassOver(std::size_t at) {
+    const std::size_t end = EndOfNode(text_, at);
+    if (end == kNotFound) return Fail(XmlError::kInvalidNode);
+    brackets_.GoTo(end);
+  }
+
   void Open(std::size_t start, std::size_t token) {
-    const std::size_t end = FindUnit(text_, token + 1, u'>');
-    if (end == kNotFound) return Fail(XmlError::kTagNotClosed);
+    std::size_t end = brackets_.Next(u'>');
+    if (end == token) end = brackets_.Next(u'>');  // the first one is the tag name itself
+    if (end == text_.size()) return Fail(XmlError::kTagNotClosed);
     const auto index = static_cast<std::uint32_t>(elements_.Size());
     XmlElement& element = elements_.Add();
     element.startTagStart = static_cast<std::uint32_t>(start);
     element.startTagEnd = static_cast<std::uint32_t>(end);
     element.parentIndex = open_;
-    if (previous_ != 0) {
-      elements_[previous_].nextSiblingIndex = index;
-    } else {
-      elements_[open_].firstChildIndex = index;
-    }
-    at_ = end + 1;
+    (previous_ != 0 ? elements_[previous_].nextSiblingIndex : elements_[open_].firstChildIndex) = index;
     if (text_[end - 1] == u'/') {
       element.endTagStart = static_cast<std::uint32_t>(end - 1);
       element.endTagEnd = static_cast<std::uint32_t>(end);
@@ -111,28 +150,52 @@ class Scan {
     }
   }
 
-  // The end tag at `start`, `at` being behind its "/". Of its tokens only the name counts.
-  void Close(std::size_t start, std::size_t at) {
+  // The end tag at `start`, `name` being behind its "/".
+  void Close(std::size_t start, std::size_t name) {
     if (open_ == XmlIndex::kDocument) return Fail(XmlError::kBeginsWithEndTag);
     XmlElement& element = elements_[open_];
-    XmlToken token = ReadXmlToken(text_, at);
-    if (token.missing || token.Is(u'>')) return Fail(XmlError::kEndTagNotCompleted);
-    if (!XmlTokenEquals(token.text, TagNameAt(text_, element.startTagStart))) return Fail(XmlError::kOtherEndTag);
-    while (!token.missing && !token.Is(u'>')) token = ReadXmlToken(text_, token.end);
-    if (token.missing) return Fail(XmlError::kEndTagNotCompleted);
+    std::size_t end = brackets_.Next(u'>');
+    if (!IsPlainEndTag(element.startTagStart + 1, name, end))
+      end = ReadEndTag(TagNameAt(text_, element.startTagStart), name);
+    if (end == text_.size()) return;
     element.endTagStart = static_cast<std::uint32_t>(start);
-    element.endTagEnd = static_cast<std::uint32_t>(token.end - 1);
-    at_ = token.end;
+    element.endTagEnd = static_cast<std::uint32_t>(end);
     previous_ = open_;
     open_ = element.parentIndex;
     done_ = open_ == XmlIndex::kDocument;
   }
 
+  // Whether just the name of the start tag, of 1 to 15 units and right behind its "<", stands between `name` and `end`:
+  // what nearly all end tags look like.
+  bool IsPlainEndTag(std::size_t startName, std::size_t name, std::size_t end) const {
+    const std::size_t length = UnitsBeforeDelimiter(text_.data() + startName);
+    if (length == 0 || length > 15 || end - name != length) return false;
+    return std::memcmp(text_.data() + startName, text_.data() + name, length * sizeof(char16_t)) == 0;
+  }
+
+  // Any end tag; its tokens behind the name do not count. Answers where its ">" is, or fails and gives the text's size.
+  std::size_t ReadEndTag(WideStringView tagName, std::size_t at) {
+    XmlToken token = ReadXmlToken(text_, at);
+    if (!token.missing && !token.Is(u'>')) {
+      if (!XmlTokenEquals(token.text, tagName)) {
+        Fail(XmlError::kOtherEndTag);
+        return text_.size();
+      }
+      while (!token.missing && !token.Is(u'>')) token = ReadXmlToken(text_, token.end);
+      if (!token.missing) {
+        brackets_.GoTo(token.end);
+        return token.end - 1;
+      }
+    }
+    Fail(XmlError::kEndTagNotCompleted);
+    return text_.size();
+  }
+
   void Fail(XmlError error) { error_ = error; }
 
   const WideStringView text_;
+  AngleBrackets brackets_;
   BlockList<XmlElement>& elements_;
-  std::size_t at_ = 0;
   std::uint32_t open_ = XmlIndex::kDocument;  // the innermost element that is open
   std::uint32_t previous_ = 0;                // the last element that was closed inside it, 0: none yet
   bool done_ = false;
@@ -162,6 +225,10 @@ WideStringView TextOf(XmlError error) {
 
 XmlScanResult ScanElements(WideStringView text, BlockList<XmlElement>& elements) { return Scan(text, elements).Run(); }
 
-WideStringView TagNameAt(WideStringView text, std::uint32_t start) { return ReadXmlToken(text, start + 1).text; }
+WideStringView TagNameAt(WideStringView text, std::uint32_t start) {
+  const std::size_t length = UnitsBeforeDelimiter(text.data() + start + 1);
+  if (length == 0 || length > 15) return ReadXmlToken(text, start + 1).text;
+  return text.substr(start + 1, length);
+}
 
 }  // namespace config

@@ -32,6 +32,8 @@ struct XmlScanResult {
   std::uint32_t element = 0;  // the one that the error is about, 0: none
 };
 
+// In all of these SharedText::kPadding units behind the text are readable.
+
 // Adds the first element of the text and all inside it to `elements`, which holds the document's own element and
 // nothing else, in the order of their start tags. Stops at the first error.
 XmlScanResult ScanElements(WideStringView text, BlockList<XmlElement>& elements);

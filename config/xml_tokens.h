@@ -2,8 +2,10 @@
 #pragma once
 
 #include "base/wide_string.h"
+#include "config/unit_mask.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 
@@ -46,6 +48,14 @@ inline XmlToken ReadXmlToken(WideStringView text, std::size_t at) {
     while (end < text.size() && !IsXmlDelimiter(text[end])) ++end;
   }
   return {text.substr(start, end - start), false, false, end};
+}
+
+// How many of the 16 units at `units` come before the first delimiter.
+inline std::size_t UnitsBeforeDelimiter(const char16_t* units) {
+  const std::uint64_t delimiters =
+      UnitMask<16>(units, UnitTest{2, u'>'}, UnitTest{2, u'?'}, UnitTest{1, u'!'}, UnitTest{0, u'/'},
+                   UnitTest{0, u'\\'}, UnitTest{0, u'\t'}, UnitTest{0, u'\n'}, UnitTest{0, u'\r'});
+  return static_cast<std::size_t>(std::countr_zero(delimiters | (1 << 16)));
 }
 
 // A token equals a name that begins with it and then ends, or goes on with a blank, "=", "/" or "[".

@@ -2,6 +2,7 @@
 #include "config/tree_builder.h"
 #include "config/tree_walk.h"
 
+#include <span>
 #include <vector>
 
 namespace config {
@@ -39,40 +40,60 @@ class XmlTreeBuilder {
   }
 
   void Read(PathNode& node, bool hasChildren) {
-    if (hasChildren) Expand(node);
-    if (const PathNode* const source = Source(node)) ReadElement(source->firstElement);
+    children_.clear();
+    if (const PathNode* const source = Source(node)) {
+      // The keys below are mostly those of the element that the key is read from.
+      PathNode* const parent = hasChildren && source == &node && !node.expanded ? &node : nullptr;
+      ReadElement(source->firstElement, parent);
+      if (parent != nullptr) ExpandFurther(node);
+    }
     writer_.Finish(node.key);
     if (!hasChildren) return;
-    for (const WideStringView name : node.key.Subkeys()) walk_.Enter(Descend(node, name));
+    const std::span<const WideStringView> names = node.key.Subkeys();
+    for (std::size_t i = 0; i < names.size(); ++i) {
+      PathNode* const child = i < children_.size() ? children_[i] : nullptr;
+      walk_.Enter(child != nullptr ? *child : Descend(node, names[i]));
+    }
   }
 
-  void ReadElement(std::uint32_t element) {
+  // Of each group inside, children_ gets the path of its name below `parent`, null when that is to be looked for.
+  void ReadElement(std::uint32_t element, PathNode* parent) {
     for (std::uint32_t child = index_[element].firstChildIndex; child != 0; child = index_[child].nextSiblingIndex) {
       const WideStringView tagName = index_.TagName(child);
-      if (tagName == kGroup) {
-        writer_.AddSubkey(Kept(index_.Attribute(child, kName)));
-      } else {
+      if (tagName != kGroup) {
         writer_.AddValue(tagName, Kept(index_.Data(child)));
+        continue;
       }
+      const WideStringView name = Kept(index_.Attribute(child, kName));
+      writer_.AddSubkey(name);
+      children_.push_back(parent != nullptr ? AddGroup(*parent, name, child) : nullptr);
     }
   }
 
   // Sorts the groups inside a node's elements under the paths below it.
   void Expand(PathNode& node) {
     if (node.expanded) return;
+    if (node.hasElement) ExpandElement(node, node.firstElement);
+    ExpandFurther(node);
+  }
+
+  void ExpandFurther(PathNode& node) {
     node.expanded = true;
-    if (!node.hasElement) return;
-    ExpandElement(node, node.firstElement);
     for (std::uint32_t i = node.furtherElements; i != 0; i = further_[i].next) ExpandElement(node, further_[i].element);
   }
 
   void ExpandElement(PathNode& node, std::uint32_t element) {
     for (std::uint32_t child = index_[element].firstChildIndex; child != 0; child = index_[child].nextSiblingIndex) {
-      if (index_.TagName(child) != kGroup) continue;
-      const WideStringView name = Kept(index_.Attribute(child, kName));
-      // A name with a backslash in it never equals the part of a path between two backslashes.
-      if (name.find(u'\\') == WideStringView::npos) AddElement(paths_.Child(node, name), child);
+      if (index_.TagName(child) == kGroup) AddGroup(node, Kept(index_.Attribute(child, kName)), child);
     }
+  }
+
+  // Null for a name with a backslash in it, which never equals the part of a path between two backslashes.
+  PathNode* AddGroup(PathNode& parent, WideStringView name, std::uint32_t element) {
+    if (name.find(u'\\') != WideStringView::npos) return nullptr;
+    PathNode& node = paths_.Child(parent, name);
+    AddElement(node, element);
+    return &node;
   }
 
   void AddElement(PathNode& node, std::uint32_t element) {
@@ -111,6 +132,7 @@ class XmlTreeBuilder {
   Arena& arena_;
   KeyWriter writer_;
   TreeWalk walk_;
+  std::vector<PathNode*> children_;
   std::vector<Further> further_{Further()};  // index 0 stands for none
 };
 
