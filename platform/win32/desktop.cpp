@@ -1,0 +1,98 @@
+// What the whole screen and the keypad have to do with it: fonts, keys, sounds, pauses, the system's own box.
+#include "platform/controls.h"
+#include "platform/win32/windows_api.h"
+
+#include <commctrl.h>
+
+#include <map>
+#include <tuple>
+
+namespace platform {
+
+using win32::ToApi;
+
+namespace {
+
+// The same font for the same request, until the program ends.
+HFONT FontFor(const FontSpec& spec) {
+  static std::map<std::tuple<WideString, int, int>, HFONT> fonts;
+  HFONT& font = fonts[{WideString(spec.face), spec.heightPx, spec.weight}];
+  if (font != nullptr) return font;
+  LOGFONTW logical = {};
+  logical.lfHeight = spec.heightPx;
+  logical.lfWeight = spec.weight;
+  logical.lfCharSet = DEFAULT_CHARSET;
+  spec.face.substr(0, LF_FACESIZE - 1).copy(reinterpret_cast<char16_t*>(logical.lfFaceName), LF_FACESIZE - 1);
+  font = CreateFontIndirectW(&logical);
+  return font;
+}
+
+}  // namespace
+
+void SetFont(WindowHandle window, const FontSpec& font) {
+  SendMessageW(ToApi(window), WM_SETFONT, reinterpret_cast<WPARAM>(FontFor(font)), TRUE);
+}
+
+int MeasureText(WindowHandle window, WideStringView text) {
+  if (window == nullptr) return 0;
+  const HDC context = GetDC(ToApi(window));
+  SIZE size = {};
+  GetTextExtentExPointW(context, ToApi(text.data()), static_cast<int>(text.size()), 0, nullptr, nullptr, &size);
+  ReleaseDC(ToApi(window), context);
+  return static_cast<int>(size.cx);
+}
+
+int CaptionHeight() { return GetSystemMetrics(SM_CYCAPTION); }
+bool IsKeyDown(std::uint16_t virtualKey) { return GetKeyState(virtualKey) < 0; }
+void Beep() { MessageBeep(MB_OK); }
+
+void PauseMs(int milliseconds) {
+  // A handler that never validates its window would be painted for ever.
+  constexpr int kMostPaints = 100;
+  MSG message = {};
+  for (int i = 0; i < kMostPaints && PeekMessageW(&message, nullptr, WM_PAINT, WM_PAINT, PM_REMOVE); ++i) {
+    DispatchMessageW(&message);
+  }
+  Sleep(static_cast<DWORD>(milliseconds));
+}
+
+void ShowSystemMessage(WideStringView text, WideStringView caption) {
+  MessageBoxW(nullptr, ToApi(WideString(text)), ToApi(WideString(caption)), MB_OK);
+}
+
+void InitDateTimeControls() {
+  const INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_DATE_CLASSES};
+  InitCommonControlsEx(&controls);
+}
+
+struct WaitCursor::State {
+  HCURSOR cursor = nullptr;
+  POINT pointer = {};
+};
+
+WaitCursor::WaitCursor(WindowHandle window) : state_(std::make_unique<State>()) {
+  constexpr LONG kLeftOfMiddlePx = 10;
+  state_->cursor = SetCursor(LoadCursorW(nullptr, IDC_WAIT));
+  GetCursorPos(&state_->pointer);
+  RECT client = {};
+  GetClientRect(ToApi(window), &client);
+  POINT middle = {client.right / 2 - kLeftOfMiddlePx, client.bottom / 2};
+  ClientToScreen(ToApi(window), &middle);
+  SetCursorPos(middle.x, middle.y);
+  ShowCursor(TRUE);
+}
+
+WaitCursor::~WaitCursor() {
+  ShowCursor(FALSE);
+  SetCursorPos(state_->pointer.x, state_->pointer.y);
+  SetCursor(state_->cursor);
+}
+
+SystemTime LocalTime() {
+  static_assert(sizeof(SystemTime) == sizeof(SYSTEMTIME));
+  SYSTEMTIME now = {};
+  GetLocalTime(&now);
+  return {now.wYear, now.wMonth, now.wDayOfWeek, now.wDay, now.wHour, now.wMinute, now.wSecond, now.wMilliseconds};
+}
+
+}  // namespace platform
