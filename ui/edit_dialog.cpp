@@ -183,6 +183,7 @@ void EditDialog::RememberFocus(WindowHandle window) {
 }
 
 void EditDialog::Save() {
+  entry_->Finish();
   if (!edited_) {
     Close(kNotSaved);
     return;
@@ -208,7 +209,7 @@ bool EditDialog::CommitAndApply(const EnteredValue& entered, bool& applied) {
 
 void EditDialog::RewriteLine(const EnteredValue& entered) {
   // A line that was rewritten as a whole has no suffix; its name is in front of the value then.
-  const WideString name = item_.Suffix().empty() ? item_.DisplayName() : item_.Text();
+  const WideString name = item_.Suffix().empty() ? item_.Title() : item_.Text();
   context_.committer.UpdatePropertyLine(entered.shown, true, &item_);
   item_.SetText(name);
   item_.SetSuffix(base::Format(LoadText(TextId::kValueSuffixFormat), values::MaskedText(descriptor_, entered.shown)));

@@ -85,36 +85,51 @@ std::uint16_t Part(const WideString& digits, std::size_t start, std::size_t leng
   return static_cast<std::uint16_t>(base::ToLong(WideStringView(digits).substr(start, length)));
 }
 
-class DateEntry final : public EntryControl {
+class PickerEntry : public EntryControl {
  public:
-  explicit DateEntry(WindowHandle window) : EntryControl(window), picker_(window) {}
+  explicit PickerEntry(WindowHandle window) : EntryControl(window), picker_(window) {}
 
-  void Fill(const EditRequest& request) override {
-    picker_.SetFormat(u"MMM dd',' yyy");
-    if (const auto digits = DigitsOf(request.value, 8)) {
-      const platform::SystemTime date{
-          .year = Part(*digits, 0, 4), .month = Part(*digits, 4, 2), .day = Part(*digits, 6, 2)};
-      if (picker_.SetTime(date)) return;
-    }
-    picker_.SetTime(platform::LocalTime());
+  // A picker takes typed digits over when it loses the focus.
+  void Finish() override {
+    if (platform::FocusedWindow() != Handle()) return;
+    platform::Focus(platform::ParentOf(Handle()));
+    platform::Focus(Handle());
   }
 
-  EnteredValue Entered() const override {
-    const platform::SystemTime date = picker_.Time();
-    const WideString text = base::Format(u"%.4d%.2d%.2d", date.year, date.month, date.day);
-    return {text, EntryMode::kTyped, text};
-  }
+ protected:
+  const platform::DateTimePicker& Picker() const { return picker_; }
 
  private:
   platform::DateTimePicker picker_;
 };
 
-class TimeEntry final : public EntryControl {
+class DateEntry final : public PickerEntry {
  public:
-  explicit TimeEntry(WindowHandle window) : EntryControl(window), picker_(window) {}
+  using PickerEntry::PickerEntry;
 
   void Fill(const EditRequest& request) override {
-    picker_.SetFormat(u"hh':'mm':'ss' 'tt");
+    Picker().SetFormat(u"MMM dd',' yyy");
+    if (const auto digits = DigitsOf(request.value, 8)) {
+      const platform::SystemTime date{
+          .year = Part(*digits, 0, 4), .month = Part(*digits, 4, 2), .day = Part(*digits, 6, 2)};
+      if (Picker().SetTime(date)) return;
+    }
+    Picker().SetTime(platform::LocalTime());
+  }
+
+  EnteredValue Entered() const override {
+    const platform::SystemTime date = Picker().Time();
+    const WideString text = base::Format(u"%.4d%.2d%.2d", date.year, date.month, date.day);
+    return {text, EntryMode::kTyped, text};
+  }
+};
+
+class TimeEntry final : public PickerEntry {
+ public:
+  using PickerEntry::PickerEntry;
+
+  void Fill(const EditRequest& request) override {
+    Picker().SetFormat(u"hh':'mm':'ss' 'tt");
     platform::SystemTime time = platform::LocalTime();  // the picker wants a date as well
     time.hour = time.minute = time.second = time.milliseconds = 0;
     const platform::SystemTime midnight = time;
@@ -123,17 +138,14 @@ class TimeEntry final : public EntryControl {
       time.minute = Part(*digits, 2, 2);
       time.second = Part(*digits, 4, 2);
     }
-    if (!picker_.SetTime(time)) picker_.SetTime(midnight);
+    if (!Picker().SetTime(time)) Picker().SetTime(midnight);
   }
 
   EnteredValue Entered() const override {
-    const platform::SystemTime time = picker_.Time();
+    const platform::SystemTime time = Picker().Time();
     const WideString text = base::Format(u"%.2d%.2d%.2d", time.hour, time.minute, time.second);
     return {text, EntryMode::kTyped, text};
   }
-
- private:
-  platform::DateTimePicker picker_;
 };
 
 // --- address ---

@@ -30,6 +30,8 @@ class EntryControl {
 
   // The window shows what the request starts with.
   virtual void Fill(const EditRequest& request) = 0;
+  // Takes over what is only half typed; may set off the control's change notification.
+  virtual void Finish() {}
   virtual EnteredValue Entered() const = 0;
   // Whether a character about to be typed is swallowed.
   virtual bool Swallows(char16_t) { return false; }

@@ -9,6 +9,8 @@
 #include "ui/private_messages.h"
 #include "values/pending_changes.h"
 
+#include <iterator>
+#include <random>
 #include <string>
 
 namespace {
@@ -89,7 +91,7 @@ class EditBench : public ui_test::PropertyBench {
   bool Edit(model::MenuItem& item, bool large = false) {
     const ui::EditContext context{editors, committer, actions, view, insertFlag};
     const bool saved = ui::RunEditDialog(context, item, large, owner);
-    EXPECT_FALSE(terminal.display.RanOut());
+    EXPECT_TRUE(terminal.display.PlayedToItsEnd());
     return saved;
   }
 
@@ -220,7 +222,7 @@ TEST(EditDialog, TheLargeLayoutHasButtons) {
     EXPECT_EQ(35, place.top);
   });
   bench.Press("6");
-  bench.Look([] { platform::Send(EditBench::Control(ui::kEditSaveId), message::kButtonClick); });
+  bench.Look([] { platform::Post(EditBench::Control(ui::kEditSaveId), message::kButtonClick); });
   EXPECT_TRUE(bench.Edit(item, true));
   EXPECT_EQ(Strings{"set 1.2.3 Integer 6"}, bench.TakeSets());
 }
@@ -229,7 +231,7 @@ TEST(EditDialog, TheCancelButtonCancels) {
   EditBench bench;
   model::MenuItem& item = bench.LineOf(u"Integer", u"5");
   bench.Press("6");
-  bench.Look([] { platform::Send(EditBench::Control(ui::kEditCancelId), message::kButtonClick); });
+  bench.Look([] { platform::Post(EditBench::Control(ui::kEditCancelId), message::kButtonClick); });
   EXPECT_FALSE(bench.Edit(item, true));
   EXPECT_EQ(kNothing, bench.TakeSets());
 }
@@ -249,7 +251,7 @@ TEST(EditDialog, ItStandsAtItsPlaceUnderTheDisplayName) {
 
 TEST(EditDialog, TheCaptionHasItsSymbolsReplaced) {
   EditBench bench;
-  bench.symbols = values::SymbolTable({{u"$thing", u"Network thing"}});
+  bench.symbols = values::SymbolTable(values::SymbolTable::Texts{{u"$thing", u"Network thing"}});
   bench.device.Put(u"1.2.3", u"5");
   model::MenuItem& item =
       bench.Line(bench.MakeFrom({{u"OID", u"1.2.3"}, {u"Type", u"Integer"}, {u"DisplayName", u"$thing"}}));
@@ -321,8 +323,10 @@ TEST(EditDialog, TheSmallLayoutIsWhite) {
       const WindowHandle line = EditBench::Control(ui::kShortDescriptionId);
       platform::Invalidate(line);
       platform::Update(line);
-      EXPECT_EQ(!large, host::ControlColorsOf(line).has_value());
-      if (!large) EXPECT_EQ((host::ControlColors{platform::kBlack, platform::kWhite}), *host::ControlColorsOf(line));
+      const auto colors = host::ControlColorsOf(line);
+      ASSERT_EQ(!large, colors.has_value());
+      if (large) return;
+      EXPECT_EQ((host::ControlColors{platform::kBlack, platform::kWhite}), *colors);
     });
     bench.Press("{Esc}");
     bench.Edit(item, large);
@@ -471,42 +475,6 @@ TEST(EditDialog, TypingOverwritesUntilInsertIsPressed) {
   EXPECT_FALSE(bench.insertFlag.inserts);
 }
 
-TEST(EditDialog, ANumberAcceptsNoPastedText) {
-  class Clipboard final : public platform::MessageHandler {
-   public:
-    explicit Clipboard(WideString text) : text_(std::move(text)) {}
-    std::optional<platform::LResult> OnMessage(WindowHandle window, const platform::Message& received) override {
-      if (received.id != message::kEditReplaceSelection && received.id == message::kPaste) {
-        platform::EditField(window).ReplaceSelection(text_);
-        return 0;
-      }
-      return std::nullopt;
-    }
-
-   private:
-    WideString text_;
-  };
-  const struct {
-    WideStringView pasted;
-    WideStringView after;
-  } cases[] = {{u"77", u"77"}, {u"7x", u"5"}, {u"1234567", u"5"}};
-  for (const auto& c : cases) {
-    EditBench bench;
-    ui::InsertFlag flag;
-    const WindowHandle field =
-        platform::MakeWindow({.className = u"Edit", .style = platform::style::kVisible, .width = 100, .height = 20});
-    Clipboard clipboard{WideString(c.pasted)};
-    const platform::Subclass beneath(field, clipboard);
-    const auto entry = ui::MakeEntryControl(ui::EntryKind::kNumber, field, flag);
-    ui::EditRequest request;
-    request.text = u"5";
-    request.mask = u"######";
-    entry->Fill(request);
-    platform::Send(field, message::kPaste);
-    EXPECT_EQ(c.after, platform::TextOf(field));
-  }
-}
-
 TEST(EditDialog, AWepKeyIsSentAsBareDigits) {
   EditBench bench;
   model::MenuItem& item = bench.LineOf(u"Hex", u"", {{u"WEP", u"Enter Key"}});
@@ -610,6 +578,14 @@ TEST(EditDialog, ATimeKeepsItsLeadingZeros) {
   bench.Press("{Up}{Enter}");  // the hour
   EXPECT_TRUE(bench.Edit(item));
   EXPECT_EQ(u"Thing  <103005>", item.LineText());
+}
+
+TEST(EditDialog, ATimeHalfTypedIsSavedToo) {
+  EditBench bench;
+  model::MenuItem& item = bench.LineOf(u"Integer", u"93005", {{u"SubType", u"Time"}});
+  bench.Press("7{Enter}");
+  EXPECT_TRUE(bench.Edit(item));
+  EXPECT_EQ(u"Thing  <073005>", item.LineText());
 }
 
 TEST(EditDialog, AnUnchangedDateOrTimeSavesNothing) {
@@ -743,6 +719,46 @@ TEST(EditDialog, AFieldOfACommandSendsTheCommand) {
   bench.Press("7{Enter}");
   EXPECT_TRUE(bench.Edit(item));
   EXPECT_EQ(Strings{"set 7.7 ReaderCmd 0007ab"}, bench.TakeSets());
+}
+
+// --- whatever is pressed ---
+
+TEST(EditDialog, RandomKeysAlwaysLeadBackToTheMenu) {
+  const struct {
+    const char16_t* type;
+    const char16_t* value;
+    tests::KeyValues attributes;
+  } properties[] = {
+      {u"Integer", u"5", {{u"Range", u"0-255"}}},
+      {u"Integer", u"2", {{u"ChoiceFmt", u"1#A|2#B|3#C"}}},
+      {u"Integer", u"20050131", {{u"SubType", u"Date"}}},
+      {u"Integer", u"93005", {{u"SubType", u"Time"}}},
+      {u"Bool", u"1", {}},
+      {u"Octet String", u"abc", {{u"MaxChars", u"5"}}},
+      {u"Hex", u"", {{u"WEP", u"Key"}}},
+      {u"Hex32", u"", {{u"WEP", u"Key"}}},
+      {u"IP Address", u"192.168.0.1", {}},
+      {u"Password", u"secret", {{u"PassWordChar", u"*"}}},
+  };
+  const char* const keys[] = {"{Left}",   "{Right}",    "{Up}",     "{Down}",   "{Home}", "{End}",
+                              "{PageUp}", "{PageDown}", "{Insert}", "{Delete}", "{Tab}",  "{Backspace}",
+                              "{Enter}",  "0",          "1",        "2",        "5",      "9",
+                              ".",        " ",          "x",        "F",        "-"};
+  std::mt19937 random(20050131);
+  for (const auto& property : properties) {
+    EditBench bench;
+    model::MenuItem& item = bench.LineOf(property.type, property.value, property.attributes);
+    for (int session = 0; session < 60; ++session) {
+      bench.device[ui_test::kOid].setResult = session % 10 == 9 ? platform::kFailed : platform::kOk;
+      for (int i = 0; i < 30; ++i) bench.Press(keys[random() % std::size(keys)]);
+      bench.Press("{Esc}");
+      const ui::EditContext context{bench.editors, bench.committer, bench.actions, bench.view, bench.insertFlag};
+      ui::RunEditDialog(context, item, session % 2 == 0, bench.owner);
+      bench.terminal.display.Forget();
+      EXPECT_EQ(bench.list, platform::FocusedWindow());
+      EXPECT_EQ(1u, host::TopLevelFromBottom().size());
+    }
+  }
 }
 
 }  // namespace

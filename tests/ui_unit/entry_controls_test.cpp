@@ -1,6 +1,7 @@
 #include "ui/entry_controls.h"
 
 #include "tests/printing.h"
+#include "tests/ui_unit/scripted_terminal.h"
 #include "ui/edit_templates.h"
 
 #include <algorithm>
@@ -76,6 +77,49 @@ TEST(EntryControls, EveryKindHasItsControlInBothTemplates) {
     }
   }
   EXPECT_EQ(0, ui::EntryControlId(EntryKind::kNone));
+}
+
+// Brings a text whenever something is pasted.
+class Clipboard final : public platform::MessageHandler {
+ public:
+  explicit Clipboard(WideStringView text) : text_(text) {}
+  std::optional<platform::LResult> OnMessage(platform::WindowHandle window,
+                                             const platform::Message& received) override {
+    if (received.id != platform::message::kPaste) return std::nullopt;
+    platform::EditField(window).ReplaceSelection(text_);
+    return 0;
+  }
+
+ private:
+  WideString text_;
+};
+
+TEST(EntryControls, WhatIsNoNumberCannotBePastedIntoOne) {
+  const struct {
+    EntryKind kind;
+    WideStringView pasted;
+    WideStringView after;
+  } cases[] = {
+      {EntryKind::kNumber, u"77", u"77"},
+      {EntryKind::kNumber, u"7x", u"5"},
+      {EntryKind::kNumber, u"1234567", u"5"},  // longer than the mask
+      {EntryKind::kText, u"7x", u"7x"},
+  };
+  const ui_test::ScriptedTerminal terminal;
+  for (const auto& c : cases) {
+    const platform::WindowHandle field =
+        platform::MakeWindow({.className = u"Edit", .style = platform::style::kVisible, .width = 100, .height = 20});
+    Clipboard clipboard(c.pasted);
+    const platform::Subclass beneath(field, clipboard);
+    ui::InsertFlag flag;
+    const auto entry = ui::MakeEntryControl(c.kind, field, flag);
+    EditRequest request;
+    request.text = u"5";
+    if (c.kind == EntryKind::kNumber) request.mask = u"######";
+    entry->Fill(request);
+    platform::Send(field, platform::message::kPaste);
+    EXPECT_EQ(c.after, platform::TextOf(field));
+  }
 }
 
 }  // namespace

@@ -100,7 +100,7 @@ class AddressDialog final : public platform::MessageHandler {
   void Run(bool withOwner = true) {
     WindowHandle owner = nullptr;
     if (withOwner) owner = platform::MakeWindow({.className = u"Static", .text = u"Main", .style = style::kVisible});
-    terminal.display.Look([this] { platform::EndDialog(dialog, 1); });
+    terminal.display.Look([this] { platform::Post(dialog, message::kClose); });
     platform::RunDialog({.style = style::kPopup | style::kCaption,
                          .width = 99,
                          .height = 58,
@@ -108,7 +108,7 @@ class AddressDialog final : public platform::MessageHandler {
                          .fontPoints = 8,
                          .controls = controls_},
                         owner, *this);
-    EXPECT_FALSE(terminal.display.RanOut());
+    EXPECT_TRUE(terminal.display.PlayedToItsEnd());
     platform::Destroy(owner);
   }
 
@@ -118,6 +118,7 @@ class AddressDialog final : public platform::MessageHandler {
         dialog = window;
         control = platform::ControlOf(window, kControlId);
         return 1;
+      case message::kClose: platform::EndDialog(window, 1); return 0;
       case message::kCommand:
         if (platform::CommandId(received) == kControlId) told.push_back(NameOf(platform::CommandCode(received)));
         return 0;
@@ -348,9 +349,9 @@ TEST(AddressControl, ARefusedFieldIsNotLeft) {
     dialog.ForgetTold();
     dialog.Press(keys);
     dialog.ExpectPicture("1.[300].3.4");
+    dialog.Look([&] { EXPECT_EQ(Strings{}, dialog.told); });
     dialog.Run();
     EXPECT_EQ(1u, dialog.terminal.boxes.shown.size());
-    EXPECT_EQ(Strings{}, dialog.told);
   }
 }
 

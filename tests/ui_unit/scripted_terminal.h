@@ -19,8 +19,11 @@ class ScriptedDisplay final : public platform::host::Display {
   // Run when all that was pressed before has been dealt with.
   void Look(std::function<void()> action);
 
+  void Forget() { steps_.clear(); }
+
   int Beeps() const { return beeps_; }
-  bool RanOut() const { return ranOut_; }  // the windows wanted more keys than there were
+  // The windows went away with the last step, not before, and wanted no more.
+  bool PlayedToItsEnd() const { return steps_.empty() && !ranOut_; }
 
   std::optional<platform::host::KeyStroke> NextKey() override;
   void Wake() override {}
