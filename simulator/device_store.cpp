@@ -99,25 +99,29 @@ void DeviceStore::ShareFile() {
   shared_ = true;
 }
 
+std::string DeviceStore::Parse(std::string_view bytes, Lines& lines, std::size_t& superseded) {
+  std::string problem;
+  ForEachLine(bytes, [&](std::size_t number, std::string_view text) {
+    if (IsComment(text)) return true;
+    auto line = ParseDeviceLine(text, problem);
+    if (!line) {
+      problem = ":" + std::to_string(number) + ": " + problem;
+      return false;
+    }
+    WideString oid = line->oid;
+    superseded += lines.insert_or_assign(std::move(oid), std::move(*line)).second ? 0 : 1;
+    return true;
+  });
+  return problem;
+}
+
 std::string DeviceStore::Read() {
   std::error_code error;
   if (!std::filesystem::exists(file_, error) && !error) return {};
   const auto bytes = ReadTextFile(file_);
   if (!bytes) return file_.string() + ": cannot be read";
-  sizeOnDisk_ = bytes->size();
-  std::string problem;
-  ForEachLine(*bytes, [&](std::size_t number, std::string_view text) {
-    if (IsComment(text)) return true;
-    auto line = ParseDeviceLine(text, problem);
-    if (!line) {
-      problem = file_.string() + ":" + std::to_string(number) + ": " + problem;
-      return false;
-    }
-    WideString oid = line->oid;
-    superseded_ += lines_.insert_or_assign(std::move(oid), std::move(*line)).second ? 0 : 1;
-    return true;
-  });
-  return problem;
+  const std::string problem = Parse(*bytes, lines_, superseded_);
+  return problem.empty() ? "" : file_.string() + problem;
 }
 
 platform::ResultCode DeviceStore::Get(const WideString& oid, std::optional<WideString>& value) {
@@ -175,29 +179,30 @@ bool DeviceStore::Append(const DeviceLine& line) {
     return false;
   }
   ++superseded_;
-  sizeOnDisk_ += static_cast<std::uintmax_t>(start - oldSize) + text.size();
   return true;
 }
 
-// Failing is no harm: the file stays as it is.
+// Failing is no harm: the file stays as it is. So it does when it says something else than this device: then somebody
+// has edited it.
 void DeviceStore::Compact() {
   superseded_ = 0;
-  if (shared_) return;
-  const auto bytes = ReadTextFile(file_);
-  if (!bytes || bytes->size() != sizeOnDisk_) return;
+  const auto bytes = shared_ ? std::nullopt : ReadTextFile(file_);
+  Lines current;
+  std::size_t ignored = 0;
+  if (!bytes || !Parse(*bytes, current, ignored).empty() || current != lines_) return;
   std::string tidy;
   std::unordered_set<WideString> written;
   ForEachLine(*bytes, [&](std::size_t, std::string_view text) {
-    std::string ignored;
-    const auto line = IsComment(text) ? std::nullopt : ParseDeviceLine(text, ignored);
+    std::string problem;
+    const auto line = IsComment(text) ? std::nullopt : ParseDeviceLine(text, problem);
     if (!line) {
       tidy.append(text).push_back('\n');
-    } else if (const auto current = lines_.find(line->oid); written.insert(line->oid).second) {
-      tidy.append(FormatDeviceLine(current != lines_.end() ? current->second : *line)).push_back('\n');
+    } else if (written.insert(line->oid).second) {
+      tidy.append(FormatDeviceLine(lines_.at(line->oid))).push_back('\n');
     }
     return true;
   });
-  if (ReplaceTextFile(file_, tidy)) sizeOnDisk_ = tidy.size();
+  ReplaceTextFile(file_, tidy);
 }
 
 void DeviceStore::Pass(int delayMs) const {

@@ -20,6 +20,7 @@ struct DeviceOptions {
   std::optional<platform::ResultCode> set;  // set=0xHHHHHHHH: the result of Set
   bool null = false;                        // null: Get gives no text
   int delayMs = 0;                          // delay=MS: both take that long
+  bool operator==(const DeviceOptions&) const = default;
 };
 
 struct DeviceLine {
@@ -28,6 +29,7 @@ struct DeviceLine {
   WideString value;
   WideString optionsText;
   DeviceOptions options;
+  bool operator==(const DeviceLine&) const = default;
 };
 
 // Nothing, and `problem` says why, when the line is no value.
@@ -53,7 +55,7 @@ class DeviceStore {
   DeviceStore(const DeviceStore&) = delete;
   DeviceStore& operator=(const DeviceStore&) = delete;
 
-  // Another process uses the file as well: from now on it is only added to.
+  // Another process has the file as well: from now on it is only added to.
   void ShareFile();
 
   platform::ResultCode Get(const WideString& oid, std::optional<WideString>& value);
@@ -63,6 +65,8 @@ class DeviceStore {
   platform::ResultCode Set(const WideString& oid, const WideString& value);
 
  private:
+  using Lines = std::unordered_map<WideString, DeviceLine>;
+  static std::string Parse(std::string_view bytes, Lines& lines, std::size_t& superseded);
   std::string Read();
   bool Append(const DeviceLine& line);
   void Compact();
@@ -71,9 +75,8 @@ class DeviceStore {
   const std::filesystem::path file_;
   const Wait wait_;
   std::mutex mutex_;
-  std::unordered_map<WideString, DeviceLine> lines_;
-  std::size_t superseded_ = 0;     // lines of the file that a later one replaces
-  std::uintmax_t sizeOnDisk_ = 0;  // as this object left it; another size: somebody else wrote
+  Lines lines_;
+  std::size_t superseded_ = 0;  // lines of the file that a later one replaces
   bool shared_ = false;
 };
 

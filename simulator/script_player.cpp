@@ -40,11 +40,11 @@ ScriptPlayer::ScriptPlayer(Script script, std::string name, ScriptDriver& driver
     : script_(std::move(script)), name_(std::move(name)), driver_(driver), print_(std::move(print)) {}
 
 ScriptPlayer::Step ScriptPlayer::Next() {
-  if (!failure_.empty() || position_.command >= script_.commands.size()) return Step::kFinished;
-  const Command& command = script_.commands[position_.command];
+  if (!failure_.empty() || command_ >= script_.commands.size()) return Step::kFinished;
+  const Command& command = script_.commands[command_];
   const bool severalKeys = command.kind == Command::Kind::kKey || command.kind == Command::Kind::kType;
   const Step step = severalKeys ? NextKey(command) : Run(command);
-  if (!severalKeys && step != Step::kWaits) ++position_.command;
+  if (!severalKeys && step != Step::kWaits) ++command_;
   return step;
 }
 
@@ -57,7 +57,7 @@ ScriptPlayer::Step ScriptPlayer::Run(const Command& command) {
     case Command::Kind::kEffects: return Printed(Joined(driver_.TakeEffects()));
     case Command::Kind::kDebug: return Printed(DebugText(driver_.TakeDebugLines()));
     case Command::Kind::kExpect:
-      if (position_.printed.find(command.text) != std::string::npos) return Step::kRan;
+      if (printed_.find(command.text) != std::string::npos) return Step::kRan;
       return Fail(command, "expected \"" + command.text + "\"");
     default: return driver_.HasSettled() ? Step::kRan : Step::kWaits;
   }
@@ -65,11 +65,10 @@ ScriptPlayer::Step ScriptPlayer::Run(const Command& command) {
 
 ScriptPlayer::Step ScriptPlayer::NextKey(const Command& command) {
   if (!driver_.IsRunning()) return Fail(command, "the program has ended");
-  const Key& key = command.keys[position_.key];
-  // First the position: what the key does may be the last that this process does.
-  if (++position_.key == command.keys.size()) {
-    position_.key = 0;
-    ++position_.command;
+  const Key& key = command.keys[key_];
+  if (++key_ == command.keys.size()) {
+    key_ = 0;
+    ++command_;
   }
   if (command.kind == Command::Kind::kType) {
     driver_.Type(key);
@@ -81,7 +80,7 @@ ScriptPlayer::Step ScriptPlayer::NextKey(const Command& command) {
 
 ScriptPlayer::Step ScriptPlayer::Printed(std::string text) {
   print_(text);
-  position_.printed = std::move(text);
+  printed_ = std::move(text);
   return Step::kRan;
 }
 

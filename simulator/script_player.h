@@ -44,15 +44,6 @@ class ScriptPlayer {
   // Empty, or why the script failed.
   const std::string& Failure() const { return failure_; }
 
-  // Where a script stands, for another process that goes on with it.
-  struct Position {
-    std::size_t command = 0;
-    std::size_t key = 0;  // within a command of several keys
-    std::string printed;  // by the last command that prints
-  };
-  const Position& Where() const { return position_; }
-  void GoOnFrom(Position position) { position_ = std::move(position); }
-
  private:
   Step Run(const Command& command);
   Step NextKey(const Command& command);
@@ -63,7 +54,9 @@ class ScriptPlayer {
   const std::string name_;
   ScriptDriver& driver_;
   const Print print_;
-  Position position_;
+  std::size_t command_ = 0;  // the next one
+  std::size_t key_ = 0;      // the next one of a command that has several
+  std::string printed_;      // by the last command that prints
   std::string failure_;
 };
 
