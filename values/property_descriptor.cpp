@@ -129,11 +129,11 @@ ChoiceFormat PropertyDescriptor::Choices() const {
 }
 
 void PropertyDescriptor::ReplaceType(WideString type) {
-  const bool editorFollows = editorName_ == type_ && !attributes_.Has(TextId::kPropEditor);
+  if (type.empty()) return;
   attributes_.Set(TextId::kType, type);
-  if (!available_ || type.empty()) return;
+  if (!available_) return;
   type_ = std::move(type);
-  if (editorFollows) editorName_ = type_;
+  InitEditor();
 }
 
 bool PropertyDescriptor::TestRange(const PropertyValue& value, WideString& message) const {

@@ -286,6 +286,15 @@ TEST_F(PropertyDescriptorTest, AReplacedTypeTakesItsEditorAlong) {
   EXPECT_EQ(own.EditorName(), u"Hex");
 }
 
+TEST_F(PropertyDescriptorTest, AReplacedTypeDoesNotOpenASecureProperty) {
+  PropertyDescriptor& property = MakeWithValue(u"", u"abcde", {{u"Security", u"1"}});
+  property.ReplaceType(u"Hex32");
+  EXPECT_EQ(property.Type(), u"Hex32");
+  EXPECT_EQ(property.EditorName(), u"None");
+  property.ReplaceType(u"");
+  EXPECT_EQ(property.Type(), u"Hex32");
+}
+
 TEST_F(PropertyDescriptorTest, AReplacedTypeDoesNotOpenAnUnavailableProperty) {
   PropertyDescriptor& property = Make({{u"OID", u"1.2"}, {u"Type", u"Hex"}});
   property.ReplaceType(u"Hex32");
