@@ -56,6 +56,8 @@ class BoxProcedure final : public platform::MessageHandler {
     }
   }
 
+  WindowHandle FocusBefore() const { return focusBefore_; }
+
  private:
   LResult Initialise(WindowHandle box) {
     focusBefore_ = platform::FocusedWindow();
@@ -90,7 +92,6 @@ class BoxProcedure final : public platform::MessageHandler {
 
   std::optional<LResult> OnCommand(WindowHandle box, int id) {
     if (id != platform::kIdOk && id != platform::kIdCancel) return std::nullopt;
-    platform::Focus(focusBefore_);
     if (id == platform::kIdOk) platform::Hide(box);
     platform::EndDialog(box, id == platform::kIdOk ? Answer() : values::kBoxCancelled);
     return 0;
@@ -120,7 +121,10 @@ int MessageBox::Show(WideStringView text, WideStringView caption, int kind) {
   BoxProcedure procedure(text, caption, kind);
   const auto& boxTemplate =
       TemplateFor(kind, platform::MeasureText(owner_, text), platform::ClientRect(owner_).Width());
-  return static_cast<int>(platform::RunDialog(boxTemplate, owner_, procedure));
+  const auto answer = static_cast<int>(platform::RunDialog(boxTemplate, owner_, procedure));
+  // Only now: while the box stood, its owner was disabled and took no focus.
+  platform::Focus(procedure.FocusBefore());
+  return answer;
 }
 
 }  // namespace app
