@@ -1,0 +1,53 @@
+#!/bin/bash
+# wine-script.sh BUILD SCRIPT ROOT [OPTIONS...]
+#
+# Plays a UI script against the real program under Wine, on a copy of the terminal's storage ROOT, and prints what the
+# script prints. OPTIONS are those of kelterm: --screen WxH and the SOURCE.
+#
+# Exit status: that of screen_driver; 124 when it took too long.
+set -eu
+
+build=$(cd "$1" && pwd)
+script=$(realpath "$2")
+root=$(cd "$3" && pwd)
+shift 3
+home=$(cd "$(dirname "$0")/.." && pwd)
+
+screen=240x320
+if [ "${1:-}" = --screen ]; then
+  screen=$2
+  shift 2
+fi
+# The size of the screen only tells the two layouts apart, and without a screen there is but one size.
+kind=screenless
+[ "${screen#*x}" -gt 213 ] || kind=screen
+
+work=$(mktemp -d "${TMPDIR:-/tmp}/kel-wine.XXXXXX")
+export WINEPREFIX=$work/prefix WINEDEBUG=-all LC_ALL=C.UTF-8
+x_server=
+finish() {
+  wineserver -k 2>/dev/null || true
+  [ -z "$x_server" ] || kill "$x_server" 2>/dev/null || true
+  rm -rf "$work"
+}
+trap finish EXIT
+
+unset DISPLAY
+if [ $kind = screen ]; then
+  exec 3<>"$work/display"
+  Xvfb -displayfd 3 -screen 0 "${screen}x24" -nolisten tcp >/dev/null 2>&1 &
+  x_server=$!
+  until [ -s "$work/display" ]; do sleep 0.05; done
+  DISPLAY=:$(head -1 "$work/display")
+  export DISPLAY
+fi
+
+cp -a "$root" "$work/root"
+KEL_RECORDER=$build/tests/windows/recorder.exe "$home/scripts/wine-copy.sh" "$build/wine/base-$kind" "$WINEPREFIX" \
+  "$work/root"
+
+cd "$work/root"
+status=0
+timeout "${KEL_LIMIT:-120}" wine "$build/simulator/windows/screen_driver.exe" \
+  "Z:${build//\//\\}\\app\\KelLocalCfg.exe" "Z:${script//\//\\}" "$@" || status=$?
+exit $status

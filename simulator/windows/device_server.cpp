@@ -1,0 +1,117 @@
+// The COM server for the simulated device: an in-process library that regsvr32 registers.
+#include "simulator/windows/com_object.h"
+#include "simulator/windows/device_objects.h"
+
+#include <olectl.h>
+
+#include <string>
+
+namespace simulator {
+namespace {
+
+using platform::win32::ComPointer;
+using platform::win32::ToApi;
+
+struct ServedClass {
+  const CLSID& id;
+  const wchar_t* name;
+  const wchar_t* progId;  // null: none
+  ComPointer<IUnknown> (*make)();
+};
+
+const ServedClass kClasses[] = {
+    {platform::win32::kSnmpConfigClass, L"Simulated SNMP configuration", nullptr, MakeSnmpConfig},
+    {kConfigPropertyClass, L"Simulated configuration properties", L"Valtorix.ConfigProperty", MakeConfigProperty},
+};
+
+class Factory final : public ComObject<IClassFactory, IID_IClassFactory> {
+ public:
+  explicit Factory(const ServedClass& served) : served_(served) {}
+
+  HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID id, void** out) override {
+    if (out == nullptr) return E_POINTER;
+    *out = nullptr;
+    if (outer != nullptr) return CLASS_E_NOAGGREGATION;
+    const auto object = served_.make();
+    return object ? object->QueryInterface(id, out) : E_FAIL;
+  }
+  HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) override {
+    liveObjects += lock ? 1 : -1;
+    return S_OK;
+  }
+
+ private:
+  const ServedClass& served_;
+};
+
+std::wstring TextOf(const CLSID& id) {
+  constexpr int kLength = 39;
+  wchar_t text[kLength] = {};
+  StringFromGUID2(id, text, kLength);
+  return text;
+}
+
+std::wstring ThisLibrary() {
+  HMODULE module = nullptr;
+  constexpr DWORD kByAddress = GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
+  GetModuleHandleExW(kByAddress, reinterpret_cast<const wchar_t*>(&ThisLibrary), &module);
+  std::wstring path(MAX_PATH, L'\0');
+  path.resize(GetModuleFileNameW(module, path.data(), MAX_PATH));
+  return path;
+}
+
+// A key below HKEY_CLASSES_ROOT with a text; its default one when `name` is null.
+bool Write(const std::wstring& key, const wchar_t* name, const std::wstring& text) {
+  const auto bytes = static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t));
+  return RegSetKeyValueW(HKEY_CLASSES_ROOT, key.c_str(), name, REG_SZ, text.c_str(), bytes) == ERROR_SUCCESS;
+}
+
+bool Register(const ServedClass& served) {
+  const std::wstring classId = TextOf(served.id);
+  const std::wstring key = L"CLSID\\" + classId;
+  // The utility's COM is multithreaded, so a server for apartments alone could not be called directly.
+  bool done = Write(key, nullptr, served.name) && Write(key + L"\\InprocServer32", nullptr, ThisLibrary()) &&
+              Write(key + L"\\InprocServer32", L"ThreadingModel", L"Both");
+  if (served.progId == nullptr) return done;
+  done = done && Write(key + L"\\ProgID", nullptr, served.progId);
+  return done && Write(served.progId, nullptr, served.name) &&
+         Write(std::wstring(served.progId) + L"\\CLSID", nullptr, classId);
+}
+
+void Unregister(const ServedClass& served) {
+  RegDeleteTreeW(HKEY_CLASSES_ROOT, (L"CLSID\\" + TextOf(served.id)).c_str());
+  if (served.progId != nullptr) RegDeleteTreeW(HKEY_CLASSES_ROOT, served.progId);
+}
+
+}  // namespace
+}  // namespace simulator
+
+extern "C" {
+
+HRESULT WINAPI DllGetClassObject(REFCLSID classId, REFIID interfaceId, void** out) {
+  if (out == nullptr) return E_POINTER;
+  *out = nullptr;
+  for (const auto& served : simulator::kClasses) {
+    if (!IsEqualCLSID(served.id, classId)) continue;
+    const platform::win32::ComPointer<IUnknown> factory(std::make_unique<simulator::Factory>(served).release());
+    return factory->QueryInterface(interfaceId, out);
+  }
+  return CLASS_E_CLASSNOTAVAILABLE;
+}
+
+HRESULT WINAPI DllCanUnloadNow() { return simulator::liveObjects == 0 ? S_OK : S_FALSE; }
+
+HRESULT WINAPI DllUnregisterServer() {
+  for (const auto& served : simulator::kClasses) simulator::Unregister(served);
+  return S_OK;
+}
+
+HRESULT WINAPI DllRegisterServer() {
+  for (const auto& served : simulator::kClasses) {
+    if (simulator::Register(served)) continue;
+    DllUnregisterServer();
+    return SELFREG_E_CLASS;
+  }
+  return S_OK;
+}
+}

@@ -1,0 +1,84 @@
+// screen_driver: plays a UI script against the utility on Windows and prints what the simulated terminal would.
+//
+//   screen_driver PROGRAM SCRIPT [SOURCE...]
+//
+// PROGRAM is the utility's executable, SCRIPT the script's file, SOURCE the utility's command line. The terminal's
+// storage is the current folder, which should be the root of a drive.
+//
+// Exit status: 0 the script ran to its end; 1 it failed; 2 unusable arguments.
+#include "base/utf8.h"
+#include "simulator/text_file.h"
+#include "simulator/windows/driver/program_driver.h"
+#include "simulator/windows/driver/restart_guard.h"
+
+#include <fcntl.h>
+#include <io.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <string>
+
+namespace simulator {
+namespace {
+
+enum Status { kRan = 0, kScriptFailed = 1, kUnusable = 2 };
+
+int Complain(Status status, const std::string& problem) {
+  std::fprintf(stderr, "%s\n", problem.c_str());
+  return status;
+}
+
+void Print(const std::string& text) {
+  std::fwrite(text.data(), 1, text.size(), stdout);
+  std::fflush(stdout);
+}
+
+// The rest of the arguments as one text.
+WideString CommandLine(int count, wchar_t** arguments, int first) {
+  WideString commandLine;
+  for (int i = first; i < count; ++i) {
+    if (i > first) commandLine += u" ";
+    commandLine += reinterpret_cast<const char16_t*>(arguments[i]);
+  }
+  return commandLine;
+}
+
+int Run(int count, wchar_t** arguments) {
+  if (count < 3) return Complain(kUnusable, "usage: screen_driver PROGRAM SCRIPT [SOURCE...]");
+  const std::filesystem::path scriptFile = arguments[2];
+  const std::string name = scriptFile.filename().string();
+  const auto text = ReadTextFile(scriptFile);
+  if (!text) return Complain(kUnusable, name + ": cannot be read");
+  Script script = ParseScript(*text);
+  if (script.brokenLine != 0) {
+    return Complain(kUnusable, name + ":" + std::to_string(script.brokenLine) + ": " + script.problem);
+  }
+
+  const std::filesystem::path deviceLog =
+      std::filesystem::temp_directory_path() / ("kel_device_" + std::to_string(GetCurrentProcessId()) + ".log");
+  SetEnvironmentVariableW(L"KEL_DEVICE_LOG", deviceLog.c_str());
+  int status = kRan;
+  {
+    const RestartGuard guard;
+    ProgramDriver driver({arguments[1], CommandLine(count, arguments, 3), deviceLog.wstring()});
+    ScriptPlayer player(std::move(script), name, driver, Print);
+    auto step = ScriptPlayer::Step::kInput;
+    while (step != ScriptPlayer::Step::kFinished) {
+      if (step != ScriptPlayer::Step::kRan && !driver.WaitUntilIdle()) break;
+      step = player.Next();
+    }
+    const std::string& failure = driver.Failure().empty() ? player.Failure() : driver.Failure();
+    if (!failure.empty()) status = Complain(kScriptFailed, failure);
+  }
+  std::error_code error;
+  std::filesystem::remove(deviceLog, error);
+  return status;
+}
+
+}  // namespace
+}  // namespace simulator
+
+int wmain(int count, wchar_t** arguments) {
+  _setmode(_fileno(stdout), _O_BINARY);
+  return simulator::Run(count, arguments);
+}
