@@ -6,6 +6,7 @@ namespace app {
 namespace {
 
 constexpr platform::FontSpec kFont{.face = u"System", .heightPx = 11, .weight = 400};
+constexpr int kAllLines = 100000;
 
 WideString Join(const std::vector<WideString>& lines) {
   WideString text;
@@ -43,8 +44,15 @@ std::optional<platform::LResult> TextPage::OnMessage(platform::WindowHandle, con
     case platform::message::kKeyDown:
       switch (message.wParam) {
         case platform::key::kEscape: platform::Post(owner_, ui::private_message::kCloseTextPage); return 0;
+        // The view moves and the caret stays, so no key may bring the caret into view again.
+        case platform::key::kPageDown:
         case platform::key::kDown: page_.ScrollPage(true); return 0;
+        case platform::key::kPageUp:
         case platform::key::kUp: page_.ScrollPage(false); return 0;
+        case platform::key::kHome: page_.ScrollLines(-kAllLines); return 0;
+        case platform::key::kEnd: page_.ScrollLines(kAllLines); return 0;
+        case platform::key::kLeft:
+        case platform::key::kRight:
         case platform::key::kEnter:
         case platform::key::kTab:
         case platform::key::kDelete:
