@@ -98,6 +98,7 @@ struct Debuggee::State {
 
   const DebuggeeSpec spec;
   OwnedHandle process;
+  OwnedHandle mainThread;
   DWORD processId = 0;
   DWORD mainThreadId = 0;
   std::uint64_t imageStart = 0;
@@ -163,7 +164,7 @@ bool Debuggee::State::Start() {
     return false;
   }
   process = OwnedHandle(information.hProcess);
-  const OwnedHandle firstThread(information.hThread);
+  mainThread = OwnedHandle(information.hThread);
   processId = information.dwProcessId;
   mainThreadId = information.dwThreadId;
   return true;
@@ -290,6 +291,18 @@ bool Debuggee::IsRunning() const { return !ExitStatus(); }
 std::optional<DWORD> Debuggee::ExitStatus() const {
   const std::lock_guard lock(state_->mutex);
   return state_->exitStatus;
+}
+
+bool Debuggee::WaitsForMessages() const {
+  // Dialogs look for messages first and only wait, by this call, when there are none.
+  static const FARPROC wait = GetProcAddress(GetModuleHandleW(L"win32u"), "NtUserGetMessage");
+  constexpr std::uint64_t kLengthOfCall = 32;
+  if (wait == nullptr || SuspendThread(state_->mainThread.Get()) == static_cast<DWORD>(-1)) return false;
+  CONTEXT context = {};
+  context.ContextFlags = CONTEXT_CONTROL;
+  const bool known = GetThreadContext(state_->mainThread.Get(), &context) != 0;
+  ResumeThread(state_->mainThread.Get());
+  return known && context.Rip - reinterpret_cast<std::uint64_t>(wait) < kLengthOfCall;
 }
 
 int Debuggee::WorkerThreads() const {

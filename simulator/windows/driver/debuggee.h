@@ -35,6 +35,8 @@ class Debuggee {
   DWORD MainThreadId() const;
   bool IsRunning() const;
   std::optional<DWORD> ExitStatus() const;  // nothing while it runs
+  // Whether the first thread, that of the windows, has found its queue of messages empty and waits.
+  bool WaitsForMessages() const;
   // Threads that the program itself started, without its first one.
   int WorkerThreads() const;
 

@@ -18,7 +18,14 @@ constexpr auto kPatience = std::chrono::seconds(60);
 constexpr auto kActivationPatience = std::chrono::seconds(2);
 constexpr DWORD kPollMs = 1;
 // One painting may have been under way when it was asked for.
-constexpr int kPaintingsToSee = 3;
+constexpr int kPaintingsToSee = 2;
+
+// Painting comes after everything else that a thread of windows has to do.
+void AskToPaint(HWND window) {
+  if (window != nullptr) RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_INTERNALPAINT | RDW_NOCHILDREN);
+}
+
+bool IsPainted(HWND window) { return !GetUpdateRect(window, nullptr, FALSE); }
 
 template <typename T>
 void Append(std::vector<T>& list, std::vector<T> more) {
@@ -49,9 +56,6 @@ void ProgramDriver::NoteEnd() {
 
 HWND ProgramDriver::ActiveWindow() const { return ThreadState(program_->MainThreadId()).hwndActive; }
 
-// Painting comes after everything else that a thread of windows has to do.
-bool ProgramDriver::IsPainted(HWND window) const { return !GetUpdateRect(window, nullptr, FALSE); }
-
 bool ProgramDriver::WaitUntilIdle() {
   const auto start = Clock::now();
   auto paintable = start;
@@ -71,19 +75,16 @@ bool ProgramDriver::WaitUntilIdle() {
     const auto windows = VisibleWindowsOf(program_->ProcessId());
     if (windows.empty()) paintable = Clock::now();
     // A window is active a little after it is seen, or never when another program is in front.
-    if (window == nullptr && !windows.empty() && Clock::now() - paintable > kActivationPatience)
-      window = windows.front();
-    if (window == nullptr || program_->WorkerThreads() > 0) {
+    const bool inBackground = window == nullptr && Clock::now() - paintable > kActivationPatience;
+    if (inBackground && !windows.empty()) window = windows.front();
+    const bool works = window == nullptr || !IsWindowVisible(window) || program_->WorkerThreads() > 0;
+    if (works || window != asked) {
+      asked = works ? nullptr : window;
       paintings = 0;
-      asked = nullptr;
-    } else if (window != asked) {
-      asked = window;
-      paintings = 0;
-      RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_INTERNALPAINT | RDW_NOCHILDREN);
-    } else if (IsPainted(window)) {
-      if (++paintings < kPaintingsToSee) {
-        RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_INTERNALPAINT | RDW_NOCHILDREN);
-      }
+      AskToPaint(asked);
+    } else if (IsPainted(window) && program_->WaitsForMessages()) {
+      ++paintings;
+      AskToPaint(window);
     }
     Sleep(kPollMs);
   }

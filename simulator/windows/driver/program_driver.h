@@ -29,7 +29,6 @@ class ProgramDriver final : public ScriptDriver {
   void Start();
   void NoteEnd();
   HWND ActiveWindow() const;
-  bool IsPainted(HWND window) const;
 
   const DebuggeeSpec spec_;
   std::unique_ptr<Debuggee> program_;

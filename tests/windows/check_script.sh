@@ -1,0 +1,25 @@
+#!/bin/bash
+# check_script.sh BUILD SCRIPT
+#
+# Plays a screen script against the real program and compares what it prints with the script's .expected file. The
+# script's comments "# root: FOLDER" and "# options: ..." say on which terminal, and how, the program is started.
+set -u
+
+build=$1
+script=$2
+home=$(cd "$(dirname "$0")/../.." && pwd)
+expected=${script%.script}.expected
+
+root=$(sed -n 's/^# root: *//p' "$script" | head -1)
+read -r -a options <<<"$(sed -n 's/^# options: *//p' "$script" | head -1)"
+printed=$(mktemp)
+trap 'rm -f "$printed"' EXIT
+
+"$home/scripts/wine-script.sh" "$build" "$script" "$home/${root:-examples/terminal}" "${options[@]}" >"$printed"
+status=$?
+if [ ! -f "$expected" ]; then
+  echo "$expected is missing" >&2
+  exit 1
+fi
+diff -u --label expected --label windows "$expected" "$printed" || exit 1
+exit $status
