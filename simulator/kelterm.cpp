@@ -12,6 +12,7 @@
 
 #include <clocale>
 #include <cstdio>
+#include <fstream>
 #include <iostream>
 #include <iterator>
 
@@ -40,10 +41,16 @@ std::filesystem::path Demonstration(bool reset, std::string& problem) {
   return root;
 }
 
+// Scripts may come through a pipe as well.
 std::optional<std::string> ReadScript(const std::string& name) {
+  const auto readAll = [](std::istream& input) {
+    return std::string(std::istreambuf_iterator<char>(input), std::istreambuf_iterator<char>());
+  };
   if (name.empty()) return std::string();
-  if (name != "-") return ReadTextFile(name);
-  return std::string(std::istreambuf_iterator<char>(std::cin), std::istreambuf_iterator<char>());
+  if (name == "-") return readAll(std::cin);
+  std::ifstream file(name, std::ios::binary);
+  if (!file || std::filesystem::is_directory(name)) return std::nullopt;
+  return readAll(file);
 }
 
 int Run(const Options& options) {

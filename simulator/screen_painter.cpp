@@ -12,7 +12,7 @@ namespace host = platform::host;
 namespace style = platform::style;
 using platform::WindowHandle;
 
-constexpr WideStringView kDeviceName = u" Valtorix terminal ";
+constexpr WideStringView kDeviceName = u"Valtorix terminal";
 constexpr int kHelpColumns = 20;
 
 const WideStringView kHelp[] = {
@@ -61,6 +61,14 @@ void PaintWindow(PaintedScreen& screen, const ScreenScale& scale, WindowHandle w
   }
 }
 
+// A text in the middle of one of the frame's edges.
+void PaintOnEdge(CellGrid& grid, const CellRect& frame, int row, WideStringView text) {
+  if (text.empty()) return;
+  const int left = frame.left + std::max(1, (frame.Width() - CellsOf(text) - 2) / 2);
+  const CellRect clip = Intersection({frame.left + 1, row, frame.right - 1, row + 1}, grid.Whole());
+  grid.Text(left, row, u" " + WideString(text) + u" ", CellStyle::kFrame, clip);
+}
+
 }  // namespace
 
 PaintedScreen PaintScreen(int columns, int rows, int screenWidthPx, int screenHeightPx) {
@@ -69,9 +77,7 @@ PaintedScreen PaintScreen(int columns, int rows, int screenWidthPx, int screenHe
   const CellRect& device = scale.Screen();
   const CellRect frame{device.left - 1, device.top - 1, device.right + 1, device.bottom + 1};
   screen.grid.Box(frame, CellStyle::kFrame, screen.grid.Whole());
-  const int indent = std::max(1, (frame.Width() - CellsOf(kDeviceName)) / 2);
-  screen.grid.Text(frame.left + indent, frame.top, kDeviceName, CellStyle::kFrame,
-                   Intersection(frame, screen.grid.Whole()));
+  PaintOnEdge(screen.grid, frame, frame.bottom - 1, kDeviceName);
   PaintHelp(screen.grid, frame.right + 1);
   bool isBottom = true;
   for (const WindowHandle window : host::TopLevelFromBottom()) {
@@ -79,6 +85,7 @@ PaintedScreen PaintScreen(int columns, int rows, int screenWidthPx, int screenHe
     // What lies below a window can be seen, but not typed into.
     screen.caret.reset();
     PaintWindow(screen, scale, window, isBottom);
+    if (isBottom) PaintOnEdge(screen.grid, frame, frame.top, platform::TextOf(window));
     isBottom = false;
   }
   return screen;
