@@ -15,9 +15,9 @@ class BlockList {
   const T& operator[](std::size_t index) const { return blocks_[index >> kBlockBits][index & kBlockMask]; }
   T& Back() { return (*this)[size_ - 1]; }
 
-  // A new element at the end, made as T().
+  // A new element at the end; of a type without constructors it is not initialised.
   T& Add() {
-    if ((size_ & kBlockMask) == 0) blocks_.push_back(std::make_unique<T[]>(kBlockMask + 1));
+    if ((size_ & kBlockMask) == 0) blocks_.push_back(std::make_unique_for_overwrite<T[]>(kBlockMask + 1));
     return (*this)[size_++];
   }
 

@@ -8,30 +8,40 @@
 
 namespace config {
 
-// Holds for a unit that is `value` once the bits of `ignored` are set in it: one comparison for up to two units.
-struct UnitTest {
-  std::uint16_t ignored = 0;
-  std::uint16_t value = 0;
-};
+using UnitVector [[gnu::vector_size(16)]] = std::int16_t;
 
-// Bit i tells whether one of the tests holds for units[i]; Count units are read, a multiple of 8 up to 64.
-template <std::size_t Count, typename... Tests>
-inline std::uint64_t UnitMask(const char16_t* units, Tests... tests) {
-  static_assert(Count % 8 == 0 && Count <= 64);
-  using Vector [[gnu::vector_size(16)]] = std::uint16_t;
-  constexpr auto spread = [](std::uint16_t n) { return Vector{n, n, n, n, n, n, n, n}; };
-  const Vector bits = {1, 2, 4, 8, 16, 32, 64, 128};
-  std::uint64_t mask = 0;
-  for (std::size_t i = 0; i < Count; i += 8) {
-    Vector eight;
-    std::memcpy(&eight, units + i, sizeof(eight));
-    const Vector hits = (... | (Vector)((eight | spread(tests.ignored)) == spread(tests.value))) & bits;
-    std::uint64_t halves[2];
-    std::memcpy(halves, &hits, sizeof(halves));
-    // The product adds up the four numbers of 16 bits in its highest one.
-    mask |= (((halves[0] | halves[1]) * 0x0001000100010001) >> 48) << i;
-  }
-  return mask;
+constexpr UnitVector SpreadUnit(char16_t unit) {
+  const auto n = static_cast<std::int16_t>(unit);
+  return UnitVector{n, n, n, n, n, n, n, n};
+}
+
+inline UnitVector LoadUnits(const char16_t* units) {
+  UnitVector vector;
+  std::memcpy(&vector, units, sizeof(vector));
+  return vector;
+}
+
+// Bit i tells whether place i of the two vectors, one behind the other, holds -1; all others hold 0.
+inline std::uint64_t MaskOf(UnitVector first, UnitVector second) {
+  constexpr UnitVector kLow = {1, 2, 4, 8, 16, 32, 64, 128};
+  constexpr UnitVector kHigh = {0x100, 0x200, 0x400, 0x800, 0x1000, 0x2000, 0x4000, -0x8000};
+  const UnitVector bits = (first & kLow) | (second & kHigh);
+  std::uint64_t halves[2];
+  std::memcpy(halves, &bits, sizeof(halves));
+  // No bit is there twice, so the product adds up the four numbers of 16 bits in its highest one.
+  return ((halves[0] | halves[1]) * 0x0001000100010001) >> 48;
+}
+
+// Bit i tells whether test(vector) holds for units[i], of 16 units or 64.
+template <typename Test>
+inline std::uint64_t UnitMask16(const char16_t* units, Test test) {
+  return MaskOf(test(LoadUnits(units)), test(LoadUnits(units + 8)));
+}
+
+template <typename Test>
+inline std::uint64_t UnitMask64(const char16_t* units, Test test) {
+  return UnitMask16(units, test) | UnitMask16(units + 16, test) << 16 | UnitMask16(units + 32, test) << 32 |
+         UnitMask16(units + 48, test) << 48;
 }
 
 }  // namespace config

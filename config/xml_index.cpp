@@ -19,8 +19,9 @@ constexpr struct {
 XmlText WithReferences(WideStringView raw) {
   constexpr std::size_t kStep = 16;
   for (std::size_t at = 0; at < raw.size(); at += kStep) {
-    const auto first = static_cast<std::size_t>(std::countr_zero(UnitMask<kStep>(raw.data() + at, UnitTest{0, u'&'})));
-    if (first < kStep) return {raw, first < raw.size() - at};
+    const std::uint64_t mask =
+        UnitMask16(raw.data() + at, [](UnitVector v) -> UnitVector { return v == SpreadUnit(u'&'); });
+    if (mask != 0) return {raw, static_cast<std::size_t>(std::countr_zero(mask)) < raw.size() - at};
   }
   return {raw, false};
 }
@@ -51,7 +52,7 @@ WideString XmlText::Decoded() const {
 void XmlIndex::Clear() {
   text_ = {};
   elements_.Clear();
-  elements_.Add();  // the document
+  elements_.Add() = {};  // the document
   error_.clear();
 }
 

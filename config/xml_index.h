@@ -14,13 +14,13 @@ namespace config {
 // Positions are indexes into the text, the last three fields indexes of elements; 0 stands for none (of the parent: for
 // the document).
 struct XmlElement {
-  std::uint32_t startTagStart = 0;  // "<"
-  std::uint32_t startTagEnd = 0;    // ">"
-  std::uint32_t endTagStart = 0;    // "<"; of an empty element its "/"
-  std::uint32_t endTagEnd = 0;      // ">"
-  std::uint32_t parentIndex = 0;
-  std::uint32_t firstChildIndex = 0;
-  std::uint32_t nextSiblingIndex = 0;
+  std::uint32_t startTagStart;  // "<"
+  std::uint32_t startTagEnd;    // ">"
+  std::uint32_t endTagStart;    // "<"; of an empty element its "/"
+  std::uint32_t endTagEnd;      // ">"
+  std::uint32_t parentIndex;
+  std::uint32_t firstChildIndex;
+  std::uint32_t nextSiblingIndex;
 };
 
 // A piece of the text. When it holds "&" it may have entity references in it that Decoded() replaces.

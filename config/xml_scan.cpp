@@ -3,10 +3,12 @@
 #include "config/xml_index.h"
 #include "config/xml_tokens.h"
 
+#include <algorithm>
+#include <array>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
+#include <span>
 
 namespace config {
 namespace {
@@ -51,158 +53,172 @@ std::size_t EndOfNode(WideStringView text, std::size_t at) {
   return EndOfDeclaration(text, at);
 }
 
-// Goes through the "<" and ">" of a text in order.
+// The places of the "<" and ">" of a stretch of the text, in order. Collecting them ahead of their use keeps the loop
+// below free of branches that cannot be foreseen.
 class AngleBrackets {
  public:
-  explicit AngleBrackets(WideStringView text) : text_(text) { LoadBlock(); }
+  explicit AngleBrackets(WideStringView text) : text_(text) {}
 
-  // The next one, the size of the text behind the last.
-  std::size_t Next() {
-    while (mask_ == 0) {
-      if (block_ + kBlock >= text_.size()) return text_.size();
-      block_ += kBlock;
-      LoadBlock();
+  // Those of the next stretch; when there are none any more, the size of the text.
+  std::span<const std::uint32_t> NextStretch() {
+    std::uint32_t* end = places_.data();
+    while (end == places_.data() && at_ < text_.size()) {
+      for (std::size_t block = 0; block < kBlocks && at_ < text_.size(); ++block, at_ += kBlock) end = AddBlock(end);
     }
-    const std::size_t at = block_ + static_cast<std::size_t>(std::countr_zero(mask_));
-    mask_ &= mask_ - 1;
-    return at;
+    if (end == places_.data()) *end++ = static_cast<std::uint32_t>(text_.size());
+    return {places_.data(), end};
   }
 
-  std::size_t Next(char16_t bracket) {
-    std::size_t at = Next();
-    while (at < text_.size() && text_[at] != bracket) at = Next();
-    return at;
-  }
-
-  // Goes on from here, which is not before where it is.
-  void GoTo(std::size_t at) {
-    if (at >= text_.size()) {
-      block_ = text_.size();
-      mask_ = 0;
-      return;
-    }
-    block_ = at / kBlock * kBlock;
-    LoadBlock();
-    mask_ &= ~std::uint64_t{0} << (at - block_);
-  }
+  // The next stretch begins not before here.
+  void GoTo(std::size_t at) { at_ = std::max(at_, at); }
 
  private:
   static constexpr std::size_t kBlock = 64;
+  static constexpr std::size_t kBlocks = 16;
+  static constexpr std::size_t kAtOnce = 4;  // as many as most blocks have
 
-  void LoadBlock() { mask_ = text_.empty() ? 0 : UnitMask<kBlock>(text_.data() + block_, UnitTest{2, u'>'}); }
+  std::uint32_t* AddBlock(std::uint32_t* end) {
+    std::uint64_t mask = UnitMask64(text_.data() + at_, [](UnitVector v) -> UnitVector {
+      return (v | SpreadUnit(u'<' ^ u'>')) == SpreadUnit(u'>');
+    });
+    const std::size_t count = BitCount(mask);
+    for (std::size_t i = 0; i < kAtOnce; ++i) Add(end[i], mask);
+    for (std::size_t i = kAtOnce; i < count; ++i) Add(end[i], mask);
+    return end + count;
+  }
+
+  void Add(std::uint32_t& place, std::uint64_t& mask) const {
+    place = static_cast<std::uint32_t>(at_) + static_cast<std::uint32_t>(std::countr_zero(mask));
+    mask &= mask - 1;
+  }
+
+  // As std::popcount, which calls a function where the processor may lack the instruction.
+  static std::size_t BitCount(std::uint64_t bits) {
+    bits -= (bits >> 1) & 0x5555555555555555;
+    bits = (bits & 0x3333333333333333) + ((bits >> 2) & 0x3333333333333333);
+    bits = (bits + (bits >> 4)) & 0x0F0F0F0F0F0F0F0F;
+    return static_cast<std::size_t>((bits * 0x0101010101010101) >> 56);
+  }
 
   const WideStringView text_;
-  std::size_t block_ = 0;   // where the block begins
-  std::uint64_t mask_ = 0;  // those of the block that are still to come
+  std::size_t at_ = 0;
+  std::array<std::uint32_t, kBlock * kBlocks + kAtOnce> places_;
 };
 
-class Scan {
- public:
-  Scan(WideStringView text, BlockList<XmlElement>& elements) : text_(text), brackets_(text), elements_(elements) {}
+// Whether an end tag that has `length` units between its "/" and its next ">" repeats the start tag from behind its "<"
+// on, up to a delimiter: what nearly all end tags do. Without quotes that ">" is then its end.
+bool RepeatsStartTag(const char16_t* startTag, const char16_t* endTag, std::size_t length) {
+  constexpr std::size_t kUnits = 16;
+  if (length - 1 >= kUnits || IsXmlBlank(endTag[0]) || !IsXmlDelimiter(startTag[length])) return false;
+  const auto unfit = [](UnitVector start, UnitVector end) -> UnitVector {
+    return (start != end) | ((end | SpreadUnit(5)) == SpreadUnit(u'"' | u'\''));  // and some other units beside quotes
+  };
+  const UnitVector first = unfit(LoadUnits(startTag), LoadUnits(endTag));
+  const UnitVector second = unfit(LoadUnits(startTag + 8), LoadUnits(endTag + 8));
+  return (MaskOf(first, second) << (64 - length)) == 0;
+}
 
-  XmlScanResult Run() {
-    while (error_ == XmlError::kNone && !done_) ReadTag();
-    return {error_, open_};
-  }
-
- private:
-  // From the next "<" on: a start tag, an end tag or a node that is passed over.
-  void ReadTag() {
-    const std::size_t start = brackets_.Next(u'<');
-    if (start == text_.size()) return Fail(XmlError::kTagNotFound);
-    std::size_t token = start + 1;
-    if (token < text_.size() && IsXmlBlank(text_[token])) token = SkipXmlBlanks(text_, token);
-    if (token == text_.size()) return Fail(XmlError::kAbruptEnd);
-    switch (text_[token]) {
-      case u'"':
-      case u'\'': return Fail(XmlError::kQuotedTag);
-      case u'?':
-      case u'!': return PassOver(token);
-      case u'/': return Close(start, token + 1);
-      default: return Open(start, token);
-    }
-  }
-
-  void PassOver(std::size_t at) {
-    const std::size_t end = EndOfNode(text_, at);
-    if (end == kNotFound) return Fail(XmlError::kInvalidNode);
-    brackets_.GoTo(end);
-  }
-
-  void Open(std::size_t start, std::size_t token) {
-    std::size_t end = brackets_.Next(u'>');
-    if (end == token) end = brackets_.Next(u'>');  // the first one is the tag name itself
-    if (end == text_.size()) return Fail(XmlError::kTagNotClosed);
-    const auto index = static_cast<std::uint32_t>(elements_.Size());
-    XmlElement& element = elements_.Add();
-    element.startTagStart = static_cast<std::uint32_t>(start);
-    element.startTagEnd = static_cast<std::uint32_t>(end);
-    element.parentIndex = open_;
-    (previous_ != 0 ? elements_[previous_].nextSiblingIndex : elements_[open_].firstChildIndex) = index;
-    if (text_[end - 1] == u'/') {
-      element.endTagStart = static_cast<std::uint32_t>(end - 1);
-      element.endTagEnd = static_cast<std::uint32_t>(end);
-      previous_ = index;
-      done_ = open_ == XmlIndex::kDocument;
-    } else {
-      open_ = index;
-      previous_ = 0;
-    }
-  }
-
-  // The end tag at `start`, `name` being behind its "/".
-  void Close(std::size_t start, std::size_t name) {
-    if (open_ == XmlIndex::kDocument) return Fail(XmlError::kBeginsWithEndTag);
-    XmlElement& element = elements_[open_];
-    std::size_t end = brackets_.Next(u'>');
-    if (!IsPlainEndTag(element.startTagStart + 1, name, end))
-      end = ReadEndTag(TagNameAt(text_, element.startTagStart), name);
-    if (end == text_.size()) return;
-    element.endTagStart = static_cast<std::uint32_t>(start);
-    element.endTagEnd = static_cast<std::uint32_t>(end);
-    previous_ = open_;
-    open_ = element.parentIndex;
-    done_ = open_ == XmlIndex::kDocument;
-  }
-
-  // Whether just the name of the start tag, of 1 to 15 units and right behind its "<", stands between `name` and `end`:
-  // what nearly all end tags look like.
-  bool IsPlainEndTag(std::size_t startName, std::size_t name, std::size_t end) const {
-    const std::size_t length = UnitsBeforeDelimiter(text_.data() + startName);
-    if (length == 0 || length > 15 || end - name != length) return false;
-    return std::memcmp(text_.data() + startName, text_.data() + name, length * sizeof(char16_t)) == 0;
-  }
-
-  // Any end tag; its tokens behind the name do not count. Answers where its ">" is, or fails and gives the text's size.
-  std::size_t ReadEndTag(WideStringView tagName, std::size_t at) {
-    XmlToken token = ReadXmlToken(text_, at);
-    if (!token.missing && !token.Is(u'>')) {
-      if (!XmlTokenEquals(token.text, tagName)) {
-        Fail(XmlError::kOtherEndTag);
-        return text_.size();
-      }
-      while (!token.missing && !token.Is(u'>')) token = ReadXmlToken(text_, token.end);
-      if (!token.missing) {
-        brackets_.GoTo(token.end);
-        return token.end - 1;
-      }
-    }
-    Fail(XmlError::kEndTagNotCompleted);
-    return text_.size();
-  }
-
-  void Fail(XmlError error) { error_ = error; }
-
-  const WideStringView text_;
-  AngleBrackets brackets_;
-  BlockList<XmlElement>& elements_;
-  std::uint32_t open_ = XmlIndex::kDocument;  // the innermost element that is open
-  std::uint32_t previous_ = 0;                // the last element that was closed inside it, 0: none yet
-  bool done_ = false;
-  XmlError error_ = XmlError::kNone;
+struct EndTag {
+  XmlError error = XmlError::kNone;
+  std::size_t end = 0;  // its ">"
 };
+
+// Any end tag, from behind its "/". Its tokens behind the name do not count.
+EndTag ReadEndTag(WideStringView text, std::size_t at, WideStringView tagName) {
+  XmlToken token = ReadXmlToken(text, at);
+  if (token.missing || token.Is(u'>')) return {XmlError::kEndTagNotCompleted};
+  if (!XmlTokenEquals(token.text, tagName)) return {XmlError::kOtherEndTag};
+  while (!token.missing && !token.Is(u'>')) token = ReadXmlToken(text, token.end);
+  if (token.missing) return {XmlError::kEndTagNotCompleted};
+  return {XmlError::kNone, token.end - 1};
+}
 
 }  // namespace
+
+// All that changes from tag to tag is kept in local variables, and slow cases are functions that know nothing of them:
+// this is the loop that decides how soon the first menu is on the screen.
+XmlScanResult ScanElements(WideStringView text, BlockList<XmlElement>& elements) {
+  const char16_t* const units = text.data();
+  AngleBrackets brackets(text);
+  const std::uint32_t* place = nullptr;
+  const std::uint32_t* placesEnd = nullptr;
+  const auto next = [&](char16_t bracket) -> std::size_t {
+    for (;;) {
+      if (place == placesEnd) {
+        const std::span<const std::uint32_t> stretch = brackets.NextStretch();
+        place = stretch.data();
+        placesEnd = place + stretch.size();
+      }
+      const std::size_t at = *place++;
+      if (units[at] == bracket || at == text.size()) return at;
+    }
+  };
+  const auto goTo = [&](std::size_t at) {
+    while (place != placesEnd && *place < at) ++place;
+    if (place == placesEnd) brackets.GoTo(at);
+  };
+
+  std::uint32_t openIndex = XmlIndex::kDocument;  // the innermost element that is open
+  XmlElement* open = &elements[openIndex];
+  std::uint32_t* link = &open->firstChildIndex;  // where the next element inside it is entered
+
+  for (;;) {
+    const std::size_t start = next(u'<');
+    if (start == text.size()) return {XmlError::kTagNotFound, openIndex};
+    std::size_t token = start + 1;
+    if (IsXmlBlank(units[token])) token = SkipXmlBlanks(text, token);
+    if (token == text.size()) return {XmlError::kAbruptEnd, openIndex};
+
+    const char16_t first = units[token];
+    if (first == u'/') {
+      if (openIndex == XmlIndex::kDocument) return {XmlError::kBeginsWithEndTag, openIndex};
+      std::size_t end = next(u'>');
+      const std::size_t name = token + 1;
+      if (!RepeatsStartTag(units + open->startTagStart + 1, units + name, end - name)) {
+        const EndTag endTag = ReadEndTag(text, name, TagNameAt(text, open->startTagStart));
+        if (endTag.error != XmlError::kNone) return {endTag.error, openIndex};
+        end = endTag.end;
+        goTo(end + 1);
+      }
+      open->endTagStart = static_cast<std::uint32_t>(start);
+      open->endTagEnd = static_cast<std::uint32_t>(end);
+      link = &open->nextSiblingIndex;
+      openIndex = open->parentIndex;
+      open = &elements[openIndex];
+      if (openIndex == XmlIndex::kDocument) return {};
+    } else if (first == u'?' || first == u'!') {
+      const std::size_t end = EndOfNode(text, token);
+      if (end == kNotFound) return {XmlError::kInvalidNode, openIndex};
+      goTo(end);
+    } else if (first == u'"' || first == u'\'') {
+      return {XmlError::kQuotedTag, openIndex};
+    } else {
+      std::size_t end = next(u'>');
+      if (end == token) end = next(u'>');  // the first one is the tag name itself
+      if (end == text.size()) return {XmlError::kTagNotClosed, openIndex};
+      const auto index = static_cast<std::uint32_t>(elements.Size());
+      XmlElement& element = elements.Add();
+      *link = index;
+      element.startTagStart = static_cast<std::uint32_t>(start);
+      element.startTagEnd = static_cast<std::uint32_t>(end);
+      element.endTagStart = 0;
+      element.endTagEnd = 0;
+      element.parentIndex = openIndex;
+      element.firstChildIndex = 0;
+      element.nextSiblingIndex = 0;
+      if (units[end - 1] == u'/') {
+        element.endTagStart = static_cast<std::uint32_t>(end - 1);
+        element.endTagEnd = static_cast<std::uint32_t>(end);
+        link = &element.nextSiblingIndex;
+        if (openIndex == XmlIndex::kDocument) return {};
+      } else {
+        link = &element.firstChildIndex;
+        openIndex = index;
+        open = &element;
+      }
+    }
+  }
+}
 
 WideStringView TextOf(XmlError error) {
   switch (error) {
@@ -223,12 +239,9 @@ WideStringView TextOf(XmlError error) {
   return {};
 }
 
-XmlScanResult ScanElements(WideStringView text, BlockList<XmlElement>& elements) { return Scan(text, elements).Run(); }
-
 WideStringView TagNameAt(WideStringView text, std::uint32_t start) {
-  const std::size_t length = UnitsBeforeDelimiter(text.data() + start + 1);
-  if (length == 0 || length > 15) return ReadXmlToken(text, start + 1).text;
-  return text.substr(start + 1, length);
+  const std::size_t length = PlainTokenLength(text.data() + start + 1);
+  return length != 0 ? text.substr(start + 1, length) : ReadXmlToken(text, start + 1).text;
 }
 
 }  // namespace config

@@ -50,12 +50,15 @@ inline XmlToken ReadXmlToken(WideStringView text, std::size_t at) {
   return {text.substr(start, end - start), false, false, end};
 }
 
-// How many of the 16 units at `units` come before the first delimiter.
-inline std::size_t UnitsBeforeDelimiter(const char16_t* units) {
-  const std::uint64_t delimiters =
-      UnitMask<16>(units, UnitTest{2, u'>'}, UnitTest{2, u'?'}, UnitTest{1, u'!'}, UnitTest{0, u'/'},
-                   UnitTest{0, u'\\'}, UnitTest{0, u'\t'}, UnitTest{0, u'\n'}, UnitTest{0, u'\r'});
-  return static_cast<std::size_t>(std::countr_zero(delimiters | (1 << 16)));
+// The length of the token that begins at `units`, of which 16 can be read, when it is short and has none but the most
+// usual units; else 0.
+inline std::size_t PlainTokenLength(const char16_t* units) {
+  const std::uint64_t unusual = UnitMask16(units, [](UnitVector v) -> UnitVector {
+    return (v < SpreadUnit(u'0')) | ((v & SpreadUnit(0xFFFC)) == SpreadUnit(u'<')) | (v == SpreadUnit(u'\\'));
+  });
+  if (unusual == 0) return 0;
+  const auto length = static_cast<std::size_t>(std::countr_zero(unusual));
+  return units[length] == u'>' || IsXmlDelimiter(units[length]) ? length : 0;
 }
 
 // A token equals a name that begins with it and then ends, or goes on with a blank, "=", "/" or "[".
