@@ -1,4 +1,8 @@
-// Date and time pickers: one field of the format is selected, the keys change it.
+// Date and time pickers: the arrows select one field of the format, the keys change it.
+//
+// The small habits of the desktop's control are kept, because a program can tell: no field is selected until the first
+// Right, Left steps out before the first field, Home and End both give a field's greatest value, and a value that a
+// field cannot take is sometimes reported as a change.
 #include "platform/host/date_format.h"
 #include "platform/host/painting.h"
 #include "platform/host/plain_window.h"
@@ -10,10 +14,12 @@ namespace platform::host {
 namespace {
 
 constexpr WideStringView kDefaultFormat = u"M/d/yyyy";
-constexpr int kFirstYear = 1752;
+constexpr int kFirstYear = 1753;
 constexpr int kLastYear = 9999;
 constexpr int kGotFocus = -7;
 constexpr int kLostFocus = -8;
+constexpr int kNoField = -1;
+constexpr int kFarthestLeft = -1000;
 
 // What lParam of the change notification points to, as Windows lays it out.
 struct ChangeNotification {
@@ -22,10 +28,13 @@ struct ChangeNotification {
   SystemTime time;
 };
 
+std::uint16_t Part(int value) { return static_cast<std::uint16_t>(value); }
+
 class DateTimePicker : public PickerBehaviour {
  public:
   LResult Handle(WindowRecord& window, const Message& message) override {
     switch (message.id) {
+      case message::kCreate: Update(window); return 0;
       case message::kPickerGetSystemTime:
         if (auto* time = FromParam<SystemTime>(message.lParam)) *time = time_;
         return 0;
@@ -34,38 +43,39 @@ class DateTimePicker : public PickerBehaviour {
       case message::kSetText: return 0;
       case message::kGetDialogCode: return dialog_code::kWantArrows | dialog_code::kWantChars;
       case message::kSetFocus:
-        window.needsPaint = true;
+        field_ = kNoField;
         Notify(window, kGotFocus);
+        window.needsPaint = true;
         return 0;
       case message::kKillFocus:
-        ApplyTyped(window);
-        window.needsPaint = true;
         Notify(window, kLostFocus);
+        TakeTyped(window);
+        window.needsPaint = true;
         return 0;
       case message::kLeftButtonDown: Focus(window.handle); return 0;
       case message::kKeyDown: return OnKeyDown(window, message.wParam);
       case message::kChar: return OnCharacter(window, static_cast<char16_t>(message.wParam));
       case message::kEnable: window.needsPaint = true; return 0;
       case message::kPaint: PaintControl(window, message::kControlColorEdit); return 0;
-      case message::kCreate: Update(window); return 0;
       default: return HandlePlainMessage(window, message);
     }
   }
 
   PickerState State() const override {
     PickerState state;
-    for (std::size_t i = 0; i < fields_.size(); ++i) {
-      const bool isSelected = i == selected_ && fields_[i].CanBeEdited();
-      if (isSelected) state.fieldStart = static_cast<int>(state.shown.size());
-      state.shown += isSelected && !typed_.empty() ? typed_ : FormatField(fields_[i], time_);
-      if (isSelected) state.fieldEnd = static_cast<int>(state.shown.size());
+    const DateField* const selected = Selected();
+    for (const DateField& field : fields_) {
+      if (&field == selected) state.fieldStart = static_cast<int>(state.shown.size());
+      state.shown += FormatField(field, time_);
+      if (&field == selected) state.fieldEnd = static_cast<int>(state.shown.size());
     }
     state.time = time_;
+    state.typed = typed_;
     return state;
   }
 
  private:
-  // The window's text is what it shows.
+  // The window's text is the value, without digits that are not taken over yet.
   void Update(WindowRecord& window) {
     window.text = State().shown;
     window.needsPaint = true;
@@ -73,8 +83,9 @@ class DateTimePicker : public PickerBehaviour {
 
   LResult SetTime(WindowRecord& window, const SystemTime* time) {
     if (time == nullptr || !IsDateAndTime(*time)) return 0;
+    if (time->year < kFirstYear || time->year > kLastYear) return 1;  // accepted, and not shown
     time_ = *time;
-    time_.dayOfWeek = static_cast<std::uint16_t>(DayOfWeek(time_.year, time_.month, time_.day));
+    time_.dayOfWeek = Part(DayOfWeek(time_.year, time_.month, time_.day));
     Update(window);
     return 1;
   }
@@ -82,8 +93,6 @@ class DateTimePicker : public PickerBehaviour {
   LResult SetFormat(WindowRecord& window, WideStringView format) {
     fields_ = ParseDateFormat(format.empty() ? kDefaultFormat : format);
     typed_.clear();
-    selected_ = 0;
-    if (!HasField()) Step(1);
     Update(window);
     return 1;
   }
@@ -96,21 +105,23 @@ class DateTimePicker : public PickerBehaviour {
   }
 
   void Changed(WindowRecord& window) {
-    time_.day = static_cast<std::uint16_t>(std::min<int>(time_.day, DaysInMonth(time_.year, time_.month)));
-    time_.dayOfWeek = static_cast<std::uint16_t>(DayOfWeek(time_.year, time_.month, time_.day));
+    time_.dayOfWeek = Part(DayOfWeek(time_.year, time_.month, time_.day));
     Update(window);
     Notify(window, notification::kPickerDateTimeChange);
   }
 
-  bool HasField() const { return selected_ < fields_.size() && fields_[selected_].CanBeEdited(); }
-
-  // To the next field that can be edited, round the ends.
-  void Step(int direction) {
-    const std::size_t count = fields_.size();
-    for (std::size_t tried = 0; tried < count; ++tried) {
-      selected_ = (selected_ + (direction > 0 ? 1 : count - 1)) % count;
-      if (HasField()) return;
+  // field_ counts the fields that can be edited.
+  const DateField* Selected() const {
+    int index = 0;
+    for (const DateField& field : fields_) {
+      if (field.CanBeEdited() && index++ == field_) return &field;
     }
+    return nullptr;
+  }
+
+  void SelectNext() {
+    ++field_;
+    if (field_ >= 0 && Selected() == nullptr) field_ = 0;
   }
 
   struct Bounds {
@@ -127,103 +138,126 @@ class DateTimePicker : public PickerBehaviour {
     }
   }
 
-  std::uint16_t* PartOf(DatePart part) {
+  std::uint16_t& ValueOf(DatePart part) {
     switch (part) {
-      case DatePart::kYear: return &time_.year;
-      case DatePart::kMonth: return &time_.month;
-      case DatePart::kDay: return &time_.day;
-      case DatePart::kHour:
-      case DatePart::kHalfDay: return &time_.hour;
-      case DatePart::kMinute: return &time_.minute;
-      case DatePart::kSecond: return &time_.second;
-      default: return nullptr;
+      case DatePart::kYear: return time_.year;
+      case DatePart::kMonth: return time_.month;
+      case DatePart::kDay: return time_.day;
+      case DatePart::kMinute: return time_.minute;
+      case DatePart::kSecond: return time_.second;
+      default: return time_.hour;
     }
   }
 
-  void Increase(WindowRecord& window, int delta) {
-    const DatePart part = fields_[selected_].part;
-    std::uint16_t& value = *PartOf(part);
-    if (part == DatePart::kHalfDay) {
-      value = static_cast<std::uint16_t>((value + 12) % 24);
-    } else {
-      const Bounds bounds = BoundsOf(part);
-      int next = value + delta;
-      if (next > bounds.last) next = part == DatePart::kYear ? bounds.last : bounds.first;
-      if (next < bounds.first) next = part == DatePart::kYear ? bounds.first : bounds.last;
-      value = static_cast<std::uint16_t>(next);
+  // Half a day on or back; past an end of the day it goes to the other end.
+  void MoveHalfDay(int delta) {
+    const int next = time_.hour + 12 * delta;
+    time_.hour = Part(next > 23 ? 0 : next < 0 ? 23 : next);
+  }
+
+  void Increase(const DateField& field, int delta) {
+    if (field.part == DatePart::kHalfDay) return MoveHalfDay(delta);
+    if (field.part == DatePart::kYear && field.letters == 3) return;  // a year in three letters knows no arrows
+    const Bounds bounds = BoundsOf(field.part);
+    int next = ValueOf(field.part) + delta;
+    if (next > bounds.last) next = field.part == DatePart::kYear ? bounds.last : bounds.first;
+    if (next < bounds.first) next = field.part == DatePart::kYear ? bounds.first : bounds.last;
+    ValueOf(field.part) = Part(next);
+    if (time_.day > DaysInMonth(time_.year, time_.month)) time_.day = 1;
+  }
+
+  void SetGreatest(const DateField& field, bool end) {
+    if (field.part == DatePart::kHalfDay) {
+      if (end) MoveHalfDay(-1);
+    } else if (field.part != DatePart::kYear || field.letters != 3) {
+      ValueOf(field.part) = Part(BoundsOf(field.part).last);
+      if (time_.day > DaysInMonth(time_.year, time_.month)) time_.day = 1;
     }
-    Changed(window);
   }
 
   LResult OnKeyDown(WindowRecord& window, WParam virtualKey) {
-    if (!HasField()) return 0;
     switch (virtualKey) {
       case key::kLeft:
+        TakeTyped(window);
+        field_ = std::max(field_ - 1, kFarthestLeft);
+        window.needsPaint = true;
+        return 0;
       case key::kRight:
-        ApplyTyped(window);
-        Step(virtualKey == key::kRight ? 1 : -1);
-        Update(window);
+        TakeTyped(window);
+        SelectNext();
+        window.needsPaint = true;
         return 0;
       case key::kUp:
       case key::kDown:
-        ApplyTyped(window);
-        Increase(window, virtualKey == key::kUp ? 1 : -1);
-        return 0;
       case key::kHome:
-      case key::kEnd: {
-        ApplyTyped(window);
-        const DatePart part = fields_[selected_].part;
-        const Bounds bounds = BoundsOf(part);
-        if (part != DatePart::kHalfDay)
-          *PartOf(part) = static_cast<std::uint16_t>(virtualKey == key::kHome ? bounds.first : bounds.last);
-        Changed(window);
-        return 0;
-      }
+      case key::kEnd: break;
       default: return 0;
     }
-  }
-
-  LResult OnCharacter(WindowRecord& window, char16_t character) {
-    if (!HasField()) return 0;
-    const DateField& field = fields_[selected_];
-    if (field.part == DatePart::kHalfDay) {
-      const char16_t half = base::ToUpper(character);
-      if (half != u'A' && half != u'P') return 0;
-      time_.hour = static_cast<std::uint16_t>(time_.hour % 12 + (half == u'P' ? 12 : 0));
-      Changed(window);
-      return 0;
+    typed_.clear();
+    if (const DateField* field = Selected()) {
+      if (virtualKey == key::kUp || virtualKey == key::kDown) {
+        Increase(*field, virtualKey == key::kUp ? 1 : -1);
+      } else {
+        SetGreatest(*field, virtualKey == key::kEnd);
+      }
     }
-    if (!base::IsDigit(character)) return 0;
-    typed_ += character;
-    const std::size_t most = field.part == DatePart::kYear && field.letters > 2 ? 4 : 2;
-    if (typed_.size() >= most) {
-      ApplyTyped(window);
-    } else {
-      Update(window);
-    }
+    Changed(window);
     return 0;
   }
 
-  // Digits that give no value of the field are dropped.
-  void ApplyTyped(WindowRecord& window) {
-    if (typed_.empty() || !HasField()) return;
+  LResult OnCharacter(WindowRecord& window, char16_t character) {
+    const DateField* const field = Selected();
+    if (field != nullptr && field->part == DatePart::kHalfDay) {
+      const char16_t half = base::ToUpper(character);
+      if (half == u'A' || half == u'P') time_.hour = Part(time_.hour % 12 + (half == u'P' ? 12 : 0));
+      Changed(window);
+      return 0;
+    }
+    if (field == nullptr || !base::IsDigit(character)) return 0;
+    typed_ += character;
+    const std::size_t most = field->part == DatePart::kYear && field->letters > 2 ? 4 : 2;
+    const bool noMoreCanFollow = field->part == DatePart::kHour && character > u'2';
+    if (typed_.size() >= most || noMoreCanFollow) TakeTyped(window);
+    window.needsPaint = true;
+    return 0;
+  }
+
+  void TakeTyped(WindowRecord& window) {
+    const DateField* const field = Selected();
+    if (typed_.empty() || field == nullptr) return;
     int value = 0;
     for (const char16_t digit : typed_) value = value * 10 + (digit - u'0');
     typed_.clear();
-    const DateField& field = fields_[selected_];
-    if (field.part == DatePart::kYear && field.letters <= 2) value += time_.year - time_.year % 100;
-    if (field.twelveHours) {
-      if (value < 1 || value > 12) return Update(window);
-      value = value % 12 + (time_.hour >= 12 ? 12 : 0);
+    if (SetValue(*field, value)) Changed(window);
+  }
+
+  // Whether the field reports a change; some do when they have refused the value.
+  bool SetValue(const DateField& field, int value) {
+    if (field.part == DatePart::kHour && field.twelveHours) {
+      SetTwelveHours(value);
+      return true;
     }
+    if (field.part == DatePart::kMonth && field.letters > 2) return true;  // names are not typed
+    if (field.part == DatePart::kYear && field.letters <= 2) value += time_.year - time_.year % 100;
     const Bounds bounds = BoundsOf(field.part);
-    if (value < bounds.first || value > bounds.last) return Update(window);
-    *PartOf(field.part) = static_cast<std::uint16_t>(value);
-    Changed(window);
+    if (value < bounds.first || value > bounds.last) return field.part == DatePart::kYear;
+    ValueOf(field.part) = Part(value);
+    time_.day = Part(std::min<int>(time_.day, DaysInMonth(time_.year, time_.month)));
+    return true;
+  }
+
+  // The half of the day stays, unless the number itself names an hour of the second half.
+  void SetTwelveHours(int value) {
+    if (value >= 24) value -= 20;
+    if (value > 12) {
+      time_.hour = Part(value);
+    } else if (value > 0) {
+      time_.hour = Part(value % 12 + (time_.hour >= 12 ? 12 : 0));
+    }
   }
 
   std::vector<DateField> fields_ = ParseDateFormat(kDefaultFormat);
-  std::size_t selected_ = 0;
+  int field_ = kNoField;
   SystemTime time_ = LocalTime();
   WideString typed_;
 };

@@ -70,6 +70,7 @@ struct PickerState {
   SystemTime time;
   int fieldStart = 0;  // the selected field in `shown`; equal when none is
   int fieldEnd = 0;
+  WideString typed;  // digits for that field that are not taken over yet
 };
 std::optional<PickerState> PickerStateOf(WindowHandle window);
 

@@ -31,8 +31,7 @@ struct DialogUnits {
 };
 
 DialogUnits UnitsOf(const DialogTemplate& dialog) {
-  const int heightPx = Scale(dialog.fontPoints, 96, 72);
-  return {dialog.fontFace.empty() ? &SystemFont() : &FontFor(dialog.fontFace, heightPx, 400)};
+  return {dialog.fontFace.empty() ? &SystemFont() : &FontForPoints(dialog.fontFace, dialog.fontPoints)};
 }
 
 // The place is in the owner's client area, or on the screen; the dialog is moved so that it is seen whole if it can.

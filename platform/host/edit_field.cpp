@@ -11,6 +11,7 @@ namespace {
 
 constexpr int kDefaultLimit = 30000;
 constexpr int kTextTooLong = 0x0501;
+constexpr int kFramePx = 1;  // of the border that FrameOf() counts
 constexpr message::Id kGetPasswordChar = 0x00D2;
 constexpr message::Id kGetLimitText = 0x00D5;
 constexpr message::Id kClear = 0x0303;
@@ -70,10 +71,15 @@ class EditField : public EditBehaviour {
   static bool IsMultiLine(const WindowRecord& window) { return window.Has(style::kEditMultiLine); }
   static bool IsReadOnly(const WindowRecord& window) { return window.Has(style::kEditReadOnly); }
   static int Length(const WindowRecord& window) { return static_cast<int>(window.text.size()); }
-  static int WidthPx(const WindowRecord& window) { return window.ClientArea().Width(); }
-  static int LinesPerPage(const WindowRecord& window) {
-    return std::max(1, window.ClientArea().Height() / window.FontInUse().metrics->heightPx);
+  // A field draws its border inside its client area, and keeps a margin with the fonts that scale.
+  static int WidthPx(const WindowRecord& window) {
+    return window.ClientArea().Width() - 2 * (BorderPx(window) + window.FontInUse().metrics->editMarginPx);
   }
+  static int LinesPerPage(const WindowRecord& window) {
+    const int heightPx = window.ClientArea().Height() - 2 * BorderPx(window);
+    return std::max(1, heightPx / window.FontInUse().metrics->heightPx);
+  }
+  static int BorderPx(const WindowRecord& window) { return window.Has(style::kBorder) ? 2 - kFramePx : 0; }
 
   static std::vector<EditLine> Lines(const WindowRecord& window) {
     if (!IsMultiLine(window)) return {{0, Length(window), 0}};
@@ -132,7 +138,6 @@ class EditField : public EditBehaviour {
     } else {
       anchor_ = start < 0 || start > length ? length : start;
       caret_ = end < 0 || end > length ? length : end;
-      if (anchor_ > caret_) std::swap(anchor_, caret_);
     }
     window.needsPaint = true;
   }
@@ -196,6 +201,7 @@ class EditField : public EditBehaviour {
   }
 
   void Replace(WindowRecord& window, WideStringView text, bool honourLimit) {
+    if (anchor_ == caret_ && text.empty()) return;
     const auto start = static_cast<std::size_t>(std::min(anchor_, caret_));
     const auto removed = static_cast<std::size_t>(std::abs(anchor_ - caret_));
     const auto limit = static_cast<std::size_t>(limit_);
@@ -215,12 +221,11 @@ class EditField : public EditBehaviour {
     }
     if (tooLong) NotifyParent(window, kTextTooLong);
     if (start + removed > window.text.size()) return;  // the parent changed the text meanwhile
-    const bool changes = removed != 0 || !text.empty();
     window.text = with(text);
     anchor_ = caret_ = static_cast<int>(start + text.size());
     window.needsPaint = true;
     ShowCaret(window);
-    if (!changes) return;
+    // Reported even when the limit left nothing of what was typed.
     NotifyParent(window, notification::kEditUpdate);
     NotifyParent(window, notification::kEditChange);
   }

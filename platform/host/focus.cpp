@@ -114,8 +114,7 @@ WindowHandle FocusedWindow() { return CurrentSession().focused; }
 WindowHandle ActiveWindow() { return CurrentSession().active; }
 
 void Activate(WindowHandle window) {
-  const auto record = Find(window);
-  if (record && !record->Has(style::kDisabled)) SetActive(window);
+  if (Find(window)) SetActive(window);
 }
 
 void BringToForeground(WindowHandle window) {

@@ -122,7 +122,7 @@ class ListBox : public ListBehaviour {
       --selected_;
     }
     caret_ = std::clamp(caret_, 0, Count() - 1);
-    SetTop(window, top_);
+    window.needsPaint = true;
     return Count();
   }
 
@@ -149,12 +149,11 @@ class ListBox : public ListBehaviour {
   }
 
   LResult SetSelection(WindowRecord& window, int index) {
-    if (index < -1 || index >= Count()) {
-      selected_ = -1;
-      return kError;
+    if (index < -1 || index >= Count()) return kError;
+    if (index >= 0) {
+      caret_ = index;
+      MakeVisible(window, index);
     }
-    caret_ = std::max(index, 0);
-    if (index >= 0) MakeVisible(window, index);
     selected_ = index;
     window.needsPaint = true;
     return selected_;
@@ -206,15 +205,18 @@ class ListBox : public ListBehaviour {
     const int index = top_ + y / std::max(1, itemHeight_);
     if (y < 0 || index >= Count()) return 0;
     SetSelection(window, index);
-    pressed_ = true;
-    doubleClicked_ = message.id == message::kLeftButtonDoubleClick;
+    if (message.id == message::kLeftButtonDoubleClick) {
+      Notify(window, notification::kListDoubleClick);
+    } else {
+      pressed_ = true;
+    }
     return 0;
   }
 
   LResult OnButtonUp(WindowRecord& window) {
     if (!pressed_) return 0;
     pressed_ = false;
-    Notify(window, doubleClicked_ ? notification::kListDoubleClick : notification::kListSelectionChange);
+    Notify(window, notification::kListSelectionChange);
     return 0;
   }
 
@@ -236,7 +238,6 @@ class ListBox : public ListBehaviour {
   int caret_ = 0;
   int itemHeight_ = 16;
   bool pressed_ = false;
-  bool doubleClicked_ = false;
 };
 
 }  // namespace

@@ -44,14 +44,14 @@ void ShowSystemMessage(WideStringView text, WideStringView caption) {
   constexpr WideStringView kFace = u"Tahoma";
   constexpr int kButtonWidth = 50;
   constexpr int kButtonHeight = 14;
-  const TextSize size = Measure(host::FontFor(kFace, 11, 400), text);
+  const TextSize size = Measure(host::FontForPoints(kFace, 8), text);
   const int textWidth = std::clamp(size.widthPx * 4 / 6 + 1, kButtonWidth, 144);
   const int textHeight = 8 * (size.lines + size.widthPx * 4 / 6 / 144);
   const int width = textWidth + 12;
   const std::array<DialogControl, 2> controls{{
-      {kTextId, u"Static", text, style::kVisible, 6, 6, textWidth, textHeight},
       {kIdCancel, u"Button", u"OK", style::kVisible | style::kTabStop | style::kButtonDefault,
        (width - kButtonWidth) / 2, textHeight + 12, kButtonWidth, kButtonHeight},
+      {kTextId, u"Static", text, style::kVisible, 6, 6, textWidth, textHeight},
   }};
   DialogTemplate box;
   box.caption = caption;

@@ -12,7 +12,8 @@ namespace platform::host {
 struct FontMetrics {
   int heightPx;
   int averageWidthPx;
-  int dialogUnitX;  // pixels of four horizontal dialog units; eight vertical ones are heightPx
+  int dialogUnitX;   // pixels of four horizontal dialog units; eight vertical ones are heightPx
+  int editMarginPx;  // that edit fields keep free at both sides
   std::array<std::uint8_t, 95> ascii;
   std::array<std::uint8_t, 96> latin;
 };
@@ -26,6 +27,7 @@ struct Font {
 
 // Null and unknown faces give the system font.
 const Font& FontFor(WideStringView face, int heightPx, int weight);
+const Font& FontForPoints(WideStringView face, int points);
 const Font& SystemFont();
 // The font behind the wParam of message::kSetFont; null when it is none.
 const Font* FontFromParam(WParam parameter);

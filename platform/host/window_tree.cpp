@@ -50,12 +50,22 @@ Rect InitialRect(const WindowSpec& spec) {
   return {left, top, left + width, top + height};
 }
 
-// A window and all below it, parents before their children.
-std::vector<WindowHandle> TreeOf(WindowHandle window) {
-  std::vector<WindowHandle> tree{window};
-  for (std::size_t i = 0; i < tree.size(); ++i) {
-    if (const auto record = Find(tree[i])) tree.insert(tree.end(), record->children.begin(), record->children.end());
+// A window and all below it, parents before their children, or after them.
+std::vector<WindowHandle> TreeOf(WindowHandle window, bool parentsFirst) {
+  std::vector<WindowHandle> tree;
+  std::vector<WindowHandle> pending{window};
+  while (!pending.empty()) {
+    tree.push_back(pending.back());
+    pending.pop_back();
+    const auto record = Find(tree.back());
+    if (!record) continue;
+    if (parentsFirst) {
+      pending.insert(pending.end(), record->children.rbegin(), record->children.rend());
+    } else {
+      pending.insert(pending.end(), record->children.begin(), record->children.end());
+    }
   }
+  if (!parentsFirst) std::reverse(tree.begin(), tree.end());
   return tree;
 }
 
@@ -71,7 +81,7 @@ void Unlink(WindowRecord& record) {
 
 // Every window hears of its end before the first one is gone.
 void SendDestroy(WindowHandle window) {
-  for (const WindowHandle each : TreeOf(window)) {
+  for (const WindowHandle each : TreeOf(window, true)) {
     if (!Find(each)) continue;
     if (CurrentSession().active == each) ActivateAnother(each);
     Send(each, message::kDestroy);
@@ -79,11 +89,10 @@ void SendDestroy(WindowHandle window) {
 }
 
 void RemoveTree(WindowHandle window) {
-  std::vector<WindowHandle> tree = TreeOf(window);
-  for (auto each = tree.rbegin(); each != tree.rend(); ++each) {
-    const auto record = Find(*each);
+  for (const WindowHandle each : TreeOf(window, false)) {
+    const auto record = Find(each);
     if (!record) continue;
-    Send(*each, message::kNonClientDestroy);
+    Send(each, message::kNonClientDestroy);
     Unlink(*record);
   }
 }
@@ -143,7 +152,7 @@ void SetVisibleBit(WindowRecord& window, bool visible) {
 }
 
 void InvalidateTree(WindowHandle window) {
-  for (const WindowHandle each : TreeOf(window)) {
+  for (const WindowHandle each : TreeOf(window, true)) {
     if (const auto record = Find(each)) record->needsPaint = true;
   }
 }
