@@ -1,0 +1,240 @@
+#include "rules/apply_changes.h"
+
+#include "tests/rules/rules_fixture.h"
+
+namespace {
+
+using tests::Group;
+using tests::Journal;
+using tests::Property;
+using tests::Tag;
+
+// An edit that logs what is asked of it.
+class Edit final : public rules::OpenEdit {
+ public:
+  explicit Edit(Journal& journal) : journal_(journal) {}
+
+  bool Commit() override {
+    journal_.emplace_back(u"commit");
+    return commits;
+  }
+  void PutBack() override { journal_.emplace_back(u"put back"); }
+  void ClearEdited() override { journal_.emplace_back(u"clear"); }
+
+  bool commits = true;
+
+ private:
+  Journal& journal_;
+};
+
+class ApplyTest : public tests::RulesTest {
+ protected:
+  void SetUp() override {
+    fake_.Put(u"1", u"1");
+    fake_.Put(u"2", u"2");
+    Build(Property("a", "1", "Integer") + Property("b", "2", "Integer"));
+  }
+
+  bool Apply(rules::OpenEdit* edit = nullptr) { return rules_.applier.ApplyChanges(outcome_, edit); }
+
+  int outcome_ = -1;
+  Edit edit_dialog_{journal_};
+};
+
+TEST_F(ApplyTest, SendsWhatIsPendingAndPulsesEachEventOnce) {
+  rules_.queue.Add(u"1", u"Integer", u"5");
+  rules_.queue.Add(u"2", u"Integer", u"6");
+  events_.Add(u"Changed");
+  events_.Add(u"Radio");
+  events_.Add(u"Changed");
+  EXPECT_TRUE(Apply());
+  EXPECT_EQ((Journal{u"set 1 Integer 5", u"set 2 Integer 6", u"pulse Changed", u"pulse Radio"}), TakeJournal());
+  EXPECT_EQ(0, outcome_);
+  EXPECT_TRUE(changes_.empty());
+  EXPECT_TRUE(Apply());
+  EXPECT_EQ(Journal(), TakeJournal());
+}
+
+TEST_F(ApplyTest, AFailureGoesOnWithTheRestAndStillPulses) {
+  fake_[u"1"].setResult = platform::kAccessDenied;
+  rules_.queue.Add(u"1", u"Integer", u"5");
+  rules_.queue.Add(u"2", u"Integer", u"6");
+  events_.Add(u"Changed");
+  EXPECT_FALSE(Apply());
+  EXPECT_EQ((Journal{u"set 1 Integer 5 refused", u"box Error: An error occurred.  Change was not saved. [48]",
+                     u"set 2 Integer 6", u"pulse Changed"}),
+            TakeJournal());
+}
+
+TEST_F(ApplyTest, AnOpenEditIsCommittedFirstAndClearedAfterwards) {
+  rules_.queue.Add(u"1", u"Integer", u"5");
+  edit_.firstEdited = Item(u"a").Descriptor();
+  EXPECT_TRUE(Apply(&edit_dialog_));
+  EXPECT_EQ((Journal{u"commit", u"set 1 Integer 5", u"clear"}), TakeJournal());
+  EXPECT_EQ(nullptr, edit_.firstEdited);
+}
+
+TEST_F(ApplyTest, AnEditThatCannotBeCommittedStopsTheApply) {
+  rules_.queue.Add(u"1", u"Integer", u"5");
+  events_.Add(u"Changed");
+  edit_dialog_.commits = false;
+  EXPECT_FALSE(Apply(&edit_dialog_));
+  EXPECT_EQ((Journal{u"commit", u"box Error: An error occurred.  Change was not saved. [4]"}), TakeJournal());
+  EXPECT_EQ(1U, changes_.size());
+}
+
+TEST_F(ApplyTest, AFailedEditIsPutBack) {
+  fake_[u"1"].setResult = platform::kAccessDenied;
+  rules_.queue.Add(u"1", u"Integer", u"5");
+  EXPECT_FALSE(Apply(&edit_dialog_));
+  EXPECT_EQ((Journal{u"commit", u"set 1 Integer 5 refused",
+                     u"box Error: An error occurred.  Change was not saved. [48]", u"put back", u"clear"}),
+            TakeJournal());
+}
+
+TEST_F(ApplyTest, OutcomesHaveTheirWords) {
+  const struct {
+    int outcome;
+    WideString box;
+  } cases[] = {
+      {0, u"Changes applied successfully [65537]"},
+      {1,
+       u"The next time the adapter is used it will have the new settings. If the adapter is currently in the device "
+       u"you can suspend and then resume the device to have the changes take affect. [16]"},
+      {2, u"These settings will take affect after the next warm/cold boot. [16]"},
+      {3, u"You have entered an address that is missing its subnet mask. Please add a subnet mask. [16]"},
+      {4, u"Changes applied successfully [16]"},
+      {5, u"Changes applied successfully [16]"},
+      {-1, u"Changes applied successfully [16]"},
+  };
+  for (const auto& c : cases) {
+    rules_.applier.ShowApplyResult(c.outcome);
+    EXPECT_EQ((Journal{u"box Apply: " + c.box}), TakeJournal()) << c.outcome;
+  }
+}
+
+TEST_F(ApplyTest, LeavingWithNothingPendingAsksNothing) {
+  EXPECT_TRUE(rules_.applier.ConfirmLeaving());
+  EXPECT_EQ(Journal(), TakeJournal());
+}
+
+TEST_F(ApplyTest, LeavingWithPendingChangesDoesAsAnswered) {
+  const WideString question = u"box :  [3]";
+  const struct {
+    int answer;
+    bool leaves;
+    bool refused;
+    Journal journal;
+    std::size_t pending;
+  } cases[] = {
+      {101, true, false, {question, u"set 1 Integer 5", u"pulse Changed"}, 0},
+      {101,
+       false,
+       true,
+       {question, u"set 1 Integer 5 refused", u"box Error: An error occurred.  Change was not saved. [48]",
+        u"pulse Changed"},
+       0},
+      {102, true, false, {question}, 0},
+      {2, false, false, {question}, 1},
+      {-1, false, false, {question}, 1},
+  };
+  for (const auto& c : cases) {
+    rules_.queue.Clear();
+    rules_.queue.Add(u"1", u"Integer", u"5");
+    events_.Clear();
+    events_.Add(u"Changed");
+    fake_[u"1"].setResult = c.refused ? platform::kFailed : platform::kOk;
+    boxes_.answers = {c.answer};
+    EXPECT_EQ(c.leaves, rules_.applier.ConfirmLeaving()) << c.answer;
+    EXPECT_EQ(c.journal, TakeJournal()) << c.answer;
+    EXPECT_EQ(c.pending, changes_.size()) << c.answer;
+  }
+}
+
+class RestoreTest : public tests::RulesTest {
+ protected:
+  Journal Restore() {
+    rules_.applier.RestoreAllDefaults();
+    return TakeJournal();
+  }
+};
+
+TEST_F(RestoreTest, SendsDefaultsThenExitRulesAndShowsThem) {
+  fake_.Put(u"1", u"1");
+  fake_.Put(u"2", u"192.168.0.1");
+  fake_.Put(u"3", u"0");
+  Build(Group("menu", Tag("DisplayName", "menu") + Tag("_OnExit", "IfChanges:3|Integer|5677765") +
+                          Property("mode", "1", "Integer", Tag("DefVal", "2") + Tag("ChoiceFmt", "1#Off|2#On")) +
+                          Property("address", "2", "IP Address", Tag("DefVal", "10.0.0.1"))) +
+        Property("command", "3", "Integer") + Property("free", "4", "Integer"));
+  EXPECT_EQ((Journal{u"set 1 Integer 2", u"set 2 IP Address 10.0.0.1", u"set 3 Integer 5677765",
+                     u"box Apply: Changes applied successfully [65537]"}),
+            Restore());
+  EXPECT_EQ(u"mode  <On>", Item(u"menu\\mode").LineText());
+  EXPECT_EQ(u"address  <10.0.0.1>", Item(u"menu\\address").LineText());
+  EXPECT_EQ(u"command  <5677765>", Item(u"command").LineText());
+}
+
+TEST_F(RestoreTest, ARefusedDefaultKeepsWhatStoodBefore) {
+  fake_.Put(u"1", u"1");
+  fake_.Put(u"2", u"1");
+  Build(Property("a", "1", "Integer", Tag("DefVal", "7") + Tag("_OnError", "Not a.")) +
+        Property("b", "2", "Integer", Tag("DefVal", "8")));
+  fake_[u"1"].setResult = platform::kAccessDenied;
+  EXPECT_EQ((Journal{u"set 1 Integer 7 refused", u"box Error: Not a. [48]", u"set 2 Integer 8",
+                     u"box Error: An error occurred restoring all factory defaults. [48]", u"focus"}),
+            Restore());
+  EXPECT_EQ(u"a  <1>", Item(u"a").LineText());
+  EXPECT_EQ(u"1", Item(u"a").Descriptor()->GetValue().AsText());
+  EXPECT_FALSE(Item(u"a").Descriptor()->IsChanged());
+  EXPECT_EQ(u"b  <8>", Item(u"b").LineText());
+}
+
+TEST_F(RestoreTest, WhatTheRulesHideIsNotRestored) {
+  fake_.Put(u"1", u"1");
+  fake_.Put(u"2", u"1");
+  Build(Property("a", "1", "Integer", Tag("DefVal", "7") + Tag("Dependency", "2|Integer|1|NoDisplay")) +
+        Property("b", "2", "Integer", Tag("DefVal", "8") + Tag("Dependency", "IF b EQ 1 THEN NoDisplay")));
+  EXPECT_EQ((Journal{u"set 2 Integer 8", u"box Apply: Changes applied successfully [65537]"}), Restore());
+  EXPECT_EQ(model::DisplayState::kNormal, Item(u"a").State());
+}
+
+TEST_F(RestoreTest, APseudoPropertyTakesItsDefaultWithoutACall) {
+  Build(Property("a", "_Local", "Integer", Tag("DefVal", "7")));
+  EXPECT_EQ((Journal{u"box Apply: Changes applied successfully [65537]"}), Restore());
+  EXPECT_EQ(u"a  <7>", Item(u"a").LineText());
+}
+
+TEST_F(RestoreTest, ACommandsFieldsFollowItsDefault) {
+  fake_.Put(u"7", u"AABBB");
+  Build(Property(
+            "cmd", "7", "ReaderCmd",
+            Tag("CmdString", "2,2,3") + Tag("DefVal", "00111") + Tag("Ordinal", "1") + Tag("Dependency", "x|y|AAZZZ")) +
+        Group("f", Tag("DisplayName", "f") + Tag("CmdOID", "7:1") + Tag("Ordinal", "2") + Tag("Type", "Octet String")) +
+        Group("g", Tag("DisplayName", "g") + Tag("CmdOID", "7:2") + Tag("Ordinal", "3") + Tag("Type", "Integer")));
+  EXPECT_EQ(u"g  <BBB>", Item(u"g").LineText());
+  EXPECT_EQ((Journal{u"set 7 ReaderCmd AA111", u"box Apply: Changes applied successfully [65537]"}), Restore());
+  EXPECT_EQ(u"f  <AA>", Item(u"f").LineText());
+  EXPECT_EQ(u"g  <111>", Item(u"g").LineText());
+}
+
+TEST_F(RestoreTest, AWepKeyDefaultIsSentAsItsKindAsks) {
+  fake_.Put(u"1", u"");
+  Build(Property("a", "1", "Hex", Tag("DefVal", "abcde") + Tag("WEP", "Hidden")));
+  const Journal journal = Restore();
+  ASSERT_EQ(2U, journal.size());
+  EXPECT_EQ(u"set 1 Hex 6162636465", journal[0]);
+  EXPECT_EQ(u"a  <Hidden>", Item(u"a").LineText());
+}
+
+TEST_F(RestoreTest, WithoutADeviceNothingIsLost) {
+  fake_.Put(u"1", u"1");
+  Build(Property("a", "1", "Integer", Tag("DefVal", "7")));
+  device_.Release();
+  fake_.reachable = false;
+  Restore();
+  EXPECT_EQ(u"a  <1>", Item(u"a").LineText());
+  EXPECT_EQ(u"1", fake_.TextOf(u"1"));
+}
+
+}  // namespace

@@ -1,0 +1,179 @@
+#include "rules/config_store.h"
+
+#include "rules/summary.h"
+#include "tests/rules/rules_fixture.h"
+
+#include <fstream>
+
+namespace {
+
+using tests::Group;
+using tests::Property;
+using tests::Tag;
+
+std::string Bytes(WideStringView text) {
+  std::string bytes;
+  for (const char16_t unit : text) {
+    bytes.push_back(static_cast<char>(unit & 0xFF));
+    bytes.push_back(static_cast<char>(unit >> 8));
+  }
+  return bytes;
+}
+
+class StoreTest : public tests::RulesTest {
+ protected:
+  bool Store() { return rules::StoreConfig(rules_context_); }
+  std::string Stored() const { return FileText("CfgSettings.txt"); }
+
+  rules::Context rules_context_{model_, device_, symbols_, changes_, events_, edit_, boxes_, shell_, flashWrite_};
+};
+
+TEST_F(StoreTest, OnePropertyIsThreeRecordsAndALineFeedAndNothingAfterThem) {
+  fake_.Put(u"1.2", u"5");
+  Build(Property("a", "1.2", "Integer"));
+  EXPECT_TRUE(Store());
+  const WideString expected = u"<Tag>R\\a<\\Tag>\n<Tag>1.2<\\Tag><Tag>5<\\Tag>";
+  EXPECT_EQ(Bytes(expected), Stored());
+  EXPECT_EQ(expected.size() * 2, Stored().size());
+}
+
+TEST_F(StoreTest, UnitsAreWrittenLowByteFirst) {
+  fake_.Put(u"1.2", u"\u20AC\U0001F600");
+  Build(Property("a", "1.2", "Octet String"));
+  EXPECT_TRUE(Store());
+  const std::string stored = Stored();
+  EXPECT_NE(std::string::npos, stored.find(std::string("\xAC\x20\x3D\xD8\x00\xDE", 6)));
+  EXPECT_EQ(std::string("<\0T\0", 4), stored.substr(0, 4));
+}
+
+TEST_F(StoreTest, PropertiesFollowOneAnotherInTheOrderOfTheSource) {
+  fake_.Put(u"1", u"10.0.0.1");
+  fake_.Put(u"2", u"two");
+  fake_.Put(u"3", u"three");
+  Build(Group("menu", Property("b", "2", "Octet String", Tag("Ordinal", "2") + Property("below", "3", "Octet String")) +
+                          Property("a", "1", "IP Address", Tag("Ordinal", "1")) + Group("empty", "")) +
+        Property("c", "3", "Octet String") + Group("field", Tag("CmdOID", "2:1")));
+  EXPECT_TRUE(Store());
+  // What stands below a property is not written.
+  EXPECT_EQ(Bytes(u"<Tag>R\\menu\\b<\\Tag>\n<Tag>2<\\Tag><Tag>two<\\Tag>"
+                  u"<Tag>R\\menu\\a<\\Tag>\n<Tag>1<\\Tag><Tag>167772161<\\Tag>"
+                  u"<Tag>R\\c<\\Tag>\n<Tag>3<\\Tag><Tag>three<\\Tag>"),
+            Stored());
+}
+
+TEST_F(StoreTest, ValuesAreReadAnewAndUnreadOnesAreEmpty) {
+  fake_.Put(u"1", u"1");
+  Build(Property("a", "1", "Integer") + Property("b", "2", "Integer") + Property("l", "_Local", "Integer"));
+  Item(u"a").Descriptor()->SetNewValue(values::PropertyValue::OfInteger(9));  // an edit that is not applied
+  fake_.Put(u"1", u"4");
+  EXPECT_TRUE(Store());
+  EXPECT_EQ(Bytes(u"<Tag>R\\a<\\Tag>\n<Tag>1<\\Tag><Tag>4<\\Tag>"
+                  u"<Tag>R\\b<\\Tag>\n<Tag>2<\\Tag><Tag><\\Tag>"
+                  u"<Tag>R\\l<\\Tag>\n<Tag>_Local<\\Tag><Tag><\\Tag>"),
+            Stored());
+  EXPECT_EQ(Item(u"a").Descriptor(), model_.FindDescriptor(u"1"));
+  EXPECT_EQ(u"9", Item(u"a").Descriptor()->GetValue().AsText());
+}
+
+TEST_F(StoreTest, NothingToWriteGivesAnEmptyFile) {
+  Build(Group("menu", Group("empty", "")));
+  EXPECT_TRUE(Store());
+  EXPECT_EQ("", Stored());
+}
+
+// A registry tree: absolute names lead to keys elsewhere, and here back to the start.
+class RegistryStoreTest : public StoreTest {
+ protected:
+  void BuildFromRegistry() {
+    using platform::host::RegistryTree;
+    RegistryTree& registry = terminal_.Registry();
+    RegistryTree::SetText(registry.Add(RegistryTree::kLocalMachine, u"Menu\\a"), u"OID", u"1");
+    RegistryTree::SetText(registry.Add(RegistryTree::kLocalMachine, u"Menu\\a"), u"Type", u"Integer");
+    auto& menu = registry.Add(RegistryTree::kLocalMachine, u"Menu");
+    RegistryTree::SetText(menu, u"Descendent", u"sub\\HKEY_LOCAL_MACHINE");
+    fake_.Put(u"1", u"5");
+    const auto tree = std::make_shared<const config::PDataStore>(
+        u"HKEY_LOCAL_MACHINE", nullptr, std::span<const WideString>(), config::PDataStore::kWholeTree);
+    ASSERT_TRUE(model_.Build(tree, u"HKEY_LOCAL_MACHINE"));
+  }
+};
+
+TEST_F(RegistryStoreTest, AnAbsoluteNameIsThePathItself) {
+  BuildFromRegistry();
+  platform::OutputFile file(u"\\out.txt");
+  EXPECT_TRUE(rules::WriteConfigTree(rules_context_, u"HKEY_LOCAL_MACHINE\\Menu", file));
+  EXPECT_TRUE(file.Commit());
+  EXPECT_EQ(Bytes(u"<Tag>HKEY_LOCAL_MACHINE\\Menu\\a<\\Tag>\n<Tag>1<\\Tag><Tag>5<\\Tag>"), FileText("out.txt"));
+}
+
+TEST_F(StoreTest, AnAbsoluteNameIsWrittenWithItsNameAlone) {
+  fake_.Put(u"1", u"5");
+  // The child's key is found under its own name: the tree holds it as a key of that path.
+  Build(Group("HKEY_x", Tag("OID", "9")) + Property("a", "1", "Integer"));
+  EXPECT_TRUE(Store());
+  EXPECT_EQ(Bytes(u"<Tag>R\\a<\\Tag>\n<Tag>1<\\Tag><Tag>5<\\Tag>"), Stored());
+}
+
+TEST_F(StoreTest, AnUnknownPathWritesNothing) {
+  Build(Property("a", "1", "Integer"));
+  platform::OutputFile file(u"\\out.txt");
+  EXPECT_TRUE(rules::WriteConfigTree(rules_context_, u"R\\nowhere", file));
+  EXPECT_TRUE(file.Commit());
+  EXPECT_EQ("", FileText("out.txt"));
+}
+
+TEST_F(StoreTest, AFileThatCannotBeReplacedStaysAsItWas) {
+  Build(Property("a", "1", "Integer"));
+  std::filesystem::create_directories(root_ / "CfgSettings.txt");
+  EXPECT_FALSE(Store());
+  EXPECT_TRUE(std::filesystem::is_directory(root_ / "CfgSettings.txt"));
+}
+
+TEST_F(StoreTest, AnOlderFileIsReplacedWhole) {
+  fake_.Put(u"1", u"5");
+  Build(Property("a", "1", "Integer"));
+  std::ofstream(root_ / "CfgSettings.txt") << std::string(100'000, 'x');
+  EXPECT_TRUE(Store());
+  EXPECT_EQ(Bytes(u"<Tag>R\\a<\\Tag>\n<Tag>1<\\Tag><Tag>5<\\Tag>"), Stored());
+}
+
+TEST_F(StoreTest, AStoredFileReadBackEqualsTheTree) {
+  std::string groups;
+  WideString expected;
+  for (int i = 0; i < 3000; ++i) {
+    const std::string number = std::to_string(i);
+    fake_.Put(base::FromUtf8("1." + number), base::FromUtf8("value " + number));
+    groups += Group("m" + number, Property("p", "1." + number, "Octet String"));
+    expected += base::FromUtf8("<Tag>R\\m" + number + "\\p<\\Tag>\n<Tag>1." + number + "<\\Tag><Tag>value " + number +
+                               "<\\Tag>");
+  }
+  Build(groups);
+  EXPECT_TRUE(Store());
+  EXPECT_TRUE(Bytes(expected) == Stored());
+}
+
+class SummaryTest : public tests::RulesTest {
+ protected:
+  void SetUp() override {
+    fake_.Put(u"1", u"2");
+    fake_.Put(u"2", u"secret");
+    fake_.Put(u"3", u"net");
+    Build(Group("sub", Tag("DisplayName", "Sub") + Property("mode", "1", "Integer", Tag("ChoiceFmt", "SYM_MODES")) +
+                           Group("deep", Tag("DisplayName", "Deep") + Property("ssid", "3", "Octet String"))) +
+          Property("word", "2", "Password", Tag("PassWordChar", "*")) +
+          Group("summary", Tag("DisplayName", "Summary") + Tag("Function", "Summary")) + Property("x", "9", "Integer"));
+  }
+};
+
+TEST_F(SummaryTest, ListsMenusWithTheirPropertiesMasked) {
+  EXPECT_EQ((std::vector<WideString>{u"Sub", u"mode: Two", u"Deep", u"ssid: net"}),
+            rules::SummaryLines(model_, Item(u"sub")));
+}
+
+TEST_F(SummaryTest, FromALeafItListsTheWholeConfiguration) {
+  EXPECT_EQ((std::vector<WideString>{model_.Root().Title(), u"word: ******", u"x: Unavailable", u"Sub", u"mode: Two",
+                                     u"Deep", u"ssid: net"}),
+            rules::SummaryLines(model_, Item(u"summary")));
+}
+
+}  // namespace
