@@ -24,3 +24,20 @@ function(kel_test name)
   endif()
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 120)
 endfunction()
+
+# kel_fuzz(NAME [USES TARGETS...]): the fuzz target of NAME_fuzz.cpp. As a test it starts from the seeds in seeds/NAME and
+# runs a fixed number of inputs from a fixed start, so that every run does the same.
+function(kel_fuzz name)
+  cmake_parse_arguments(FUZZ "" "RUNS" "USES" ${ARGN})
+  if(NOT FUZZ_RUNS)
+    set(FUZZ_RUNS 20000)
+  endif()
+  add_executable(${name}_fuzz ${name}_fuzz.cpp)
+  target_link_libraries(${name}_fuzz PRIVATE ${FUZZ_USES})
+  target_link_options(${name}_fuzz PRIVATE -fsanitize=fuzzer)
+  set(found ${CMAKE_CURRENT_BINARY_DIR}/found/${name})
+  file(MAKE_DIRECTORY ${found})
+  add_test(NAME fuzz.${name} COMMAND ${name}_fuzz -runs=${FUZZ_RUNS} -seed=1 -max_len=4096 -timeout=20
+    -artifact_prefix=${found}/ -reload=0 -verbosity=0 ${CMAKE_CURRENT_SOURCE_DIR}/seeds/${name})
+  set_tests_properties(fuzz.${name} PROPERTIES TIMEOUT 280)
+endfunction()

@@ -1,0 +1,25 @@
+#!/bin/bash
+# install-dependencies.sh [run|test]
+#
+# Installs what is missing on a Debian 12 machine: for "run" what building and starting the simulated terminal takes, for
+# "test" (the default) what all tests take besides. Does nothing, and needs no rights, when all is there.
+set -eu
+
+packages=(cmake g++ libncurses-dev ninja-build pkg-config)
+if [ "${1:-test}" = test ]; then
+  packages+=(ccache clang-14 clang-format-14 clang-tidy-14 file fonts-wine googletest imagemagick libbenchmark-dev
+    libgtest-dev libpugixml-dev mingw-w64-tools g++-mingw-w64-x86-64-posix python3 tmux wine wine64 xvfb)
+fi
+
+missing=()
+for package in "${packages[@]}"; do
+  [ "$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null)" = installed ] || missing+=("$package")
+done
+[ ${#missing[@]} -gt 0 ] || exit 0
+
+echo "installing: ${missing[*]}" >&2
+as_root=()
+[ "$(id -u)" = 0 ] || as_root=(sudo)
+export DEBIAN_FRONTEND=noninteractive
+"${as_root[@]}" apt-get update -q >&2
+"${as_root[@]}" apt-get install -q -y --no-install-recommends "${missing[@]}" >&2

@@ -1,0 +1,203 @@
+// The design's floors, held against the sources: who may include whom, and where the system's own headers may appear.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// From the bottom up: a file includes its own folder and those before it.
+const std::vector<std::string> kFloors = {"base", "platform", "config", "values", "model", "rules", "ui", "app"};
+
+const std::set<std::string> kStandardHeaders = {
+    "algorithm",
+    "array",
+    "atomic",
+    "bit",
+    "bitset",
+    "cctype",
+    "charconv",
+    "chrono",
+    "climits",
+    "cmath",
+    "compare",
+    "concepts",
+    "condition_variable",
+    "cstddef",
+    "cstdint",
+    "cstdio",
+    "cstdlib",
+    "cstring",
+    "ctime",
+    "cwchar",
+    "deque",
+    "exception",
+    "filesystem",
+    "fstream",
+    "functional",
+    "initializer_list",
+    "iostream",
+    "istream",
+    "iterator",
+    "limits",
+    "list",
+    "map",
+    "memory",
+    "mutex",
+    "new",
+    "numeric",
+    "optional",
+    "ostream",
+    "queue",
+    "random",
+    "ranges",
+    "set",
+    "shared_mutex",
+    "span",
+    "sstream",
+    "stack",
+    "stdexcept",
+    "string",
+    "string_view",
+    "system_error",
+    "thread",
+    "tuple",
+    "type_traits",
+    "typeinfo",
+    "unordered_map",
+    "unordered_set",
+    "utility",
+    "variant",
+    "vector",
+    "version",
+    "cassert",
+};
+
+struct Include {
+  std::string file;  // from the project's folder
+  std::string line;
+  std::string header;
+  bool isSystem = false;
+};
+
+bool IsSource(const fs::path& path) {
+  const std::string extension = path.extension().string();
+  return extension == ".h" || extension == ".cpp" || extension == ".inc";
+}
+
+std::vector<std::string> SourcesOf(const std::string& folder) {
+  const fs::path home = KEL_SOURCE_DIR;
+  std::vector<std::string> files;
+  for (const auto& entry : fs::recursive_directory_iterator(home / folder)) {
+    if (entry.is_regular_file() && IsSource(entry.path())) {
+      files.push_back(fs::relative(entry.path(), home).generic_string());
+    }
+  }
+  return files;
+}
+
+template <typename Visit>
+void ForEachLine(const std::string& file, const Visit& visit) {
+  std::ifstream input(fs::path(KEL_SOURCE_DIR) / file);
+  for (std::string line; std::getline(input, line);) visit(line);
+}
+
+std::vector<Include> IncludesOf(const std::string& file) {
+  std::vector<Include> includes;
+  ForEachLine(file, [&](const std::string& line) {
+    const std::size_t hash = line.find_first_not_of(" \t");
+    if (hash == std::string::npos || line[hash] != '#' || line.find("include") == std::string::npos) return;
+    const std::size_t open = line.find_first_of("\"<");
+    const std::size_t close = open == std::string::npos ? open : line.find_first_of("\">", open + 1);
+    if (close == std::string::npos) return;
+    includes.push_back({file, line, line.substr(open + 1, close - open - 1), line[open] == '<'});
+  });
+  return includes;
+}
+
+bool StartsWith(std::string_view text, std::string_view start) { return text.starts_with(start); }
+
+bool IsOfOnePlatform(std::string_view file) {
+  return StartsWith(file, "platform/host/") || StartsWith(file, "platform/win32/");
+}
+
+// What is wrong with an include of a file on the floor of that number; empty when it may stand.
+std::string Wrong(const Include& include, std::size_t floor) {
+  if (include.isSystem) {
+    const bool allowed = kStandardHeaders.contains(include.header) || IsOfOnePlatform(include.file);
+    return allowed ? "" : "a header of the system outside its platform's folder";
+  }
+  const std::string folder = include.header.substr(0, include.header.find('/'));
+  const auto target = std::find(kFloors.begin(), kFloors.end(), folder);
+  if (target == kFloors.end()) return "not one of the floors";
+  if (static_cast<std::size_t>(target - kFloors.begin()) > floor) return "points up the floors";
+  if (!IsOfOnePlatform(include.header)) return "";
+  const std::string own = include.header.substr(0, include.header.find('/', std::string("platform/").size()) + 1);
+  return StartsWith(include.file, own) ? "" : "shared code knows no platform";
+}
+
+TEST(Layering, NoIncludePointsUpTheFloorsAndSystemHeadersStayInTheirPlace) {
+  std::size_t seen = 0;
+  for (std::size_t floor = 0; floor < kFloors.size(); ++floor) {
+    for (const std::string& file : SourcesOf(kFloors[floor])) {
+      for (const Include& include : IncludesOf(file)) {
+        ++seen;
+        EXPECT_EQ("", Wrong(include, floor)) << file << ": " << include.line;
+      }
+    }
+  }
+  EXPECT_GT(seen, 100u);
+}
+
+TEST(Layering, WhatWouldBeWrongIsFound) {
+  const struct {
+    Include include;
+    std::size_t floor;
+    const char* wrong;
+  } cases[] = {
+      {{"base/x.cpp", "", "values/range.h", false}, 0, "points up the floors"},
+      {{"values/x.cpp", "", "base/format.h", false}, 3, ""},
+      {{"app/x.cpp", "", "simulator/dump.h", false}, 7, "not one of the floors"},
+      {{"app/x.cpp", "", "windows.h", true}, 7, "a header of the system outside its platform's folder"},
+      {{"platform/win32/x.cpp", "", "windows.h", true}, 1, ""},
+      {{"platform/host/x.cpp", "", "platform/host/session.h", false}, 1, ""},
+      {{"platform/host/x.cpp", "", "platform/win32/handle.h", false}, 1, "shared code knows no platform"},
+      {{"ui/x.cpp", "", "platform/host/session.h", false}, 6, "shared code knows no platform"},
+      {{"config/x.cpp", "", "vector", true}, 2, ""},
+  };
+  for (const auto& c : cases) EXPECT_EQ(c.wrong, Wrong(c.include, c.floor)) << c.include.file << c.include.header;
+}
+
+TEST(Layering, SharedCodeDoesNotAskForThePlatform) {
+  for (const std::string& floor : kFloors) {
+    for (const std::string& file : SourcesOf(floor)) {
+      if (IsOfOnePlatform(file)) continue;
+      ForEachLine(file, [&](const std::string& line) {
+        const std::size_t first = line.find_first_not_of(" \t");
+        if (first == std::string::npos || line[first] != '#') return;
+        for (const char* word : {"_WIN32", "__linux__", "__unix__", "UNDER_CE"}) {
+          EXPECT_EQ(std::string::npos, line.find(word)) << file << ": " << line;
+        }
+      });
+    }
+  }
+}
+
+TEST(Layering, OfTheSimulatorOnlyItsWindowsPartsIncludeWindows) {
+  for (const std::string& file : SourcesOf("simulator")) {
+    if (StartsWith(file, "simulator/windows/")) continue;
+    for (const Include& include : IncludesOf(file)) {
+      const bool isWindows = include.header == "windows.h" || StartsWith(include.header, "platform/win32/");
+      EXPECT_FALSE(isWindows) << file << ": " << include.line;
+    }
+  }
+}
+
+}  // namespace
