@@ -3,6 +3,7 @@ set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 
 set(KEL_MINGW x86_64-w64-mingw32)
+set(CMAKE_C_COMPILER ${KEL_MINGW}-gcc-posix)
 set(CMAKE_CXX_COMPILER ${KEL_MINGW}-g++-posix)
 set(CMAKE_RC_COMPILER ${KEL_MINGW}-windres)
 

@@ -73,8 +73,11 @@ INT_PTR CALLBACK DialogProcedure(HWND dialog, UINT id, WPARAM wParam, LPARAM lPa
 
 LResult RunDialog(const DialogTemplate& dialogTemplate, WindowHandle owner, MessageHandler& handler) {
   const TemplateWords words(dialogTemplate);
-  return DialogBoxIndirectParamW(GetModuleHandleW(nullptr), words.Get(), ToApi(owner), DialogProcedure,
-                                 ToLParam(&handler));
+  const LResult result = DialogBoxIndirectParamW(GetModuleHandleW(nullptr), words.Get(), ToApi(owner), DialogProcedure,
+                                                 ToLParam(&handler));
+  // A dialog that ended because the program quits leaves that message to those around it, and has no result.
+  MSG message = {};
+  return PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_NOREMOVE) ? 0 : result;
 }
 
 void EndDialog(WindowHandle dialog, LResult result) { ::EndDialog(ToApi(dialog), result); }

@@ -92,10 +92,27 @@ void FillList(HWND list, ControlPicture& picture) {
   picture.selected = Ask(list, LB_GETCURSEL);
 }
 
+// The system's own message box is known by the id of its text. Wine's has an empty place for an icon, and calls its
+// only button OK, not Cancel; Windows' has and does not.
+constexpr int kMessageTextId = 65535;
+constexpr int kWineIconId = 1088;
+
+bool IsSystemMessage(HWND window) { return GetDlgItem(window, kMessageTextId) != nullptr; }
+
+int IdOf(HWND control) {
+  const int id = GetDlgCtrlID(control);
+  return id == IDOK && IsSystemMessage(GetParent(control)) ? IDCANCEL : id;
+}
+
+bool IsShown(HWND control) {
+  if (!IsWindowVisible(control)) return false;
+  return GetDlgCtrlID(control) != kWineIconId || !IsSystemMessage(GetParent(control));
+}
+
 ControlPicture TakeControl(HWND window) {
   ControlPicture picture;
   picture.kind = KindOf(window);
-  picture.id = GetDlgCtrlID(window);
+  picture.id = IdOf(window);
   picture.enabled = IsWindowEnabled(window) != 0;
   picture.text = TextOf(window);
   switch (picture.kind) {
@@ -115,7 +132,7 @@ std::optional<FocusPicture> TakeFocus(HWND focused) {
   if (focused == nullptr) return std::nullopt;
   if ((GetWindowLongW(focused, GWL_STYLE) & WS_CHILD) == 0) return FocusPicture{true, 0, 0};
   const HWND parent = GetParent(focused);
-  if (KindOf(parent) != Kind::kAddress) return FocusPicture{false, GetDlgCtrlID(focused), 0};
+  if (KindOf(parent) != Kind::kAddress) return FocusPicture{false, IdOf(focused), 0};
   const std::vector<HWND> fields = ChildrenOf(parent);
   const auto place = std::find(fields.begin(), fields.end(), focused) - fields.begin();
   return FocusPicture{false, GetDlgCtrlID(parent), static_cast<int>(place) + 1};
@@ -149,7 +166,7 @@ ScreenPicture TakeScreenPicture(DWORD processId, DWORD threadId) {
   for (const HWND window : windows) {
     WindowPicture picture{TextOf(window), IsWindowEnabled(window) != 0, {}};
     for (const HWND child : ChildrenOf(window)) {
-      if (IsWindowVisible(child)) picture.controls.push_back(TakeControl(child));
+      if (IsShown(child)) picture.controls.push_back(TakeControl(child));
     }
     screen.windows.push_back(std::move(picture));
   }
