@@ -81,37 +81,26 @@ TEST_F(StoreTest, NothingToWriteGivesAnEmptyFile) {
   EXPECT_EQ("", Stored());
 }
 
-// A registry tree: absolute names lead to keys elsewhere, and here back to the start.
-class RegistryStoreTest : public StoreTest {
- protected:
-  void BuildFromRegistry() {
-    using platform::host::RegistryTree;
-    RegistryTree& registry = terminal_.Registry();
-    RegistryTree::SetText(registry.Add(RegistryTree::kLocalMachine, u"Menu\\a"), u"OID", u"1");
-    RegistryTree::SetText(registry.Add(RegistryTree::kLocalMachine, u"Menu\\a"), u"Type", u"Integer");
-    auto& menu = registry.Add(RegistryTree::kLocalMachine, u"Menu");
-    RegistryTree::SetText(menu, u"Descendent", u"sub\\HKEY_LOCAL_MACHINE");
-    fake_.Put(u"1", u"5");
-    const auto tree = std::make_shared<const config::PDataStore>(
-        u"HKEY_LOCAL_MACHINE", nullptr, std::span<const WideString>(), config::PDataStore::kWholeTree);
-    ASSERT_TRUE(model_.Build(tree, u"HKEY_LOCAL_MACHINE"));
-  }
-};
-
-TEST_F(RegistryStoreTest, AnAbsoluteNameIsThePathItself) {
-  BuildFromRegistry();
-  platform::OutputFile file(u"\\out.txt");
-  EXPECT_TRUE(rules::WriteConfigTree(rules_context_, u"HKEY_LOCAL_MACHINE\\Menu", file));
-  EXPECT_TRUE(file.Commit());
-  EXPECT_EQ(Bytes(u"<Tag>HKEY_LOCAL_MACHINE\\Menu\\a<\\Tag>\n<Tag>1<\\Tag><Tag>5<\\Tag>"), FileText("out.txt"));
-}
-
-TEST_F(StoreTest, AnAbsoluteNameIsWrittenWithItsNameAlone) {
+TEST_F(StoreTest, AnAbsoluteNameIsThePathItselfAndNeverLeadsRoundInACircle) {
+  using platform::host::RegistryTree;
+  const WideString root = u"HKEY_LOCAL_MACHINE\\Menu";
+  RegistryTree& registry = terminal_.Registry();
+  auto& property = registry.Add(RegistryTree::kLocalMachine, u"Menu\\a");
+  RegistryTree::SetText(property, u"OID", u"1");
+  RegistryTree::SetText(property, u"Type", u"Integer");
+  RegistryTree::SetText(registry.Add(RegistryTree::kLocalMachine, u"Menu\\b"), u"Descendent", root + u"\\a");
+  RegistryTree::SetText(registry.Add(RegistryTree::kLocalMachine, u"Menu\\c"), u"Descendent", root);
   fake_.Put(u"1", u"5");
-  // The child's key is found under its own name: the tree holds it as a key of that path.
-  Build(Group("HKEY_x", Tag("OID", "9")) + Property("a", "1", "Integer"));
+  const auto tree = std::make_shared<const config::PDataStore>(root, nullptr, std::span<const WideString>(),
+                                                               config::PDataStore::kWholeTree);
+  ASSERT_TRUE(model_.Build(tree, root));
+  observer_.debugLines.clear();
+
   EXPECT_TRUE(Store());
-  EXPECT_EQ(Bytes(u"<Tag>R\\a<\\Tag>\n<Tag>1<\\Tag><Tag>5<\\Tag>"), Stored());
+  const WideString a = u"<Tag>HKEY_LOCAL_MACHINE\\Menu\\a<\\Tag>\n<Tag>1<\\Tag><Tag>5<\\Tag>";
+  EXPECT_EQ(Bytes(a + a), Stored());
+  EXPECT_EQ((std::vector<WideString>{u"ERROR 6 CKelConfigApp::WriteConfigTree [HKEY_LOCAL_MACHINE\\Menu]\r\n"}),
+            observer_.debugLines);
 }
 
 TEST_F(StoreTest, AnUnknownPathWritesNothing) {
