@@ -1,9 +1,10 @@
 // screen_driver: plays a UI script against the utility on Windows and prints what the simulated terminal would.
 //
-//   screen_driver PROGRAM SCRIPT [SOURCE...]
+//   screen_driver [--hold FILE] PROGRAM SCRIPT [SOURCE...]
 //
 // PROGRAM is the utility's executable, SCRIPT the script's file, SOURCE the utility's command line. The terminal's
-// storage is the current folder, which should be the root of a drive.
+// storage is the current folder, which should be the root of a drive. With --hold the program stays as it is after the
+// script until FILE, which is made then, is removed: so its windows can be looked at.
 //
 // Exit status: 0 the script ran to its end; 1 it failed; 2 unusable arguments.
 #include "base/utf8.h"
@@ -16,6 +17,7 @@
 
 #include <cstdio>
 #include <filesystem>
+#include <fstream>
 #include <string>
 
 namespace simulator {
@@ -43,8 +45,22 @@ WideString CommandLine(int count, wchar_t** arguments, int first) {
   return commandLine;
 }
 
+void HoldWhileThere(const std::filesystem::path& file) {
+  constexpr DWORD kPollMs = 20;
+  constexpr int kMostPolls = 3000;
+  std::ofstream(file) << "held\n";
+  std::error_code error;
+  for (int i = 0; i < kMostPolls && std::filesystem::exists(file, error); ++i) Sleep(kPollMs);
+}
+
 int Run(int count, wchar_t** arguments) {
-  if (count < 3) return Complain(kUnusable, "usage: screen_driver PROGRAM SCRIPT [SOURCE...]");
+  std::filesystem::path holdFile;
+  if (count > 2 && std::wstring_view(arguments[1]) == L"--hold") {
+    holdFile = arguments[2];
+    count -= 2;
+    arguments += 2;
+  }
+  if (count < 3) return Complain(kUnusable, "usage: screen_driver [--hold FILE] PROGRAM SCRIPT [SOURCE...]");
   const std::filesystem::path scriptFile = arguments[2];
   const std::string name = scriptFile.filename().string();
   const auto text = ReadTextFile(scriptFile);
@@ -67,6 +83,7 @@ int Run(int count, wchar_t** arguments) {
       if (step != ScriptPlayer::Step::kRan && !driver.WaitUntilIdle()) break;
       step = player.Next();
     }
+    if (!holdFile.empty()) HoldWhileThere(holdFile);
     const std::string& failure = driver.Failure().empty() ? player.Failure() : driver.Failure();
     if (!failure.empty()) status = Complain(kScriptFailed, failure);
   }
