@@ -122,6 +122,7 @@ LResult EditDialog::Init(WindowHandle dialog) {
   platform::SetText(dialog, descriptor_.DisplayName());
   ShowDescription();
   platform::Focus(window);
+  entry_->Start();
   edited_ = false;
   return 0;
 }

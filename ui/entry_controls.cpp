@@ -89,6 +89,9 @@ class PickerEntry : public EntryControl {
  public:
   explicit PickerEntry(WindowHandle window) : EntryControl(window), picker_(window) {}
 
+  // No field of a picker may be selected until an arrow key is pressed: with this one Up and Down work at once.
+  void Start() override { platform::Send(Handle(), platform::message::kKeyDown, platform::key::kRight); }
+
   // A picker takes typed digits over when it loses the focus.
   void Finish() override {
     if (platform::FocusedWindow() != Handle()) return;

@@ -30,6 +30,8 @@ class EntryControl {
 
   // The window shows what the request starts with.
   virtual void Fill(const EditRequest& request) = 0;
+  // It has got the focus for the first time.
+  virtual void Start() {}
   // Takes over what is only half typed; may set off the control's change notification.
   virtual void Finish() {}
   virtual EnteredValue Entered() const = 0;
