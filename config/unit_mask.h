@@ -38,10 +38,26 @@ inline std::uint64_t UnitMask16(const char16_t* units, Test test) {
   return MaskOf(test(LoadUnits(units)), test(LoadUnits(units + 8)));
 }
 
+// The eight vectors are laid over one another, each with a bit of its own in every place, which gives the mask in
+// another order: the number of a bit's place in the mask has its six binary digits exchanged, as three pairs of them.
 template <typename Test>
 inline std::uint64_t UnitMask64(const char16_t* units, Test test) {
-  return UnitMask16(units, test) | UnitMask16(units + 16, test) << 16 | UnitMask16(units + 32, test) << 32 |
-         UnitMask16(units + 48, test) << 48;
+  constexpr std::int16_t kBits[] = {0x01, 0x10, 0x02, 0x20, 0x04, 0x40, 0x08, 0x80};
+  UnitVector bits = {};
+  for (std::size_t i = 0; i < 8; ++i) {
+    bits |= test(LoadUnits(units + 8 * i)) & SpreadUnit(static_cast<char16_t>(kBits[i]));
+  }
+  std::uint64_t halves[2];
+  std::memcpy(halves, &bits, sizeof(halves));
+  std::uint64_t mask = halves[0] | halves[1] << 8;
+  const auto exchange = [&mask](int distance, std::uint64_t lower) {
+    const std::uint64_t different = (mask ^ (mask >> distance)) & lower;
+    mask ^= different ^ (different << distance);
+  };
+  exchange(30, 0x00000000CCCCCCCC);
+  exchange(15, 0x0000AAAA0000AAAA);
+  exchange(4, 0x00F000F000F000F0);
+  return mask;
 }
 
 }  // namespace config

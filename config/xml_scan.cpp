@@ -53,20 +53,22 @@ std::size_t EndOfNode(WideStringView text, std::size_t at) {
   return EndOfDeclaration(text, at);
 }
 
-// The places of the "<" and ">" of a stretch of the text, in order. Collecting them ahead of their use keeps the loop
-// below free of branches that cannot be foreseen.
-class AngleBrackets {
- public:
-  explicit AngleBrackets(WideStringView text) : text_(text) {}
+constexpr std::uint32_t kNoPlace = 0xFFFFFFFF;
 
-  // Those of the next stretch; when there are none any more, the size of the text.
-  std::span<const std::uint32_t> NextStretch() {
+// The places of the "<" of a stretch of the text, in order, with kNoPlace at their end. Collecting them ahead of their
+// use keeps the loop below free of branches that cannot be foreseen.
+class TagPlaces {
+ public:
+  explicit TagPlaces(WideStringView text) : text_(text) {}
+
+  // Those of the next stretch that has any.
+  const std::uint32_t* NextStretch() {
     std::uint32_t* end = places_.data();
     while (end == places_.data() && at_ < text_.size()) {
       for (std::size_t block = 0; block < kBlocks && at_ < text_.size(); ++block, at_ += kBlock) end = AddBlock(end);
     }
-    if (end == places_.data()) *end++ = static_cast<std::uint32_t>(text_.size());
-    return {places_.data(), end};
+    *end = kNoPlace;
+    return places_.data();
   }
 
   // The next stretch begins not before here.
@@ -75,12 +77,11 @@ class AngleBrackets {
  private:
   static constexpr std::size_t kBlock = 64;
   static constexpr std::size_t kBlocks = 16;
-  static constexpr std::size_t kAtOnce = 4;  // as many as most blocks have
+  static constexpr std::size_t kAtOnce = 4;  // more than most blocks have
 
   std::uint32_t* AddBlock(std::uint32_t* end) {
-    std::uint64_t mask = UnitMask64(text_.data() + at_, [](UnitVector v) -> UnitVector {
-      return (v | SpreadUnit(u'<' ^ u'>')) == SpreadUnit(u'>');
-    });
+    std::uint64_t mask =
+        UnitMask64(text_.data() + at_, [](UnitVector v) -> UnitVector { return v == SpreadUnit(u'<'); });
     const std::size_t count = BitCount(mask);
     for (std::size_t i = 0; i < kAtOnce; ++i) Add(end[i], mask);
     for (std::size_t i = kAtOnce; i < count; ++i) Add(end[i], mask);
@@ -102,20 +103,34 @@ class AngleBrackets {
 
   const WideStringView text_;
   std::size_t at_ = 0;
-  std::array<std::uint32_t, kBlock * kBlocks + kAtOnce> places_;
+  std::array<std::uint32_t, kBlock * kBlocks + kAtOnce + 1> places_;
 };
 
-// Whether an end tag that has `length` units between its "/" and its next ">" repeats the start tag from behind its "<"
-// on, up to a delimiter: what nearly all end tags do. Without quotes that ">" is then its end.
-bool RepeatsStartTag(const char16_t* startTag, const char16_t* endTag, std::size_t length) {
+// Where the first ">" from `at` on is; the size of the text when there is none.
+std::size_t FindTagEnd(WideStringView text, std::size_t at) {
+  for (; at < text.size(); at += 16) {
+    const std::uint64_t mask =
+        UnitMask16(text.data() + at, [](UnitVector v) -> UnitVector { return v == SpreadUnit(u'>'); });
+    if (mask != 0) return at + static_cast<std::size_t>(std::countr_zero(mask));
+  }
+  return text.size();
+}
+
+// The length of the tag name when the end tag is as nearly all are: the name as it stands right behind the "<" of the
+// start tag, then ">". Else 0. `tagLength` is that of all in the start tag, which is mostly the name alone; both places
+// are behind the "<" and the "/".
+std::size_t PlainEndTagLength(const char16_t* startTag, std::size_t tagLength, const char16_t* endTag) {
   constexpr std::size_t kUnits = 16;
-  if (length - 1 >= kUnits || IsXmlBlank(endTag[0]) || !IsXmlDelimiter(startTag[length])) return false;
+  std::size_t length = tagLength;
+  if (length > kUnits || endTag[length] != u'>') length = PlainTokenLength(startTag);
+  if (length == 0 || endTag[length] != u'>' || IsXmlDelimiter(endTag[0])) return 0;
+  // Units that may be quotes could hide that ">".
   const auto unfit = [](UnitVector start, UnitVector end) -> UnitVector {
-    return (start != end) | ((end | SpreadUnit(5)) == SpreadUnit(u'"' | u'\''));  // and some other units beside quotes
+    return (start != end) | ((end | SpreadUnit(u'"' ^ u'\'')) == SpreadUnit(u'"' | u'\''));
   };
   const UnitVector first = unfit(LoadUnits(startTag), LoadUnits(endTag));
   const UnitVector second = unfit(LoadUnits(startTag + 8), LoadUnits(endTag + 8));
-  return (MaskOf(first, second) << (64 - length)) == 0;
+  return (MaskOf(first, second) << (64 - length)) == 0 ? length : 0;
 }
 
 struct EndTag {
@@ -139,23 +154,17 @@ EndTag ReadEndTag(WideStringView text, std::size_t at, WideStringView tagName) {
 // this is the loop that decides how soon the first menu is on the screen.
 XmlScanResult ScanElements(WideStringView text, BlockList<XmlElement>& elements) {
   const char16_t* const units = text.data();
-  AngleBrackets brackets(text);
-  const std::uint32_t* place = nullptr;
-  const std::uint32_t* placesEnd = nullptr;
-  const auto next = [&](char16_t bracket) -> std::size_t {
-    for (;;) {
-      if (place == placesEnd) {
-        const std::span<const std::uint32_t> stretch = brackets.NextStretch();
-        place = stretch.data();
-        placesEnd = place + stretch.size();
-      }
-      const std::size_t at = *place++;
-      if (units[at] == bracket || at == text.size()) return at;
-    }
-  };
+  TagPlaces places(text);
+  const std::uint32_t* place = places.NextStretch();
   const auto goTo = [&](std::size_t at) {
-    while (place != placesEnd && *place < at) ++place;
-    if (place == placesEnd) brackets.GoTo(at);
+    while (*place < at) ++place;
+    if (*place == kNoPlace) places.GoTo(at);
+  };
+
+  // Of a plain end tag at `at` for the start tag from `tag` to `tagEnd`; 0 when there is none.
+  const auto lengthOfEndTagAt = [&](std::size_t at, std::size_t tag, std::size_t tagEnd) -> std::size_t {
+    if (at == kNoPlace || units[at + 1] != u'/') return 0;
+    return PlainEndTagLength(units + tag, tagEnd - tag, units + at + 2);
   };
 
   std::uint32_t openIndex = XmlIndex::kDocument;  // the innermost element that is open
@@ -163,8 +172,9 @@ XmlScanResult ScanElements(WideStringView text, BlockList<XmlElement>& elements)
   std::uint32_t* link = &open->firstChildIndex;  // where the next element inside it is entered
 
   for (;;) {
-    const std::size_t start = next(u'<');
-    if (start == text.size()) return {XmlError::kTagNotFound, openIndex};
+    if (*place == kNoPlace) place = places.NextStretch();
+    if (*place == kNoPlace) return {XmlError::kTagNotFound, openIndex};
+    const std::size_t start = *place++;
     std::size_t token = start + 1;
     if (IsXmlBlank(units[token])) token = SkipXmlBlanks(text, token);
     if (token == text.size()) return {XmlError::kAbruptEnd, openIndex};
@@ -172,14 +182,16 @@ XmlScanResult ScanElements(WideStringView text, BlockList<XmlElement>& elements)
     const char16_t first = units[token];
     if (first == u'/') {
       if (openIndex == XmlIndex::kDocument) return {XmlError::kBeginsWithEndTag, openIndex};
-      std::size_t end = next(u'>');
       const std::size_t name = token + 1;
-      if (!RepeatsStartTag(units + open->startTagStart + 1, units + name, end - name)) {
+      const std::size_t tag = open->startTagStart + 1;
+      const std::size_t length = PlainEndTagLength(units + tag, open->startTagEnd - tag, units + name);
+      std::size_t end = name + length;
+      if (length == 0) {
         const EndTag endTag = ReadEndTag(text, name, TagNameAt(text, open->startTagStart));
         if (endTag.error != XmlError::kNone) return {endTag.error, openIndex};
         end = endTag.end;
-        goTo(end + 1);
       }
+      goTo(end + 1);
       open->endTagStart = static_cast<std::uint32_t>(start);
       open->endTagEnd = static_cast<std::uint32_t>(end);
       link = &open->nextSiblingIndex;
@@ -193,9 +205,9 @@ XmlScanResult ScanElements(WideStringView text, BlockList<XmlElement>& elements)
     } else if (first == u'"' || first == u'\'') {
       return {XmlError::kQuotedTag, openIndex};
     } else {
-      std::size_t end = next(u'>');
-      if (end == token) end = next(u'>');  // the first one is the tag name itself
+      const std::size_t end = FindTagEnd(text, token + 1);
       if (end == text.size()) return {XmlError::kTagNotClosed, openIndex};
+      goTo(end + 1);
       const auto index = static_cast<std::uint32_t>(elements.Size());
       XmlElement& element = elements.Add();
       *link = index;
@@ -209,13 +221,19 @@ XmlScanResult ScanElements(WideStringView text, BlockList<XmlElement>& elements)
       if (units[end - 1] == u'/') {
         element.endTagStart = static_cast<std::uint32_t>(end - 1);
         element.endTagEnd = static_cast<std::uint32_t>(end);
-        link = &element.nextSiblingIndex;
-        if (openIndex == XmlIndex::kDocument) return {};
+      } else if (const std::size_t length = lengthOfEndTagAt(*place, start + 1, end)) {
+        // Nothing inside but text, as in most elements: this need not be opened first.
+        element.endTagStart = *place;
+        element.endTagEnd = static_cast<std::uint32_t>(*place + 2 + length);
+        goTo(element.endTagEnd);
       } else {
         link = &element.firstChildIndex;
         openIndex = index;
         open = &element;
+        continue;
       }
+      link = &element.nextSiblingIndex;
+      if (openIndex == XmlIndex::kDocument) return {};
     }
   }
 }

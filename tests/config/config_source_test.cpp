@@ -1,0 +1,212 @@
+#include "config/config_source.h"
+
+#include "base/string_table.h"
+#include "base/utf8.h"
+#include "config/data_store.h"
+#include "config/shared_text.h"
+#include "platform/host/environment.h"
+#include "platform/host/registry_tree.h"
+#include "tests/printing.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace config {
+namespace {
+
+using platform::host::RegistryTree;
+
+constexpr WideStringView kDefaultKey = u"SOFTWARE\\Valtorix\\ZEP\\CONFIGAPP";
+const WideString kNoData = u"4 Error: Error getting configuration data. Warm boot and try again.";
+
+class ShownMessages final : public SourceMessages {
+ public:
+  void Show(WideStringView text, WideStringView caption, int kind) override {
+    shown.push_back(base::FromUtf8(std::to_string(kind)) + u" " + WideString(caption) + u": " + WideString(text));
+  }
+  std::vector<WideString> shown;
+};
+
+// A terminal with files and a registry.
+class ConfigSourceTest : public testing::Test {
+ protected:
+  ConfigSourceTest() {
+    std::filesystem::create_directories(root_ / "Windows");
+    platform::host::Environment environment;
+    environment.root = root_;
+    environment.registry = registry_;
+    installed_ = std::make_unique<platform::host::InstalledEnvironment>(std::move(environment));
+  }
+  ~ConfigSourceTest() override { std::filesystem::remove_all(root_); }
+
+  void Write(const std::string& path, const std::string& bytes) const {
+    std::ofstream(root_ / path, std::ios::binary) << bytes;
+  }
+
+  std::optional<ConfigSource> Select(WideStringView commandLine) { return SelectSource(commandLine, messages_); }
+  const std::vector<WideString>& Shown() const { return messages_.shown; }
+
+  const std::shared_ptr<RegistryTree> registry_ = std::make_shared<RegistryTree>();
+
+ private:
+  const std::filesystem::path root_ =
+      std::filesystem::path(testing::TempDir()) /
+      ("config_source_" + std::string(testing::UnitTest::GetInstance()->current_test_info()->name()));
+  ShownMessages messages_;
+  std::unique_ptr<platform::host::InstalledEnvironment> installed_;
+};
+
+TEST_F(ConfigSourceTest, ACommandLineThatBeginsWithTheRootNameIsARegistryKey) {
+  registry_->Add(RegistryTree::kLocalMachine, u"Menu");
+  const auto source = Select(u"HKEY_LOCAL_MACHINE\\Menu");
+  ASSERT_TRUE(source);
+  EXPECT_EQ(SourceKind::kRegistry, source->kind);
+  EXPECT_EQ(u"HKEY_LOCAL_MACHINE\\Menu", source->path);
+  EXPECT_EQ(nullptr, source->document);
+  EXPECT_TRUE(Shown().empty());
+}
+
+TEST_F(ConfigSourceTest, ARegistryKeyThatCannotBeOpenedIsAnError) {
+  registry_->Add(RegistryTree::kLocalMachine, kDefaultKey);  // there is no fall-back to it
+  EXPECT_FALSE(Select(u"HKEY_LOCAL_MACHINE\\Missing"));
+  EXPECT_EQ((std::vector<WideString>{kNoData}), Shown());
+}
+
+TEST_F(ConfigSourceTest, TheRootNameLaterInTheCommandLineIsPartOfAFileName) {
+  registry_->Add(RegistryTree::kLocalMachine, u"Menu");
+  Write("x HKEY_LOCAL_MACHINE", "<GROUP name='FromFile'/>");
+  const auto source = Select(u"\\x HKEY_LOCAL_MACHINE");
+  ASSERT_TRUE(source);
+  EXPECT_EQ(SourceKind::kXmlFile, source->kind);
+  EXPECT_EQ(u"FromFile", source->path);
+}
+
+TEST_F(ConfigSourceTest, TheRootNameInLowerCaseIsAFileName) {
+  registry_->Add(RegistryTree::kLocalMachine, u"Menu");
+  EXPECT_FALSE(Select(u"hkey_local_machine\\Menu"));
+  EXPECT_EQ((std::vector<WideString>{kNoData}), Shown());
+}
+
+TEST_F(ConfigSourceTest, AFileThatIsNamedIsTheSource) {
+  Write("menu.xml", "<?xml version='1.0'?>\n<Other/>");
+  Write("Windows/ovu.xml", "<GROUP name='Default'/>");
+  EXPECT_FALSE(Select(u"\\menu.xml"));  // its top element is no GROUP, which is silent
+  Write("menu.xml", "<GROUP name='Root &amp; all'><DisplayName>\xC3\xA4</DisplayName></GROUP>");
+  const auto source = Select(u"\\menu.xml");
+  ASSERT_TRUE(source);
+  EXPECT_EQ(u"Root & all", source->path);
+  const PDataStore tree(source->path, source->document, {}, 1);
+  EXPECT_EQ(u"\u00E4", tree.Find(source->path)->Value(u"DisplayName"));
+  EXPECT_EQ((std::vector<WideString>{kNoData}), Shown());  // of the first one
+}
+
+TEST_F(ConfigSourceTest, AFileThatIsNamedNeverFallsBackToTheRegistry) {
+  registry_->Add(RegistryTree::kLocalMachine, kDefaultKey);
+  Write("Windows/ovu.xml", "<GROUP name='Default'/>");
+  Write("broken.xml", "<GROUP name='x'>");
+  EXPECT_FALSE(Select(u"\\missing.xml"));
+  EXPECT_FALSE(Select(u"\\broken.xml"));
+  EXPECT_EQ((std::vector<WideString>{kNoData, u"4 Error: \\broken.xml document is not well formed", kNoData}), Shown());
+}
+
+TEST_F(ConfigSourceTest, WithoutACommandLineTheDefaultFileComesFirst) {
+  registry_->Add(RegistryTree::kLocalMachine, kDefaultKey);
+  Write("Windows/ovu.xml", "<GROUP name='Default'/>");
+  const auto source = Select(u"");
+  ASSERT_TRUE(source);
+  EXPECT_EQ(SourceKind::kXmlFile, source->kind);
+  EXPECT_EQ(u"Default", source->path);
+}
+
+TEST_F(ConfigSourceTest, WithoutTheDefaultFileTheDefaultKeyIsTaken) {
+  registry_->Add(RegistryTree::kLocalMachine, kDefaultKey);
+  const auto source = Select(u"");
+  ASSERT_TRUE(source);
+  EXPECT_EQ(SourceKind::kRegistry, source->kind);
+  EXPECT_EQ(u"HKEY_LOCAL_MACHINE\\SOFTWARE\\Valtorix\\ZEP\\CONFIGAPP", source->path);
+  EXPECT_TRUE(Shown().empty());
+}
+
+TEST_F(ConfigSourceTest, ABrokenDefaultFileIsShownBeforeTheDefaultKeyIsTaken) {
+  registry_->Add(RegistryTree::kLocalMachine, kDefaultKey);
+  Write("Windows/ovu.xml", "<GROUP>");
+  EXPECT_TRUE(Select(u""));
+  EXPECT_EQ((std::vector<WideString>{u"4 Error: \\Windows\\ovu.xml document is not well formed"}), Shown());
+}
+
+TEST_F(ConfigSourceTest, WithoutAnySourceThereIsOneMessage) {
+  EXPECT_FALSE(Select(u""));
+  EXPECT_EQ((std::vector<WideString>{kNoData}), Shown());
+}
+
+TEST_F(ConfigSourceTest, AnEmptyFileIsNotWellFormed) {
+  Write("empty.xml", "");
+  EXPECT_FALSE(Select(u"\\empty.xml"));
+  EXPECT_EQ((std::vector<WideString>{u"4 Error: \\empty.xml document is not well formed", kNoData}), Shown());
+}
+
+TEST_F(ConfigSourceTest, AGroupWithoutANameIsARootWithoutAName) {
+  Write("menu.xml", "<GROUP/>");
+  const auto source = Select(u"\\menu.xml");
+  ASSERT_TRUE(source);
+  EXPECT_EQ(u"", source->path);
+}
+
+TEST_F(ConfigSourceTest, TheGroupFileMakesNoDifference) {
+  Write("menu.xml", "<GROUP name='A'><GROUP name='B'/></GROUP>");
+  for (const char* group : {"<GROUP name='A\\B'><V>not merged</V></GROUP>", "<GROUP name='Missing'/>", "<Other/>"}) {
+    Write("Windows/ekt.xml", group);
+    const auto source = Select(u"\\menu.xml");
+    ASSERT_TRUE(source) << group;
+    EXPECT_EQ(u"A", source->path);
+    EXPECT_TRUE(PDataStore(u"A", source->document, {}, 9).Find(u"A\\B")->Values().empty());
+  }
+  EXPECT_TRUE(Shown().empty());
+}
+
+TEST_F(ConfigSourceTest, ABrokenGroupFileIsShownAndPassedOver) {
+  Write("menu.xml", "<GROUP name='A'/>");
+  Write("Windows/ekt.xml", "<GROUP name='A'>");
+  EXPECT_TRUE(Select(u"\\menu.xml"));
+  EXPECT_EQ((std::vector<WideString>{u"4 Error: \\windows\\ekt.xml document is not well formed"}), Shown());
+}
+
+TEST_F(ConfigSourceTest, TheGroupFileIsNotReadWhenThereIsNoRoot) {
+  Write("menu.xml", "<Other/>");
+  Write("Windows/ekt.xml", "broken");
+  EXPECT_FALSE(Select(u"\\menu.xml"));
+  EXPECT_EQ((std::vector<WideString>{kNoData}), Shown());
+}
+
+TEST_F(ConfigSourceTest, OtherEncodingsAreReadAsIfTheyWereUtf8) {
+  Write("menu.xml", "\xEF\xBB\xBF<GROUP name='caf\xE9'><V>\xF0\x9F\x98\x80 \xFF</V></GROUP>");
+  const auto source = Select(u"\\menu.xml");
+  ASSERT_TRUE(source);
+  EXPECT_EQ(u"caf\uFFFD", source->path);
+  EXPECT_EQ(u"\U0001F600 \uFFFD", PDataStore(source->path, source->document, {}, 0).Find(source->path)->Value(u"V"));
+}
+
+TEST_F(ConfigSourceTest, TextsOfFilesAreDecodedInPlace) {
+  std::string bytes;
+  for (int i = 0; i < 500; ++i) {
+    bytes += "plain text of some length ";
+    bytes += i % 3 == 0 ? "\xE4\xB8\xAD" : i % 3 == 1 ? "\xF0\x9F\x98\x80" : "\xE4\xB8";
+    for (std::size_t length : {bytes.size(), bytes.size() - 1}) {
+      Write("text", bytes.substr(0, length));
+      const std::optional<SharedText> text = ReadTextFile(u"\\text");
+      ASSERT_TRUE(text);
+      ASSERT_EQ(base::FromUtf8(bytes.substr(0, length)), text->View()) << i;
+      ASSERT_EQ(u'\0', text->View().data()[text->View().size() + SharedText::kPadding - 1]);
+    }
+    if (i == 40) i = 480;
+  }
+  EXPECT_FALSE(ReadTextFile(u"\\missing"));
+}
+
+}  // namespace
+}  // namespace config
