@@ -57,8 +57,10 @@ bool ScriptDisplay::Click(int controlId) {
   return true;
 }
 
-// A thread that has ended has posted all it had to say, and what is posted is handled before the next step.
-bool ScriptDisplay::HasSettled() { return !platform::host::AreThreadsRunning(); }
+// A thread may post its last message and end while the display is being asked: that message comes first.
+bool ScriptDisplay::HasSettled() {
+  return !platform::host::AreThreadsRunning() && !platform::host::AreMessagesWaiting();
+}
 
 ScreenPicture ScriptDisplay::Screen() { return running_ ? TakeScreenPicture() : ScreenPicture{}; }
 

@@ -129,9 +129,11 @@ bool IsWaitCursorShown() { return CurrentSession().waitCursors > 0; }
 
 bool IsIdle() {
   const MessageQueue& queue = CurrentSession().queue;
-  return !queue.HasPosted() && !queue.HasKeys() && !IsPaintDue() && !queue.AreThreadsRunning();
+  return !queue.AreThreadsRunning() && !queue.HasPosted() && !queue.HasKeys() && !IsPaintDue();
 }
 
 bool AreThreadsRunning() { return CurrentSession().queue.AreThreadsRunning(); }
+
+bool AreMessagesWaiting() { return CurrentSession().queue.HasPosted(); }
 
 }  // namespace platform::host

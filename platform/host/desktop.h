@@ -121,5 +121,7 @@ bool IsWaitCursorShown();
 // an empty queue, so what a display still has to wait for is a thread: its end wakes the display.
 bool IsIdle();
 bool AreThreadsRunning();
+// Ask for the threads first: what one has posted before it ended is seen then.
+bool AreMessagesWaiting();
 
 }  // namespace platform::host

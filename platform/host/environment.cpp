@@ -23,6 +23,11 @@ Session& CurrentSession() {
 
 Environment& CurrentEnvironment() { return CurrentSession().environment; }
 
+bool IsRefused(Use use) {
+  const auto& refuses = CurrentEnvironment().refuses;
+  return refuses && refuses(use);
+}
+
 bool IsWarmReset() { return CurrentSession().queue.IsResetting(); }
 
 InstalledEnvironment::InstalledEnvironment(Environment environment) {

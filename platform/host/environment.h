@@ -28,6 +28,9 @@ class Observer {
   virtual void WarmReset() = 0;
 };
 
+// Uses of the terminal's disk and of other programs, each of which can fail.
+enum class Use { kOpenFile, kReadFile, kCreateFile, kWriteFile, kReplaceFile, kStartProgram };
+
 struct Environment {
   std::filesystem::path root;                    // the terminal's storage; empty: no file exists
   std::shared_ptr<const RegistryTree> registry;  // null: an empty registry
@@ -44,10 +47,12 @@ struct Environment {
   std::optional<SystemTime> localTime;  // nothing: the machine's clock
   std::string hostName;                 // empty: the machine's
   std::string hostAddress;              // of `hostName`, dotted
+  std::function<bool(Use)> refuses;     // whether a use fails now, as on a broken or full disk; none: it does not
 };
 
 // The environment in force. Exactly one is installed at a time, before the program runs.
 Environment& CurrentEnvironment();
+bool IsRefused(Use use);
 
 // Whether the program has restarted the device. From then on every modal loop ends, new ones return 0 at once and
 // nothing more is read from the display, so that the program comes to its end; it starts again in a new environment.

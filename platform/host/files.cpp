@@ -1,5 +1,6 @@
 #include "platform/files.h"
 
+#include "platform/host/environment.h"
 #include "platform/host/root_path.h"
 
 #include <fcntl.h>
@@ -24,7 +25,7 @@ struct Input {
 
 std::optional<Input> OpenInput(WideStringView path) {
   const host::Place place = host::FindPlace(path);
-  if (!place.exists) return std::nullopt;
+  if (!place.exists || host::IsRefused(host::Use::kOpenFile)) return std::nullopt;
   // Without blocking: a pipe is no file, and must not hold the program up before that is known.
   host::Descriptor file(
       openat(place.folder.Number(), place.name.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
@@ -36,6 +37,7 @@ std::optional<Input> OpenInput(WideStringView path) {
 
 // False when the file is shorter than it was.
 bool ReadExactly(const Input& input, char* to) {
+  if (host::IsRefused(host::Use::kReadFile)) return false;
   std::size_t length = 0;
   while (length < input.size) {
     const ssize_t got = read(input.file.Number(), to + length, input.size - length);
@@ -82,7 +84,7 @@ struct OutputFile::State {
 
 bool OutputFile::State::Open(WideStringView path) {
   place = host::FindPlace(path);
-  if (!place.folder || place.name.empty()) return false;
+  if (!place.folder || place.name.empty() || host::IsRefused(host::Use::kCreateFile)) return false;
   mode_t mode = 0644;
   if (place.exists) {
     struct stat status = {};
@@ -99,6 +101,7 @@ bool OutputFile::State::Open(WideStringView path) {
 }
 
 bool OutputFile::State::Write(std::string_view bytes) {
+  failed = failed || host::IsRefused(host::Use::kWriteFile);
   while (!bytes.empty() && !failed) {
     const ssize_t written = write(file.Number(), bytes.data(), bytes.size());
     if (written < 0 && errno == EINTR) continue;
@@ -124,7 +127,8 @@ bool OutputFile::IsOpen() const { return state_ != nullptr; }
 bool OutputFile::Write(std::string_view bytes) { return state_ && state_->Write(bytes); }
 
 bool OutputFile::Commit() {
-  if (!state_ || state_->failed || fsync(state_->file.Number()) != 0) return false;
+  if (!state_ || state_->failed || host::IsRefused(host::Use::kReplaceFile)) return false;
+  if (fsync(state_->file.Number()) != 0) return false;
   const int folder = state_->place.folder.Number();
   if (renameat(folder, state_->temporaryName.c_str(), folder, state_->place.name.c_str()) != 0) return false;
   state_.reset();

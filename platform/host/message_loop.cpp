@@ -93,6 +93,7 @@ void PostQuit(int exitCode) { host::CurrentSession().queue.PostQuit(exitCode); }
 bool IsKeyDown(std::uint16_t virtualKey) { return host::CurrentSession().keysDown.count(virtualKey) != 0; }
 
 void PauseMs(int milliseconds) {
+  if (host::IsWarmReset()) return;
   for (int paints = 0; paints < host::kPaintsBetweenKeys && host::PaintOne(); ++paints) {
   }
   if (host::Display* display = host::CurrentEnvironment().display)

@@ -72,6 +72,7 @@ Program Check(const host::Place& place) {
 
 // Named without a folder it is looked for in \Windows and then in the root.
 Program Find(const WideString& name) {
+  if (host::IsRefused(host::Use::kStartProgram)) return {kRefused, {}};
   if (host::SplitPath(name).empty()) return {kPathNotFound, {}};
   if (name.find_first_of(u"\\/") == WideString::npos) {
     const Program inWindows = Check(host::FindPlace(u"\\Windows\\" + name));
@@ -84,6 +85,7 @@ std::uint32_t Spawn(const Program& program, WideStringView arguments) {
   std::vector<std::string> texts = SplitArguments(arguments);
   texts.insert(texts.begin(), program.fullName);
   std::vector<char*> pointers;
+  pointers.reserve(texts.size() + 1);
   for (std::string& text : texts) pointers.push_back(text.data());
   pointers.push_back(nullptr);
 
