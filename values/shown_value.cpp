@@ -34,12 +34,13 @@ WideString ReadableText(const PropertyDescriptor& descriptor) {
 
 WideString MaskedText(const PropertyDescriptor& descriptor, WideStringView text) {
   constexpr std::size_t kMostStars = 1023;
+  const WideString stars(std::min(text.size(), kMostStars), u'*');
 
-  if (!descriptor.Resolve(TextId::kPassWordChar).empty()) {
-    return WideString(std::min(text.size(), kMostStars), u'*');
-  }
+  if (!descriptor.Resolve(TextId::kPassWordChar).empty()) return stars;
   WideString fixedText = descriptor.Resolve(TextId::kWep);
-  return fixedText.empty() ? WideString(text) : fixedText;
+  if (!fixedText.empty()) return fixedText;
+  // A password stays a secret where its author forgot to say so.
+  return TypeCodeOf(descriptor.Type()) == TypeCode::kPassword ? stars : WideString(text);
 }
 
 WideString ShownValue(const PropertyDescriptor& descriptor) {

@@ -70,6 +70,8 @@ TEST_F(ShownValueTest, APasswordShowsAStarForEachCharacter) {
   EXPECT_EQ(Shown(u"Octet String", WideString(5000, u'a'), {{u"PassWordChar", u"*"}}).size(), 1023u);
 }
 
+TEST_F(ShownValueTest, APasswordIsASecretWithoutItsMaskToo) { EXPECT_EQ(Shown(u"Password", u"abcde", {}), u"*****"); }
+
 TEST_F(ShownValueTest, AWirelessKeyShowsItsFixedTextWhateverTheValue) {
   EXPECT_EQ(Shown(u"Hex", u"abcde", {{u"WEP", u"Set"}}), u"Set");
   EXPECT_EQ(Shown(u"Hex", u"", {{u"WEP", u"Set"}}), u"Set");
