@@ -94,16 +94,17 @@ void MainDialog::ShowRootMenu() {
   FocusList();
 }
 
-void MainDialog::ShowNote(WideStringView text) { ShowPopupNote(list_.Handle(), text); }
+// The note hides the list for its time, and with it goes the focus.
+void MainDialog::ShowNote(WideStringView text) {
+  const WindowHandle focused = platform::FocusedWindow();
+  ShowPopupNote(list_.Handle(), text);
+  platform::Focus(focused);
+}
 
 void MainDialog::RunEdit(const std::function<bool(WindowHandle owner)>& edit) {
   if (editRuns_) return;
   editRuns_ = true;
-  if (edit(window_)) {
-    const WindowHandle focused = platform::FocusedWindow();
-    ShowNote(LoadText(TextId::kSavedNote));
-    platform::Focus(focused);
-  }
+  if (edit(window_)) ShowNote(LoadText(TextId::kSavedNote));
   editRuns_ = false;
 }
 
