@@ -71,12 +71,6 @@ bool MakeControls(const DialogTemplate& dialog, const DialogUnits& units, Window
   return true;
 }
 
-// The first control that Tab or else an arrow stops at.
-WindowHandle FirstControl(WindowHandle dialog) {
-  const WindowHandle stop = NextTabStop(dialog, nullptr, false);
-  return stop != nullptr ? stop : NextInGroup(dialog, nullptr, false);
-}
-
 void Initialise(WindowHandle dialog) {
   const auto record = Find(dialog);
   const LResult wantsFocus = Send(dialog, message::kInitDialog, ToWParam(FirstControl(dialog)));
@@ -147,7 +141,6 @@ LResult RunDialog(const DialogTemplate& dialogTemplate, WindowHandle owner, Mess
   record->rect = PlaceOf(dialogTemplate, units, *record);
   record->dialogHandler = &withDefault;
   DialogWindow& state = *DialogWindow::Of(*record);
-  state.enablesOwner = disablesOwner;
 
   Send(dialog, message::kSetFont, ToWParam(units.font), 0);
   LResult result = -1;
@@ -171,7 +164,7 @@ void EndDialog(WindowHandle dialog, LResult result) {
   state->ended = true;
   state->result = result;
   const WindowHandle owner = record->owner;
-  if (state->enablesOwner && owner != nullptr) Enable(owner, true);
+  Enable(owner, true);  // even one that was disabled before
   if (IsInside(dialog, FocusedWindow())) Focus(dialog);
   SetVisibleBit(*record, false);
   if (ActiveWindow() != dialog) return;

@@ -110,6 +110,13 @@ WindowHandle NextTabStop(WindowHandle dialog, WindowHandle from, bool backwards)
                 [](const WindowRecord& control) { return control.Has(style::kTabStop) && CanHaveFocus(control); });
 }
 
+WindowHandle FirstControl(WindowHandle dialog) {
+  const WindowHandle stop = NextTabStop(dialog, nullptr, false);
+  const auto record = Find(dialog);
+  if (stop != nullptr || !record) return stop;
+  return Around(record->children, nullptr, false, CanHaveFocus);
+}
+
 WindowHandle NextInGroup(WindowHandle dialog, WindowHandle from, bool backwards) {
   const auto record = Find(dialog);
   if (!record) return nullptr;

@@ -7,6 +7,9 @@ namespace platform::host {
 
 // The next control that Tab stops at, or null. With no `from` the first (or last) one.
 WindowHandle NextTabStop(WindowHandle dialog, WindowHandle from, bool backwards);
+// The control that a dialog focuses by itself: the first that Tab stops at, or else the first that can be seen, be it
+// only a text.
+WindowHandle FirstControl(WindowHandle dialog);
 // The next control that an arrow moves to, in the group of `from`; `from` itself when there is no other.
 WindowHandle NextInGroup(WindowHandle dialog, WindowHandle from, bool backwards);
 

@@ -65,8 +65,7 @@ void DialogWindow::RestoreFocus(const WindowRecord& window, bool onlyActivated) 
   if (!Find(savedFocus_) || savedFocus_ == window.handle) {
     savedFocus_ = nullptr;
     if (onlyActivated) return;
-    savedFocus_ = NextTabStop(window.handle, nullptr, false);
-    if (savedFocus_ == nullptr) savedFocus_ = NextInGroup(window.handle, nullptr, false);
+    savedFocus_ = FirstControl(window.handle);
     if (savedFocus_ == nullptr) return;
   }
   const WindowHandle control = savedFocus_;

@@ -22,7 +22,6 @@ class DialogWindow : public WindowBehaviour {
 
   bool ended = false;
   LResult result = 0;
-  bool enablesOwner = false;
   int defaultId = 0;  // the button that Enter presses when no button has the focus; 0: none
 
  private:
