@@ -109,6 +109,17 @@ bool IsShown(HWND control) {
   return GetDlgCtrlID(control) != kWineIconId || !IsSystemMessage(GetParent(control));
 }
 
+// Wine shows a month's short name and tells the long one, with a mark behind it, when it is asked for the text.
+WideString PickerText(WideString text) {
+  constexpr WideStringView kMark = u".3s";
+  constexpr std::size_t kShortName = 3;
+  const std::size_t mark = text.find(kMark);
+  if (mark == WideString::npos) return text;
+  const std::size_t before = text.find_last_of(u" ,", mark);
+  const std::size_t name = before == WideString::npos ? 0 : before + 1;
+  return text.erase(name + kShortName, mark + kMark.size() - name - kShortName);
+}
+
 ControlPicture TakeControl(HWND window) {
   ControlPicture picture;
   picture.kind = KindOf(window);
@@ -119,6 +130,7 @@ ControlPicture TakeControl(HWND window) {
     case Kind::kButton: picture.checked = Ask(window, BM_GETCHECK) == BST_CHECKED; break;
     case Kind::kEdit: FillEdit(window, picture); break;
     case Kind::kList: FillList(window, picture); break;
+    case Kind::kPicker: picture.text = PickerText(std::move(picture.text)); break;
     case Kind::kProgress: picture.position = Ask(window, PBM_GETPOS); break;
     case Kind::kAddress:
       for (const HWND field : ChildrenOf(window)) picture.lines.push_back(TextOf(field));
