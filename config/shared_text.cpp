@@ -19,6 +19,18 @@ SharedText::SharedText(WideStringView text) : length_(text.size()) {
   units_ = std::move(units);
 }
 
+SharedText SharedText::Decoded(std::string_view bytes, std::shared_ptr<char16_t[]> units) {
+  char16_t* const end = base::DecodeUtf8(bytes, units.get());
+  std::fill_n(end, kPadding, u'\0');
+  const auto length = static_cast<std::size_t>(end - units.get());
+  return {std::move(units), length};
+}
+
+SharedText SharedText::FromUtf8(std::string_view bytes) {
+  std::shared_ptr<char16_t[]> units = std::make_unique_for_overwrite<char16_t[]>(bytes.size() + kPadding);
+  return Decoded(bytes, std::move(units));
+}
+
 // The bytes lie in the upper half of the text's own memory and are decoded from there to its beginning, so that they
 // are never held beside their text.
 std::optional<SharedText> SharedText::FromUtf8(const std::function<bool(const Place& place)>& read) {
@@ -31,10 +43,7 @@ std::optional<SharedText> SharedText::FromUtf8(const std::function<bool(const Pl
     return upperHalf;
   };
   if (!read(place) || !units) return std::nullopt;
-  char16_t* const end = base::DecodeUtf8(bytes, units.get());
-  std::fill_n(end, kPadding, u'\0');
-  const auto length = static_cast<std::size_t>(end - units.get());
-  return SharedText(std::move(units), length);
+  return Decoded(bytes, std::move(units));
 }
 
 std::optional<SharedText> ReadTextFile(WideStringView path) {

@@ -7,6 +7,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string_view>
 
 namespace config {
 
@@ -17,8 +18,10 @@ class SharedText {
 
   SharedText() : SharedText(WideStringView()) {}
   explicit SharedText(WideStringView text);  // a copy
-  // From bytes of UTF-8, whatever they are: `read` asks once for the place of so many bytes and puts them there.
-  // Nothing when it answers false.
+  // From bytes of UTF-8, whatever they are.
+  static SharedText FromUtf8(std::string_view bytes);
+  // The same without holding the bytes beside the text: `read` asks once for the place of so many bytes and puts them
+  // there. Nothing when it answers false.
   using Place = std::function<char*(std::size_t size)>;
   static std::optional<SharedText> FromUtf8(const std::function<bool(const Place& place)>& read);
 
@@ -27,6 +30,7 @@ class SharedText {
 
  private:
   SharedText(std::shared_ptr<const char16_t[]> units, std::size_t length);
+  static SharedText Decoded(std::string_view bytes, std::shared_ptr<char16_t[]> units);
 
   std::shared_ptr<const char16_t[]> units_;
   std::size_t length_ = 0;
