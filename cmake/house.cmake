@@ -36,8 +36,9 @@ function(kel_fuzz name)
   target_link_libraries(${name}_fuzz PRIVATE ${FUZZ_USES})
   target_link_options(${name}_fuzz PRIVATE -fsanitize=fuzzer)
   set(found ${CMAKE_CURRENT_BINARY_DIR}/found/${name})
-  file(MAKE_DIRECTORY ${found})
+  set(corpus ${CMAKE_CURRENT_BINARY_DIR}/corpus/${name})  # the first folder gets what is found; the seeds stay as they are
+  file(MAKE_DIRECTORY ${found} ${corpus})
   add_test(NAME fuzz.${name} COMMAND ${name}_fuzz -runs=${FUZZ_RUNS} -seed=1 -max_len=4096 -timeout=20
-    -artifact_prefix=${found}/ -reload=0 -verbosity=0 ${CMAKE_CURRENT_SOURCE_DIR}/seeds/${name})
+    -artifact_prefix=${found}/ -reload=0 -verbosity=0 ${corpus} ${CMAKE_CURRENT_SOURCE_DIR}/seeds/${name})
   set_tests_properties(fuzz.${name} PROPERTIES TIMEOUT 280)
 endfunction()
