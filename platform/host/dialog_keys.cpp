@@ -120,9 +120,7 @@ WindowHandle FirstControl(WindowHandle dialog) {
 WindowHandle NextInGroup(WindowHandle dialog, WindowHandle from, bool backwards) {
   const auto record = Find(dialog);
   if (!record) return nullptr;
-  return Around(GroupOf(record->children, from), from, backwards, [](const WindowRecord& control) {
-    return CanHaveFocus(control) && (Send(control.handle, message::kGetDialogCode) & kDialogCodeStatic) == 0;
-  });
+  return Around(GroupOf(record->children, from), from, backwards, CanHaveFocus);
 }
 
 bool HandleDialogMessage(WindowHandle dialog, const QueuedMessage& queued) {

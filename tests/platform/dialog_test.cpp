@@ -196,9 +196,9 @@ TEST_F(OneDialogTest, TabAndArrowsMoveTheFocus) {
     bool shift;
     int focused;
   } cases[] = {
-      {key::kTab, false, 21},   {key::kTab, false, 22},   {key::kTab, false, 20},
-      {key::kTab, true, 22},    {key::kTab, true, 21},    {key::kDown, false, 22},
-      {key::kRight, false, 20}, {key::kRight, false, 20},  // the field's
+      {key::kTab, false, 21},   {key::kTab, false, 22},   {key::kTab, false, 20},   {key::kTab, true, 22},
+      {key::kTab, true, 21},    {key::kDown, false, 22},  {key::kRight, false, 23},  // arrows stop at texts as well
+      {key::kRight, false, 20}, {key::kRight, false, 20},                            // the field's
       {key::kTab, false, 21},   {key::kUp, false, 20},
   };
   for (const auto& c : cases) {
