@@ -42,11 +42,9 @@ inline std::uint64_t UnitMask16(const char16_t* units, Test test) {
 // another order: the number of a bit's place in the mask has its six binary digits exchanged, as three pairs of them.
 template <typename Test>
 inline std::uint64_t UnitMask64(const char16_t* units, Test test) {
-  constexpr std::int16_t kBits[] = {0x01, 0x10, 0x02, 0x20, 0x04, 0x40, 0x08, 0x80};
-  UnitVector bits = {};
-  for (std::size_t i = 0; i < 8; ++i) {
-    bits |= test(LoadUnits(units + 8 * i)) & SpreadUnit(static_cast<char16_t>(kBits[i]));
-  }
+  const auto at = [&](int vector, char16_t bit) { return test(LoadUnits(units + 8 * vector)) & SpreadUnit(bit); };
+  const UnitVector bits = at(0, 0x01) | at(1, 0x10) | at(2, 0x02) | at(3, 0x20) |  //
+                          at(4, 0x04) | at(5, 0x40) | at(6, 0x08) | at(7, 0x80);
   std::uint64_t halves[2];
   std::memcpy(halves, &bits, sizeof(halves));
   std::uint64_t mask = halves[0] | halves[1] << 8;

@@ -3,12 +3,9 @@
 #include "config/xml_index.h"
 #include "config/xml_tokens.h"
 
-#include <algorithm>
-#include <array>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <span>
 
 namespace config {
 namespace {
@@ -53,57 +50,45 @@ std::size_t EndOfNode(WideStringView text, std::size_t at) {
   return EndOfDeclaration(text, at);
 }
 
-constexpr std::uint32_t kNoPlace = 0xFFFFFFFF;
-
-// The places of the "<" of a stretch of the text, in order, with kNoPlace at their end. Collecting them ahead of their
-// use keeps the loop below free of branches that cannot be foreseen.
-class TagPlaces {
+// Goes through the "<" of a text.
+class TagStarts {
  public:
-  explicit TagPlaces(WideStringView text) : text_(text) {}
+  explicit TagStarts(WideStringView text) : units_(text.data()), size_(text.size()), mask_(MaskAt(units_)) {}
 
-  // Those of the next stretch that has any.
-  const std::uint32_t* NextStretch() {
-    std::uint32_t* end = places_.data();
-    while (end == places_.data() && at_ < text_.size()) {
-      for (std::size_t block = 0; block < kBlocks && at_ < text_.size(); ++block, at_ += kBlock) end = AddBlock(end);
+  // The next one; the size of the text when there is none any more.
+  std::size_t Next() {
+    while (mask_ == 0) {
+      block_ += kBlock;
+      if (block_ >= size_) return size_;
+      mask_ = MaskAt(units_ + block_);
     }
-    *end = kNoPlace;
-    return places_.data();
+    const std::size_t at = block_ + static_cast<std::size_t>(std::countr_zero(mask_));
+    mask_ &= mask_ - 1;
+    return at;
   }
 
-  // The next stretch begins not before here.
-  void GoTo(std::size_t at) { at_ = std::max(at_, at); }
+  // The next one that is not before `from`.
+  std::size_t NextFrom(std::size_t from) {
+    if (from >= block_ + kBlock && from < size_) {
+      block_ = from;
+      mask_ = MaskAt(units_ + block_);
+    }
+    std::size_t at = Next();
+    while (at < from) at = Next();
+    return at;
+  }
 
  private:
   static constexpr std::size_t kBlock = 64;
-  static constexpr std::size_t kBlocks = 16;
-  static constexpr std::size_t kAtOnce = 4;  // more than most blocks have
 
-  std::uint32_t* AddBlock(std::uint32_t* end) {
-    std::uint64_t mask =
-        UnitMask64(text_.data() + at_, [](UnitVector v) -> UnitVector { return v == SpreadUnit(u'<'); });
-    const std::size_t count = BitCount(mask);
-    for (std::size_t i = 0; i < kAtOnce; ++i) Add(end[i], mask);
-    for (std::size_t i = kAtOnce; i < count; ++i) Add(end[i], mask);
-    return end + count;
+  [[gnu::noinline]] static std::uint64_t MaskAt(const char16_t* units) {
+    return UnitMask64(units, [](UnitVector v) -> UnitVector { return v == SpreadUnit(u'<'); });
   }
 
-  void Add(std::uint32_t& place, std::uint64_t& mask) const {
-    place = static_cast<std::uint32_t>(at_) + static_cast<std::uint32_t>(std::countr_zero(mask));
-    mask &= mask - 1;
-  }
-
-  // As std::popcount, which calls a function where the processor may lack the instruction.
-  static std::size_t BitCount(std::uint64_t bits) {
-    bits -= (bits >> 1) & 0x5555555555555555;
-    bits = (bits & 0x3333333333333333) + ((bits >> 2) & 0x3333333333333333);
-    bits = (bits + (bits >> 4)) & 0x0F0F0F0F0F0F0F0F;
-    return static_cast<std::size_t>((bits * 0x0101010101010101) >> 56);
-  }
-
-  const WideStringView text_;
-  std::size_t at_ = 0;
-  std::array<std::uint32_t, kBlock * kBlocks + kAtOnce + 1> places_;
+  const char16_t* units_;
+  std::size_t size_;
+  std::size_t block_ = 0;   // where the block of units begins that is being gone through
+  std::uint64_t mask_ = 0;  // its "<" that are still to come
 };
 
 // Where the first ">" from `at` on is; the size of the text when there is none.
@@ -116,21 +101,24 @@ std::size_t FindTagEnd(WideStringView text, std::size_t at) {
   return text.size();
 }
 
-// The length of the tag name when the end tag is as nearly all are: the name as it stands right behind the "<" of the
-// start tag, then ">". Else 0. `tagLength` is that of all in the start tag, which is mostly the name alone; both places
-// are behind the "<" and the "/".
-std::size_t PlainEndTagLength(const char16_t* startTag, std::size_t tagLength, const char16_t* endTag) {
-  constexpr std::size_t kUnits = 16;
-  std::size_t length = tagLength;
-  if (length > kUnits || endTag[length] != u'>') length = PlainTokenLength(startTag);
-  if (length == 0 || endTag[length] != u'>' || IsXmlDelimiter(endTag[0])) return 0;
-  // Units that may be quotes could hide that ">".
+constexpr std::size_t kShort = 16;
+
+// Whether the same units stand in both places, `length` of them from 1 to kShort, with no quotes among them.
+bool SameShortName(const char16_t* startTag, const char16_t* endTag, std::size_t length) {
   const auto unfit = [](UnitVector start, UnitVector end) -> UnitVector {
+    // A few other units are taken for quotes too.
     return (start != end) | ((end | SpreadUnit(u'"' ^ u'\'')) == SpreadUnit(u'"' | u'\''));
   };
   const UnitVector first = unfit(LoadUnits(startTag), LoadUnits(endTag));
   const UnitVector second = unfit(LoadUnits(startTag + 8), LoadUnits(endTag + 8));
-  return (MaskOf(first, second) << (64 - length)) == 0 ? length : 0;
+  return (MaskOf(first, second) << (64 - length)) == 0;
+}
+
+// The length of the tag name when the end tag is as nearly all are: the short name as it stands right behind the "<" of
+// the start tag, then ">". Else 0. Both places are behind the "<" and the "/".
+std::size_t PlainEndTagLength(const char16_t* startTag, const char16_t* endTag) {
+  const std::size_t length = PlainTokenLength(startTag);
+  return length != 0 && endTag[length] == u'>' && SameShortName(startTag, endTag, length) ? length : 0;
 }
 
 struct EndTag {
@@ -154,27 +142,13 @@ EndTag ReadEndTag(WideStringView text, std::size_t at, WideStringView tagName) {
 // this is the loop that decides how soon the first menu is on the screen.
 XmlScanResult ScanElements(WideStringView text, BlockList<XmlElement>& elements) {
   const char16_t* const units = text.data();
-  TagPlaces places(text);
-  const std::uint32_t* place = places.NextStretch();
-  const auto goTo = [&](std::size_t at) {
-    while (*place < at) ++place;
-    if (*place == kNoPlace) places.GoTo(at);
-  };
-
-  // Of a plain end tag at `at` for the start tag from `tag` to `tagEnd`; 0 when there is none.
-  const auto lengthOfEndTagAt = [&](std::size_t at, std::size_t tag, std::size_t tagEnd) -> std::size_t {
-    if (at == kNoPlace || units[at + 1] != u'/') return 0;
-    return PlainEndTagLength(units + tag, tagEnd - tag, units + at + 2);
-  };
-
+  TagStarts tags(text);
   std::uint32_t openIndex = XmlIndex::kDocument;  // the innermost element that is open
   XmlElement* open = &elements[openIndex];
   std::uint32_t* link = &open->firstChildIndex;  // where the next element inside it is entered
 
-  for (;;) {
-    if (*place == kNoPlace) place = places.NextStretch();
-    if (*place == kNoPlace) return {XmlError::kTagNotFound, openIndex};
-    const std::size_t start = *place++;
+  for (std::size_t start = tags.Next();;) {
+    if (start == text.size()) return {XmlError::kTagNotFound, openIndex};
     std::size_t token = start + 1;
     if (IsXmlBlank(units[token])) token = SkipXmlBlanks(text, token);
     if (token == text.size()) return {XmlError::kAbruptEnd, openIndex};
@@ -183,58 +157,62 @@ XmlScanResult ScanElements(WideStringView text, BlockList<XmlElement>& elements)
     if (first == u'/') {
       if (openIndex == XmlIndex::kDocument) return {XmlError::kBeginsWithEndTag, openIndex};
       const std::size_t name = token + 1;
-      const std::size_t tag = open->startTagStart + 1;
-      const std::size_t length = PlainEndTagLength(units + tag, open->startTagEnd - tag, units + name);
+      const std::size_t length = PlainEndTagLength(units + open->startTagStart + 1, units + name);
       std::size_t end = name + length;
       if (length == 0) {
         const EndTag endTag = ReadEndTag(text, name, TagNameAt(text, open->startTagStart));
         if (endTag.error != XmlError::kNone) return {endTag.error, openIndex};
         end = endTag.end;
       }
-      goTo(end + 1);
       open->endTagStart = static_cast<std::uint32_t>(start);
+      start = tags.NextFrom(end);
       open->endTagEnd = static_cast<std::uint32_t>(end);
       link = &open->nextSiblingIndex;
       openIndex = open->parentIndex;
       open = &elements[openIndex];
       if (openIndex == XmlIndex::kDocument) return {};
-    } else if (first == u'?' || first == u'!') {
+      continue;
+    }
+    if (first == u'?' || first == u'!') {
       const std::size_t end = EndOfNode(text, token);
       if (end == kNotFound) return {XmlError::kInvalidNode, openIndex};
-      goTo(end);
-    } else if (first == u'"' || first == u'\'') {
-      return {XmlError::kQuotedTag, openIndex};
-    } else {
-      const std::size_t end = FindTagEnd(text, token + 1);
-      if (end == text.size()) return {XmlError::kTagNotClosed, openIndex};
-      goTo(end + 1);
-      const auto index = static_cast<std::uint32_t>(elements.Size());
-      XmlElement& element = elements.Add();
-      *link = index;
-      element.startTagStart = static_cast<std::uint32_t>(start);
-      element.startTagEnd = static_cast<std::uint32_t>(end);
-      element.endTagStart = 0;
-      element.endTagEnd = 0;
-      element.parentIndex = openIndex;
-      element.firstChildIndex = 0;
-      element.nextSiblingIndex = 0;
-      if (units[end - 1] == u'/') {
-        element.endTagStart = static_cast<std::uint32_t>(end - 1);
-        element.endTagEnd = static_cast<std::uint32_t>(end);
-      } else if (const std::size_t length = lengthOfEndTagAt(*place, start + 1, end)) {
-        // Nothing inside but text, as in most elements: this need not be opened first.
-        element.endTagStart = *place;
-        element.endTagEnd = static_cast<std::uint32_t>(*place + 2 + length);
-        goTo(element.endTagEnd);
-      } else {
-        link = &element.firstChildIndex;
-        openIndex = index;
-        open = &element;
-        continue;
-      }
-      link = &element.nextSiblingIndex;
-      if (openIndex == XmlIndex::kDocument) return {};
+      start = tags.NextFrom(end);
+      continue;
     }
+    if (first == u'"' || first == u'\'') return {XmlError::kQuotedTag, openIndex};
+
+    const std::size_t end = FindTagEnd(text, token + 1);
+    if (end == text.size()) return {XmlError::kTagNotClosed, openIndex};
+    const auto index = static_cast<std::uint32_t>(elements.Size());
+    XmlElement& element = elements.Add();
+    *link = index;
+    element = {.startTagStart = static_cast<std::uint32_t>(start),
+               .startTagEnd = static_cast<std::uint32_t>(end),
+               .endTagStart = 0,
+               .endTagEnd = 0,
+               .parentIndex = openIndex,
+               .firstChildIndex = 0,
+               .nextSiblingIndex = 0};
+
+    // Most elements are a short name, text and the end tag at once; they need not be opened first.
+    const std::size_t length = end - token;
+    start = tags.NextFrom(end);
+    if (units[end - 1] == u'/') {
+      element.endTagStart = static_cast<std::uint32_t>(end - 1);
+      element.endTagEnd = static_cast<std::uint32_t>(end);
+    } else if (length <= kShort && units[start + 1] == u'/' && units[start + 2 + length] == u'>' &&
+               !IsXmlDelimiter(first) && SameShortName(units + token, units + start + 2, length)) {
+      element.endTagStart = static_cast<std::uint32_t>(start);
+      element.endTagEnd = static_cast<std::uint32_t>(start + 2 + length);
+      start = tags.NextFrom(element.endTagEnd);
+    } else {
+      link = &element.firstChildIndex;
+      openIndex = index;
+      open = &element;
+      continue;
+    }
+    link = &element.nextSiblingIndex;
+    if (openIndex == XmlIndex::kDocument) return {};
   }
 }
 
