@@ -86,7 +86,7 @@ class EditBench : public ui_test::PropertyBench {
   void Press(const std::string& keys) { terminal.display.Press(keys); }
   void Look(std::function<void()> action) { terminal.display.Look(std::move(action)); }
   void ExpectScreen(const Strings& controls) {
-    Look([this, controls] { EXPECT_EQ(controls, Screen()); });
+    Look([controls] { EXPECT_EQ(controls, Screen()); });
   }
   bool Edit(model::MenuItem& item, bool large = false) {
     const ui::EditContext context{editors, committer, actions, view, insertFlag};
