@@ -6,10 +6,38 @@
 
 #include <chrono>
 #include <ctime>
+#include <utility>
 
 namespace platform {
 
+namespace {
+
+// A device that restarts does not wait for the program: what that still asks on its way to its end is never heard.
+class DeviceUntilReset final : public ISnmpConfig {
+ public:
+  explicit DeviceUntilReset(std::unique_ptr<ISnmpConfig> device) : device_(std::move(device)) {}
+
+  ResultCode Set(const WideString& oid, const WideString& type, const WideString& value) override {
+    return host::IsWarmReset() ? kFailed : device_->Set(oid, type, value);
+  }
+  ResultCode Get(const WideString& oid, const WideString& type, std::optional<WideString>& value) override {
+    return host::IsWarmReset() ? kFailed : device_->Get(oid, type, value);
+  }
+  ResultCode SetSpecial(const WideString& oid, const WideString& type, const WideString& value) override {
+    return host::IsWarmReset() ? kFailed : device_->SetSpecial(oid, type, value);
+  }
+  ResultCode GetSpecial(const WideString& oid, const WideString& type, std::optional<WideString>& value) override {
+    return host::IsWarmReset() ? kFailed : device_->GetSpecial(oid, type, value);
+  }
+
+ private:
+  std::unique_ptr<ISnmpConfig> device_;
+};
+
+}  // namespace
+
 void DebugOutput(WideStringView line) {
+  if (host::IsWarmReset()) return;
   if (host::Observer* observer = host::CurrentEnvironment().observer) observer->Debug(line);
 }
 
@@ -17,12 +45,14 @@ void KernelDebugOutput(WideStringView line) { DebugOutput(line); }
 
 std::unique_ptr<ISnmpConfig> ConnectSnmpConfig() {
   const auto& connect = host::CurrentEnvironment().connectDevice;
-  return connect ? connect() : nullptr;
+  if (!connect || host::IsWarmReset()) return nullptr;
+  auto device = connect();
+  return device ? std::make_unique<DeviceUntilReset>(std::move(device)) : nullptr;
 }
 
 TableAnswer GetTableValue(const WideString& progId, const WideString& table, const WideString& key) {
   const auto& tableValue = host::CurrentEnvironment().tableValue;
-  return tableValue ? tableValue(progId, table, key) : TableAnswer{};
+  return tableValue && !host::IsWarmReset() ? tableValue(progId, table, key) : TableAnswer{};
 }
 
 void WarmReset() {

@@ -316,7 +316,8 @@ std::vector<Flow> Commands() {
                         {"start", "Error: Unable to execute command KelWrite2Flash.exe", ""}}},
       {.name = "WarmBoot",
        .menu = Property("Country", "7.1", "Integer",
-                        "<ChoiceFmt>1#America|2#Europe</ChoiceFmt><_OnExit>PromptWarmBoot</_OnExit>"),
+                        "<ChoiceFmt>1#America|2#Europe</ChoiceFmt><_OnExit>PromptWarmBoot</_OnExit>"
+                        "<Dependency>this|Integer|Empty|Refresh</Dependency>"),
        .device = Line("7.1", "Integer", "1"),
        .keys = "key 1 Down Enter 1 Esc Esc",
        .calls = {"get 7.1", "set 7.1 2", "connect", "get 7.1"},

@@ -92,6 +92,18 @@ TEST(FlowList, HoldsAtLeastTwentyFlowsOfDifferentNames) {
   EXPECT_LE(20U, names.size());
 }
 
+// What a program that has restarted its device still asks on its way to its end is not heard: the calls after the Set
+// are those of the next start.
+TEST(WarmBoot, EndsTheTalkWithTheDeviceAtOnce) {
+  const auto found =
+      std::find_if(AllFlows().begin(), AllFlows().end(), [](const Flow& flow) { return flow.name == "WarmBoot"; });
+  ASSERT_NE(AllFlows().end(), found);
+  const Outcome outcome = Play(*found);
+  const auto set = std::find(outcome.calls.begin(), outcome.calls.end(), "set 7.1 2");
+  ASSERT_NE(outcome.calls.end(), set);
+  EXPECT_EQ("open 2", *(set + 1));
+}
+
 // The old file stays until the new one is complete.
 TEST(StoringSettings, LeavesTheOldFileOrACompleteOne) {
   const auto found =
