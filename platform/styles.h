@@ -16,6 +16,7 @@ inline constexpr Bits kBorder = 0x00800000;
 inline constexpr Bits kVerticalScroll = 0x00200000;
 inline constexpr Bits kSystemMenu = 0x00080000;
 inline constexpr Bits kThickFrame = 0x00040000;
+inline constexpr Bits kGroup = 0x00020000;
 inline constexpr Bits kTabStop = 0x00010000;
 
 inline constexpr Bits kExtendedModalFrame = 0x00000001;

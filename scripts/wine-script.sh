@@ -63,11 +63,12 @@ if [ -n "$picture" ]; then
     import -silent -window root "$picture" || true
     rm -f "$work/held"
   } &
+  taker=$!
 fi
 
 cd "$work/root"
 status=0
 timeout "${KEL_LIMIT:-120}" wine "$build/simulator/windows/screen_driver.exe" "${hold[@]}" \
   "$(windows_path "$build/app/KelLocalCfg.exe")" "$(windows_path "$script")" "$@" || status=$?
-[ -z "$picture" ] || wait %- 2>/dev/null || true
+[ -z "$picture" ] || wait "$taker" || true
 exit $status

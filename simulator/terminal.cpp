@@ -9,6 +9,7 @@
 namespace simulator {
 namespace {
 
+using platform::ResultCode;
 using platform::host::KeyStroke;
 
 // Lets other terminals on the storage know the windows that the user sees now.
@@ -29,6 +30,30 @@ class PublishingDisplay : public platform::host::Display {
  private:
   platform::host::Display& display_;
   InstanceLock& instance_;
+};
+
+// Nothing that the program still does while it is being reset reaches the device.
+class DeviceUntilReset : public platform::ISnmpConfig {
+ public:
+  DeviceUntilReset(std::unique_ptr<ISnmpConfig> device, const bool& resetting)
+      : device_(std::move(device)), resetting_(resetting) {}
+
+  ResultCode Set(const WideString& oid, const WideString& type, const WideString& value) override {
+    return resetting_ ? platform::kFailed : device_->Set(oid, type, value);
+  }
+  ResultCode Get(const WideString& oid, const WideString& type, std::optional<WideString>& value) override {
+    return resetting_ ? platform::kFailed : device_->Get(oid, type, value);
+  }
+  ResultCode SetSpecial(const WideString& oid, const WideString& type, const WideString& value) override {
+    return resetting_ ? platform::kFailed : device_->SetSpecial(oid, type, value);
+  }
+  ResultCode GetSpecial(const WideString& oid, const WideString& type, std::optional<WideString>& value) override {
+    return resetting_ ? platform::kFailed : device_->GetSpecial(oid, type, value);
+  }
+
+ private:
+  std::unique_ptr<ISnmpConfig> device_;
+  const bool& resetting_;
 };
 
 }  // namespace
@@ -52,7 +77,9 @@ platform::host::Environment Terminal::MakeEnvironment(platform::host::Display& d
   platform::host::Environment environment;
   environment.root = parts_.storage.root;
   environment.registry = parts_.storage.registry;
-  environment.connectDevice = [this] { return MakeSimulatedDevice(*parts_.storage.device, parts_.effects); };
+  environment.connectDevice = [this] {
+    return std::make_unique<DeviceUntilReset>(MakeSimulatedDevice(*parts_.storage.device, parts_.effects), resetting_);
+  };
   environment.tableValue = [this](const WideString& progId, const WideString& table, const WideString& key) {
     return AnswerTableValue(parts_.storage.tables, parts_.effects, progId, table, key);
   };

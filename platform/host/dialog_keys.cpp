@@ -11,8 +11,6 @@ namespace platform::host {
 
 namespace {
 
-constexpr style::Bits kGroup = 0x00020000;
-
 // The dialog's own control that `window` is or lies in; null for the dialog itself.
 WindowHandle ControlAround(WindowHandle dialog, WindowHandle window) {
   for (auto record = Find(window); record && record->IsChild(); record = Find(record->parent)) {
@@ -45,7 +43,7 @@ std::vector<WindowHandle> GroupOf(const std::vector<WindowHandle>& controls, Win
   std::vector<WindowHandle> group;
   bool found = from == nullptr;
   for (const WindowHandle each : controls) {
-    if ((StyleOf(each) & kGroup) != 0) {
+    if ((StyleOf(each) & style::kGroup) != 0) {
       if (found) return group;
       group.clear();
     }

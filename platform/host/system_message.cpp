@@ -51,7 +51,7 @@ void ShowSystemMessage(WideStringView text, WideStringView caption) {
   const std::array<DialogControl, 2> controls{{
       {kIdCancel, u"Button", u"OK", style::kVisible | style::kTabStop | style::kButtonDefault,
        (width - kButtonWidth) / 2, textHeight + 12, kButtonWidth, kButtonHeight},
-      {kTextId, u"Static", text, style::kVisible, 6, 6, textWidth, textHeight},
+      {kTextId, u"Static", text, style::kVisible | style::kGroup, 6, 6, textWidth, textHeight},
   }};
   DialogTemplate box;
   box.caption = caption;

@@ -140,6 +140,7 @@ SAME(kBorder, WS_BORDER);
 SAME(kVerticalScroll, WS_VSCROLL);
 SAME(kSystemMenu, WS_SYSMENU);
 SAME(kThickFrame, WS_THICKFRAME);
+SAME(kGroup, WS_GROUP);
 SAME(kTabStop, WS_TABSTOP);
 SAME(kExtendedModalFrame, WS_EX_DLGMODALFRAME);
 SAME(kExtendedTopMost, WS_EX_TOPMOST);

@@ -22,7 +22,7 @@ constexpr int kPaintingsToSee = 2;
 
 // Painting comes after everything else that a thread of windows has to do.
 void AskToPaint(HWND window) {
-  if (window != nullptr) RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_INTERNALPAINT | RDW_NOCHILDREN);
+  if (window != nullptr) RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_INTERNALPAINT);
 }
 
 bool IsPainted(HWND window) { return !GetUpdateRect(window, nullptr, FALSE); }

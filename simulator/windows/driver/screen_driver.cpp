@@ -97,5 +97,6 @@ int Run(int count, wchar_t** arguments) {
 
 int wmain(int count, wchar_t** arguments) {
   _setmode(_fileno(stdout), _O_BINARY);
+  _setmode(_fileno(stderr), _O_BINARY);
   return simulator::Run(count, arguments);
 }
