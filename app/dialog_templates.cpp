@@ -13,6 +13,7 @@ constexpr WideStringView kButton = u"Button";
 constexpr WideStringView kListBox = u"ListBox";
 constexpr WideStringView kProgressBar = u"msctls_progress32";
 
+constexpr Bits kTitleStyle = kStaticCentre | kStaticNoPrefix;
 constexpr Bits kTextPageStyle = kEditMultiLine | kEditReadOnly | kEditAutoVerticalScroll;
 constexpr Bits kListStyle = kListNotify | kListNoIntegralHeight | kTabStop;
 
@@ -20,7 +21,7 @@ constexpr WideStringView kScrollHintText = u"   Press arrows to scroll text.";
 
 // The hint stands where the list and the text page are, so it starts hidden.
 constexpr DialogControl kSmallMainControls[] = {
-    {control_id::kTitle, kStatic, u"Title", kVisible | kStaticCentre, 0, 0, 93, 8},
+    {control_id::kTitle, kStatic, u"Title", kVisible | kTitleStyle, 0, 0, 93, 8},
     {control_id::kProgress, kProgressBar, u"", 0, 8, 38, 70, 10},
     {control_id::kScrollHint, kStatic, kScrollHintText, 0, 2, 56, 87, 8},
     {control_id::kNavigation, kStatic, u"Navigation text", kVisible, 3, 63, 83, 8},
@@ -28,7 +29,7 @@ constexpr DialogControl kSmallMainControls[] = {
 };
 
 constexpr DialogControl kLargeMainControls[] = {
-    {control_id::kTitle, kStatic, u"Title", kVisible | kStaticCentre, 0, 0, 138, 11},
+    {control_id::kTitle, kStatic, u"Title", kVisible | kTitleStyle, 0, 0, 138, 11},
     {control_id::kProgress, kProgressBar, u"", 0, 8, 38, 70, 10},
     {control_id::kScrollHint, kStatic, kScrollHintText, 0, 2, 56, 87, 8},
     {control_id::kNavigation, kStatic, u"Navigation text", 0, 2, 124, 136, 8},
@@ -41,13 +42,13 @@ constexpr DialogTemplate kSmallMain{105, u"", kPopup | kVisible, 0, 0, 99, 74, u
 constexpr DialogTemplate kLargeMain{119, u"", kPopup | kVisible, 0, 0, 139, 133, u"TAHOMA", 10, kLargeMainControls};
 
 constexpr DialogControl kShortMessageControls[] = {
-    {control_id::kMessage, kStatic, u"", kVisible | kStaticCentreVertically, 2, 1, 70, 24},
+    {control_id::kMessage, kStatic, u"", kVisible | kStaticNoPrefix | kStaticCentreVertically, 2, 1, 70, 24},
     {control_id::kAnswers, kListBox, u"", kVisible | kListStyle, 19, 29, 34, 10},
     {control_id::kPressEnter, kStatic, u"Press Enter", kVisible, 19, 36, 38, 8},
 };
 
 constexpr DialogControl kLongMessageControls[] = {
-    {control_id::kMessage, kStatic, u"", kVisible, 1, 1, 74, 38},
+    {control_id::kMessage, kStatic, u"", kVisible | kStaticNoPrefix, 1, 1, 74, 38},
     {control_id::kAnswers, kListBox, u"", kVisible | kListStyle, 19, 36, 36, 22},
     {control_id::kPressEnter, kStatic, u"Press Enter", kVisible, 19, 44, 38, 8},
 };
@@ -57,7 +58,7 @@ constexpr DialogControl kExitChoiceControls[] = {
 };
 
 constexpr DialogControl kOldMessageControls[] = {
-    {control_id::kMessage, kStatic, u"", kVisible, 2, 1, 65, 20},
+    {control_id::kMessage, kStatic, u"", kVisible | kStaticNoPrefix, 2, 1, 65, 20},
     {control_id::kAnswers, kListBox, u"", kVisible | kListStyle, 19, 20, 34, 10},
     {control_id::kPressEnter, kStatic, u"Press Enter", kVisible, 19, 28, 38, 8},
 };

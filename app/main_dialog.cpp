@@ -52,6 +52,7 @@ LResult MainDialog::Initialise() {
     platform::EndDialog(window_, 0);
     return 1;
   }
+  PlaceNavigation();
   actions_.BringModelUpToDate();
   ShowRootMenu();
   platform::Post(window_, ui::private_message::kStartWorker);
@@ -62,6 +63,14 @@ void MainDialog::SetFonts() const {
   platform::SetFont(title_, {kFontFace, largeLayout_ ? kLargeTitlePx : kSmallTitlePx, kTitleWeight});
   platform::SetFont(platform::ControlOf(window_, control_id::kScrollHint), {kFontFace, kHintPx});
   platform::SetFont(navigation_, {kFontFace, kHintPx});
+}
+
+// The list's rectangle reaches a little below its last line and, on the small layout, into the navigation line, which
+// so goes as far down as the window does and stands in front.
+void MainDialog::PlaceNavigation() const {
+  const platform::Rect line = platform::RectInParent(navigation_);
+  const int bottom = platform::ClientRect(window_).bottom;
+  platform::Move(navigation_, {line.left, bottom - line.Height(), line.right, bottom});
 }
 
 // The Exit and Select buttons stay hidden: the navigation line names their keys.

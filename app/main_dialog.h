@@ -48,6 +48,7 @@ class MainDialog final : public platform::MessageHandler, public rules::Shell {
  private:
   platform::LResult Initialise();
   void SetFonts() const;
+  void PlaceNavigation() const;
   void SetNavigation(TextId text) const;
   void ShowMenuState();
   void CloseTextPage();

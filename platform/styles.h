@@ -11,6 +11,7 @@ inline constexpr Bits kPopup = 0x80000000;
 inline constexpr Bits kChild = 0x40000000;
 inline constexpr Bits kVisible = 0x10000000;
 inline constexpr Bits kDisabled = 0x08000000;
+inline constexpr Bits kClipSiblings = 0x04000000;
 inline constexpr Bits kCaption = 0x00C00000;
 inline constexpr Bits kBorder = 0x00800000;
 inline constexpr Bits kVerticalScroll = 0x00200000;
@@ -28,6 +29,7 @@ inline constexpr Bits kDialogControl = 0x400;
 inline constexpr Bits kDialogSetForeground = 0x200;
 
 inline constexpr Bits kStaticCentre = 0x1;
+inline constexpr Bits kStaticNoPrefix = 0x80;  // "&" is a character like any other
 inline constexpr Bits kStaticCentreVertically = 0x200;
 
 inline constexpr Bits kButtonDefault = 0x1;

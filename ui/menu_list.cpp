@@ -52,14 +52,15 @@ bool MenuList::Create(platform::WindowHandle owner, model::MenuItem& root, platf
   owner_ = owner;
   root_ = &root;
   titleLine_ = titleLine;
-  list_ = platform::ListBox(platform::MakeWindow({.className = u"listbox",
-                                                  .style = kChild | kVisible | kListNotify | kListNoIntegralHeight,
-                                                  .x = placement.x,
-                                                  .y = placement.y,
-                                                  .width = placement.width,
-                                                  .height = placement.height,
-                                                  .parent = owner,
-                                                  .id = kMenuListId}));
+  list_ = platform::ListBox(
+      platform::MakeWindow({.className = u"listbox",
+                            .style = kChild | kVisible | kClipSiblings | kListNotify | kListNoIntegralHeight,
+                            .x = placement.x,
+                            .y = placement.y,
+                            .width = placement.width,
+                            .height = placement.height,
+                            .parent = owner,
+                            .id = kMenuListId}));
   if (!list_) return false;
   SetUpFont(placement.height);
   scrollBar_.Create(owner, placement.x + placement.width, kScrollBarTopPx, kScrollBarHeightPx);
