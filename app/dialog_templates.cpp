@@ -42,7 +42,7 @@ constexpr DialogTemplate kSmallMain{105, u"", kPopup | kVisible, 0, 0, 99, 74, u
 constexpr DialogTemplate kLargeMain{119, u"", kPopup | kVisible, 0, 0, 139, 133, u"TAHOMA", 10, kLargeMainControls};
 
 constexpr DialogControl kShortMessageControls[] = {
-    {control_id::kMessage, kStatic, u"", kVisible | kStaticNoPrefix | kStaticCentreVertically, 2, 1, 70, 24},
+    {control_id::kMessage, kStatic, u"", kVisible | kStaticNoPrefix, 2, 1, 70, 24},
     {control_id::kAnswers, kListBox, u"", kVisible | kListStyle, 19, 29, 34, 10},
     {control_id::kPressEnter, kStatic, u"Press Enter", kVisible, 19, 36, 38, 8},
 };

@@ -4,6 +4,7 @@
 #include "platform/canvas.h"
 #include "platform/controls.h"
 
+#include <algorithm>
 #include <span>
 
 namespace app {
@@ -39,6 +40,48 @@ constexpr int kBoxTopPx = 5;
 constexpr int kExitChoiceTopPx = 35;
 constexpr platform::FontSpec kFont{.face = u"System", .heightPx = 13, .weight = 400};
 
+constexpr int kLineHeightPx = 16;  // of that font
+
+// How many lines a text takes when it is broken between words.
+int LinesOf(WindowHandle window, WideStringView text, int widthPx) {
+  int lines = 0;
+  while (true) {
+    const std::size_t end = std::min(text.find(u'\n'), text.size());
+    WideStringView paragraph = text.substr(0, end);
+    ++lines;
+    for (std::size_t length = 0; length < paragraph.size();) {
+      const std::size_t next = std::min(paragraph.find(u' ', length + 1), paragraph.size());
+      if (length > 0 && platform::MeasureText(window, paragraph.substr(0, next)) > widthPx) {
+        paragraph.remove_prefix(length + 1);
+        length = 0;
+        ++lines;
+      } else {
+        length = next;
+      }
+    }
+    if (end == text.size()) return lines;
+    text.remove_prefix(end + 1);
+  }
+}
+
+// Makes the box higher when its text needs more lines than the template has room for.
+void MakeRoom(WindowHandle box, WideStringView text) {
+  const WindowHandle message = platform::ControlOf(box, control_id::kMessage);
+  platform::Rect rect = platform::RectInParent(message);
+  const int missing = LinesOf(message, text, rect.Width()) * kLineHeightPx - rect.Height();
+  if (missing <= 0) return;
+  rect.bottom += missing;
+  platform::Move(message, rect);
+  for (const int id : {control_id::kAnswers, control_id::kPressEnter}) {
+    const platform::Rect place = platform::RectInParent(platform::ControlOf(box, id));
+    platform::Move(platform::ControlOf(box, id),
+                   {place.left, place.top + missing, place.right, place.bottom + missing});
+  }
+  platform::Rect around = platform::WindowRect(box);
+  around.bottom += missing;
+  platform::Move(box, around);
+}
+
 class BoxProcedure final : public platform::MessageHandler {
  public:
   BoxProcedure(WideStringView text, WideStringView caption, int kind)
@@ -66,6 +109,7 @@ class BoxProcedure final : public platform::MessageHandler {
     platform::Move(box, {kBoxLeftPx, top, kBoxLeftPx + rect.Width(), top + rect.Height()});
     platform::SetText(box, caption_);
     platform::SetText(platform::ControlOf(box, control_id::kMessage), text_);
+    if (kind_ != values::kExitChoiceBox) MakeRoom(box, text_);
     for (const int id :
          {control_id::kMessage, control_id::kAnswers, control_id::kExitChoices, control_id::kPressEnter}) {
       platform::SetFont(platform::ControlOf(box, id), kFont);
