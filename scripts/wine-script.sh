@@ -3,7 +3,7 @@
 #
 # Plays a UI script against the real program under Wine, on a copy of the terminal's storage ROOT, and prints what the
 # script prints. OPTIONS are those of kelterm: --screen WxH and the SOURCE. With KEL_PICTURE=FILE.png the screen at the
-# end of the script is saved there.
+# end of the script is saved there. KEL_BEFORE is a Windows command to run first.
 #
 # Exit status: that of screen_driver; 124 when it took too long.
 set -eu
@@ -53,6 +53,11 @@ fi
 cp -a "$root" "$work/root"
 KEL_RECORDER=$build/tests/windows/recorder.exe "$home/scripts/wine-copy.sh" "$build/wine/base-$kind" "$WINEPREFIX" \
   "$work/root"
+
+if [ -n "${KEL_BEFORE:-}" ]; then
+  read -r -a before <<<"$KEL_BEFORE"
+  timeout 60 wine "${before[@]}" >/dev/null 2>&1 || echo "wine-script: $KEL_BEFORE failed" >&2
+fi
 
 windows_path() { echo "Z:${1//\//\\}"; }
 hold=()

@@ -2,7 +2,8 @@
 # check_script.sh BUILD SCRIPT
 #
 # Plays a screen script against the real program and compares what it prints with the script's .expected file. The
-# script's comments "# root: FOLDER" and "# options: ..." say on which terminal, and how, the program is started.
+# script's comments "# root: FOLDER" and "# options: ..." say on which terminal, and how, the program is started, and
+# "# before: COMMAND" what Windows command is run first.
 set -u
 
 build=$1
@@ -12,6 +13,8 @@ expected=${script%.script}.expected
 
 root=$(sed -n 's/^# root: *//p' "$script" | head -1)
 read -r -a options <<<"$(sed -n 's/^# options: *//p' "$script" | head -1)"
+KEL_BEFORE=$(sed -n 's/^# before: *//p' "$script" | head -1)
+export KEL_BEFORE
 printed=$(mktemp)
 trap 'rm -f "$printed"' EXIT
 
