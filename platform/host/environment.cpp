@@ -41,6 +41,7 @@ InstalledEnvironment::~InstalledEnvironment() {
   const auto windows = std::exchange(InstalledSession()->windows, {});
   InstalledSession()->focused = InstalledSession()->active = nullptr;
   std::vector<std::unique_ptr<MessageHandler>> handlers;
+  handlers.reserve(windows.size());
   for (const auto& [handle, record] : windows) handlers.push_back(std::move(record->programHandler));
   handlers.clear();
   InstalledSession().reset();
