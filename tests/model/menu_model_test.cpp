@@ -147,10 +147,7 @@ TEST_F(MenuModelTest, AChildNameThatLeadsBackToAnOpenMenuIsSkipped) {
   const char* xml =
       "<GROUP name='HKEY_R'><DisplayName>Root</DisplayName>"
       "<GROUP name='a'><DisplayName>A</DisplayName><Descendent>HKEY_R</Descendent></GROUP></GROUP>";
-  auto document = std::make_shared<config::XmlDocument>();
-  ASSERT_TRUE(document->SetDocument(base::FromUtf8(xml)));
-  const auto tree = std::make_shared<const config::PDataStore>(u"HKEY_R", document, std::span<const WideString>(),
-                                                               config::PDataStore::kWholeTree);
+  const auto tree = tests::TreeOf(xml, config::PDataStore::kWholeTree, u"HKEY_R");
   menu_.BuildTopLevel(tree, u"HKEY_R");
   ASSERT_TRUE(menu_.Build(tree, u"HKEY_R"));
   // Below the root "a" names the root itself; and every other way round ends as well.

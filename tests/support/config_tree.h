@@ -3,7 +3,7 @@
 
 #include "base/wide_string.h"
 #include "config/data_store.h"
-#include "config/xml_document.h"
+#include "tests/support/trees.h"
 
 #include <gtest/gtest.h>
 
@@ -26,10 +26,8 @@ class ConfigTree {
       text += u"</GROUP>";
     }
     text += u"</GROUP>";
-    const auto document = std::make_shared<config::XmlDocument>();
-    EXPECT_TRUE(document->SetDocument(WideStringView(text)));
-    tree_ = std::make_shared<const config::PDataStore>(u"Root", document, std::span<const WideString>(),
-                                                       config::PDataStore::kWholeTree);
+    tree_ = TreeOf(base::ToUtf8(text), config::PDataStore::kWholeTree, u"Root");
+    EXPECT_NE(nullptr, tree_);
   }
 
   const config::ConfigKey* Key(WideStringView name) const { return tree_->Find(u"Root\\" + WideString(name)); }

@@ -11,12 +11,13 @@
 
 namespace tests {
 
-// The root GROUP of `xml` is named "R".
+// The root GROUP of `xml` is named `root`. Null when the text is not well formed.
 inline std::shared_ptr<const config::PDataStore> TreeOf(std::string_view xml,
-                                                        std::uint32_t maxDepth = config::PDataStore::kWholeTree) {
+                                                        std::uint32_t maxDepth = config::PDataStore::kWholeTree,
+                                                        WideStringView root = u"R") {
   auto document = std::make_shared<config::XmlDocument>();
   if (!document->SetDocument(base::FromUtf8(xml))) return nullptr;
-  return std::make_shared<const config::PDataStore>(u"R", document, std::span<const WideString>(), maxDepth);
+  return std::make_shared<const config::PDataStore>(root, document, std::span<const WideString>(), maxDepth);
 }
 
 }  // namespace tests
