@@ -40,8 +40,6 @@ constexpr int kBoxTopPx = 5;
 constexpr int kExitChoiceTopPx = 35;
 constexpr platform::FontSpec kFont{.face = u"System", .heightPx = 13, .weight = 400};
 
-constexpr int kLineHeightPx = 16;  // of that font
-
 // How many lines a text takes when it is broken between words.
 int LinesOf(WindowHandle window, WideStringView text, int widthPx) {
   int lines = 0;
@@ -51,7 +49,7 @@ int LinesOf(WindowHandle window, WideStringView text, int widthPx) {
     ++lines;
     for (std::size_t length = 0; length < paragraph.size();) {
       const std::size_t next = std::min(paragraph.find(u' ', length + 1), paragraph.size());
-      if (length > 0 && platform::MeasureText(window, paragraph.substr(0, next)) > widthPx) {
+      if (length > 0 && platform::MeasureText(window, paragraph.substr(0, next), kFont) > widthPx) {
         paragraph.remove_prefix(length + 1);
         length = 0;
         ++lines;
@@ -68,7 +66,7 @@ int LinesOf(WindowHandle window, WideStringView text, int widthPx) {
 void MakeRoom(WindowHandle box, WideStringView text) {
   const WindowHandle message = platform::ControlOf(box, control_id::kMessage);
   platform::Rect rect = platform::RectInParent(message);
-  const int missing = LinesOf(message, text, rect.Width()) * kLineHeightPx - rect.Height();
+  const int missing = LinesOf(message, text, rect.Width()) * kFont.heightPx - rect.Height();
   if (missing <= 0) return;
   rect.bottom += missing;
   platform::Move(message, rect);

@@ -176,8 +176,9 @@ struct FontSpec {
 };
 void SetFont(WindowHandle window, const FontSpec& font);
 
-// The width of a text on one line, in pixels, in the font that a window's canvas starts with.
+// The width of a text on one line, in pixels: in the font that a window's canvas starts with, and in one of the others.
 int MeasureText(WindowHandle window, WideStringView text);
+int MeasureText(WindowHandle window, WideStringView text, const FontSpec& font);
 
 int CaptionHeight();  // pixels
 bool IsKeyDown(std::uint16_t virtualKey);

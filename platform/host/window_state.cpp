@@ -165,6 +165,9 @@ void SetFont(WindowHandle window, const FontSpec& font) {
 }
 
 int MeasureText(WindowHandle window, WideStringView text) { return Find(window) ? WidthOf(SystemFont(), text) : 0; }
+int MeasureText(WindowHandle window, WideStringView text, const FontSpec& font) {
+  return Find(window) ? WidthOf(FontFor(font.face, font.heightPx, font.weight), text) : 0;
+}
 
 int CaptionHeight() { return kCaptionHeightPx; }
 

@@ -13,6 +13,14 @@ using win32::ToApi;
 
 namespace {
 
+// The terminal's "System" comes in every size; that of a PC in one, larger than what is asked for.
+WideStringView FaceFor(WideStringView face) {
+#ifndef UNDER_CE
+  if (face == u"System") return u"MS Sans Serif";
+#endif
+  return face;
+}
+
 // The same font for the same request, until the program ends.
 HFONT FontFor(const FontSpec& spec) {
   static std::map<std::tuple<WideString, int, int>, HFONT> fonts;
@@ -22,9 +30,15 @@ HFONT FontFor(const FontSpec& spec) {
   logical.lfHeight = spec.heightPx;
   logical.lfWeight = spec.weight;
   logical.lfCharSet = DEFAULT_CHARSET;
-  spec.face.substr(0, LF_FACESIZE - 1).copy(reinterpret_cast<char16_t*>(logical.lfFaceName), LF_FACESIZE - 1);
+  FaceFor(spec.face).substr(0, LF_FACESIZE - 1).copy(reinterpret_cast<char16_t*>(logical.lfFaceName), LF_FACESIZE - 1);
   font = CreateFontIndirectW(&logical);
   return font;
+}
+
+int WidthOf(HDC context, WideStringView text) {
+  SIZE size = {};
+  GetTextExtentExPointW(context, ToApi(text.data()), static_cast<int>(text.size()), 0, nullptr, nullptr, &size);
+  return static_cast<int>(size.cx);
 }
 
 }  // namespace
@@ -36,10 +50,19 @@ void SetFont(WindowHandle window, const FontSpec& font) {
 int MeasureText(WindowHandle window, WideStringView text) {
   if (window == nullptr) return 0;
   const HDC context = GetDC(ToApi(window));
-  SIZE size = {};
-  GetTextExtentExPointW(context, ToApi(text.data()), static_cast<int>(text.size()), 0, nullptr, nullptr, &size);
+  const int width = WidthOf(context, text);
   ReleaseDC(ToApi(window), context);
-  return static_cast<int>(size.cx);
+  return width;
+}
+
+int MeasureText(WindowHandle window, WideStringView text, const FontSpec& font) {
+  if (window == nullptr) return 0;
+  const HDC context = GetDC(ToApi(window));
+  const HGDIOBJ before = SelectObject(context, FontFor(font));
+  const int width = WidthOf(context, text);
+  SelectObject(context, before);
+  ReleaseDC(ToApi(window), context);
+  return width;
 }
 
 int CaptionHeight() { return GetSystemMetrics(SM_CYCAPTION); }
