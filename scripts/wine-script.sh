@@ -35,6 +35,8 @@ finish() {
 }
 trap finish EXIT
 
+windows_path() { echo "Z:${1//\//\\}"; }
+
 wait_for_file() {
   local tries=0
   until [ -s "$1" ] || [ $((tries += 1)) -gt 1200 ]; do sleep 0.05; done
@@ -56,10 +58,10 @@ KEL_RECORDER=$build/tests/windows/recorder.exe "$home/scripts/wine-copy.sh" "$bu
 
 if [ -n "${KEL_BEFORE:-}" ]; then
   read -r -a before <<<"$KEL_BEFORE"
-  timeout 60 wine "${before[@]}" >/dev/null 2>&1 || echo "wine-script: $KEL_BEFORE failed" >&2
+  WINEPATH=$(windows_path "$build/tests/windows") timeout 60 wine "${before[@]}" >/dev/null 2>&1 ||
+    echo "wine-script: $KEL_BEFORE failed" >&2
 fi
 
-windows_path() { echo "Z:${1//\//\\}"; }
 hold=()
 if [ -n "$picture" ]; then
   hold=(--hold "$(windows_path "$work/held")")

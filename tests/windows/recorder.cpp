@@ -1,9 +1,10 @@
-// Stands for the programs that the utility starts: writes its command line to the file that KEL_RECORD names, if any.
+// Stands for the programs that the utility starts: writes its command line, as a line, to the file that
+// KEL_RECORD names, if any.
 #include <windows.h>
 
 #include <cstdio>
-#include <cwchar>
 #include <memory>
+#include <string>
 
 int wmain() {
   const wchar_t* file = _wgetenv(L"KEL_RECORD");
@@ -11,7 +12,8 @@ int wmain() {
   const auto close = [](std::FILE* opened) { std::fclose(opened); };
   const std::unique_ptr<std::FILE, decltype(close)> record(_wfopen(file, L"ab"));
   if (!record) return 1;
-  const wchar_t* commandLine = GetCommandLineW();
-  std::fwrite(commandLine, sizeof(wchar_t), std::wcslen(commandLine), record.get());
+  // In one piece: another of these may be writing too.
+  const std::wstring line = std::wstring(GetCommandLineW()) + L'\n';
+  std::fwrite(line.data(), sizeof(wchar_t), line.size(), record.get());
   return 0;
 }
