@@ -49,11 +49,15 @@ bool CKelConfigApp::LoadConfiguration(WideStringView commandLine) {
   if (!source) return false;
   tree_.SetSource(std::move(*source));
   if (!tree_.BuildFirst()) {
-    boxes_.Show(LoadText(TextId::kConfigurationDataError), u"Error", values::kErrorBox);
+    ShowConfigurationError();
     return false;
   }
   symbols_ = values::SymbolTable::FromRegistry();
   return true;
+}
+
+void CKelConfigApp::ShowConfigurationError() {
+  boxes_.Show(LoadText(TextId::kConfigurationDataError), u"Error", values::kErrorBox);
 }
 
 void CKelConfigApp::StartTreeRebuild() {
@@ -61,16 +65,18 @@ void CKelConfigApp::StartTreeRebuild() {
   // Readers wait from now on, not only from when the thread runs.
   tree_.AnnounceRebuild();
   worker_.emplace([this, screen = mainDialog_.MainWindow()] {
-    tree_.Rebuild();
+    if (!tree_.Rebuild()) rebuildFailed_ = true;
     platform::Post(screen, ui::private_message::kRelayToList, ui::private_message::kTreeReplaced);
   });
 }
 
 void CKelConfigApp::BringModelUpToDate() {
-  const KeyTree::Reader reader(tree_);
-  const auto tree = tree_.Current();
-  if (tree == model_.Tree()) return;
-  mainDialog_.ReplaceItems([&] { model_.Build(tree, tree_.RootPath()); });
+  {
+    const KeyTree::Reader reader(tree_);
+    const auto tree = tree_.Current();
+    if (tree != model_.Tree()) mainDialog_.ReplaceItems([&] { model_.Build(tree, tree_.RootPath()); });
+  }
+  if (rebuildFailed_.exchange(false)) ShowConfigurationError();
 }
 
 // A blank line shows nothing to enter; a locked one still opens as a menu.

@@ -14,6 +14,7 @@
 #include "values/property_line_text.h"
 #include "values/symbol_table.h"
 
+#include <atomic>
 #include <memory>
 #include <optional>
 
@@ -45,6 +46,7 @@ class CKelConfigApp final : private ScreenActions, private ui::EditActions {
   void RunPostEditAction(WideStringView command, model::MenuItem& item) override;
 
   bool LoadConfiguration(WideStringView commandLine);
+  void ShowConfigurationError();
   void EditProperty(model::MenuItem& item);
 
   MessageBox boxes_;
@@ -55,6 +57,7 @@ class CKelConfigApp final : private ScreenActions, private ui::EditActions {
   values::EditState edit_;
   bool flashWrite_ = false;
   KeyTree tree_;
+  std::atomic<bool> rebuildFailed_ = false;  // set by the worker thread; the user is told on the next occasion
   platform::Event deviceGate_;
   model::MenuModel model_;
   MainDialog mainDialog_;

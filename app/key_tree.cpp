@@ -1,5 +1,8 @@
 #include "app/key_tree.h"
 
+#include "platform/debug.h"
+
+#include <new>
 #include <utility>
 
 namespace app {
@@ -21,17 +24,24 @@ bool KeyTree::BuildFirst() {
   return tree_->Count() > 0;
 }
 
-void KeyTree::Rebuild() {
+bool KeyTree::Rebuild() {
   created_.Reset();
-  std::shared_ptr<const config::PDataStore> replacement = Build(config::PDataStore::kWholeTree);
+  std::shared_ptr<const config::PDataStore> replacement;
+  try {
+    replacement = Build(config::PDataStore::kWholeTree);
+  } catch (const std::bad_alloc&) {
+    platform::DebugOutput(u"EXCEPTION: KeyTree::Rebuild()\r\n");
+  }
+  const bool holdsKeys = replacement && replacement->Count() > 0;
   inUse_.Wait();
-  {
+  if (replacement) {
     const std::lock_guard lock(mutex_);
     tree_.swap(replacement);
   }
   replacement.reset();
-  source_.document.reset();
   created_.Set();
+  source_.document.reset();
+  return holdsKeys;
 }
 
 std::shared_ptr<const config::PDataStore> KeyTree::Current() const {

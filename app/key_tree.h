@@ -26,8 +26,9 @@ class KeyTree {
   void AnnounceRebuild() { created_.Reset(); }
 
   // Builds the full tree and puts it in the place of the first one, when no reader uses that. Runs on the worker
-  // thread. Afterwards the document is gone.
-  void Rebuild();
+  // thread. Afterwards the document is gone. False when the full tree holds nothing, or when there was no memory for
+  // it, and then the first one stays.
+  bool Rebuild();
 
   // The tree in force. Whoever holds it may go on reading it after it has been replaced.
   std::shared_ptr<const config::PDataStore> Current() const;

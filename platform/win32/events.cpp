@@ -61,6 +61,7 @@ struct Thread::State {
 Thread::Thread(std::function<void()> routine) : state_(std::make_unique<State>()) {
   state_->routine = std::move(routine);
   state_->handle = OwnedHandle(CreateThread(nullptr, 0, RunRoutine, &state_->routine, 0, nullptr));
+  if (!state_->handle) state_->routine();
 }
 
 Thread::~Thread() {

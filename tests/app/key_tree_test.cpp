@@ -30,7 +30,7 @@ TEST_F(KeyTreeTest, TheFirstTreeEndsBelowTheFirstMenu) {
 TEST_F(KeyTreeTest, ARebuildPutsTheWholeTreeInPlaceAndDropsTheDocument) {
   ASSERT_TRUE(tree_.BuildFirst());
   tree_.AnnounceRebuild();
-  tree_.Rebuild();
+  EXPECT_TRUE(tree_.Rebuild());
   EXPECT_EQ(3u, tree_.Current()->Count());
   EXPECT_TRUE(document_.expired());
 }
