@@ -82,7 +82,9 @@ std::unique_ptr<ISnmpConfig> ConnectSnmpConfig() {
 TableAnswer GetTableValue(const WideString& progId, const WideString& table, const WideString& key) {
   using Stage = TableAnswer::Stage;
   CLSID classId = {};
-  HRESULT code = CLSIDFromProgID(win32::ToApi(progId), &classId);
+  // A table may be asked for before the device is.
+  HRESULT code = CoInitializeEx(nullptr, COINIT_MULTITHREADED);
+  if (SUCCEEDED(code)) code = CLSIDFromProgID(win32::ToApi(progId), &classId);
   if (FAILED(code)) return {Stage::kNoServer, code, {}};
   const auto server =
       Create<win32::ConfigPropertyInterface>(classId, CLSCTX_INPROC_SERVER, win32::kConfigPropertyInterface, code);
