@@ -65,12 +65,12 @@ void MainDialog::SetFonts() const {
   platform::SetFont(navigation_, {kFontFace, kHintPx});
 }
 
-// The list's rectangle reaches a little below its last line and, on the small layout, into the navigation line, which
-// so goes as far down as the window does and stands in front.
+// On the small layout the list reaches into the navigation line, which so goes as far down as the window does.
 void MainDialog::PlaceNavigation() const {
+  if (largeLayout_) return;
   const platform::Rect line = platform::RectInParent(navigation_);
   const int bottom = platform::ClientRect(window_).bottom;
-  platform::Move(navigation_, {line.left, bottom - line.Height(), line.right, bottom});
+  platform::Move(navigation_, {line.left, bottom - kHintPx, line.right, bottom});
 }
 
 // The Exit and Select buttons stay hidden: the navigation line names their keys.
@@ -81,22 +81,18 @@ void MainDialog::SetNavigation(TextId text) const {
   platform::Show(navigation_);
 }
 
-void MainDialog::ShowMenuState() {
-  const platform::Control list(list_.Handle());
-  list.ShowAndEnable();
+void MainDialog::ShowTextPage(const std::vector<WideString>& lines) {
+  textPage_.Show(lines);
+  list_.Hide();
+  SetNavigation(TextId::kPageNavigation);
+}
+
+void MainDialog::CloseTextPage() {
+  list_.ComeBack();
   FocusList();
   textPage_.Hide();
   SetNavigation(TextId::kMenuNavigation);
 }
-
-void MainDialog::ShowTextPage(const std::vector<WideString>& lines) {
-  const platform::Control list(list_.Handle());
-  textPage_.Show(lines);
-  list.HideAndDisable();
-  SetNavigation(TextId::kPageNavigation);
-}
-
-void MainDialog::CloseTextPage() { ShowMenuState(); }
 
 void MainDialog::ShowRootMenu() {
   list_.Show(*rootMenu_);

@@ -26,7 +26,6 @@ class MainDialog final : public platform::MessageHandler, public rules::Shell {
   // While an edit runs, a second one is refused. `edit` says whether a value was saved; a note then confirms it.
   void RunEdit(const std::function<bool(platform::WindowHandle owner)>& edit);
 
-  ui::MenuList& List() { return list_; }
   InlineEditors& Inline() { return inlineEditors_; }
   bool IsLarge() const { return largeLayout_; }
 
@@ -50,7 +49,6 @@ class MainDialog final : public platform::MessageHandler, public rules::Shell {
   void SetFonts() const;
   void PlaceNavigation() const;
   void SetNavigation(TextId text) const;
-  void ShowMenuState();
   void CloseTextPage();
   void ShowRootMenu();
   bool OnKeyDown(std::uint16_t virtualKey);

@@ -1,5 +1,6 @@
 #include "app/message_box.h"
 
+#include "app/box_layout.h"
 #include "app/dialog_templates.h"
 #include "platform/canvas.h"
 #include "platform/controls.h"
@@ -38,52 +39,11 @@ Question QuestionOf(int kind) {
 constexpr int kBoxLeftPx = 10;
 constexpr int kBoxTopPx = 5;
 constexpr int kExitChoiceTopPx = 35;
-constexpr platform::FontSpec kFont{.face = u"System", .heightPx = 13, .weight = 400};
-
-// How many lines a text takes when it is broken between words.
-int LinesOf(WindowHandle window, WideStringView text, int widthPx) {
-  int lines = 0;
-  while (true) {
-    const std::size_t end = std::min(text.find(u'\n'), text.size());
-    WideStringView paragraph = text.substr(0, end);
-    ++lines;
-    for (std::size_t length = 0; length < paragraph.size();) {
-      const std::size_t next = std::min(paragraph.find(u' ', length + 1), paragraph.size());
-      if (length > 0 && platform::MeasureText(window, paragraph.substr(0, next), kFont) > widthPx) {
-        paragraph.remove_prefix(length + 1);
-        length = 0;
-        ++lines;
-      } else {
-        length = next;
-      }
-    }
-    if (end == text.size()) return lines;
-    text.remove_prefix(end + 1);
-  }
-}
-
-// Makes the box higher when its text needs more lines than the template has room for.
-void MakeRoom(WindowHandle box, WideStringView text) {
-  const WindowHandle message = platform::ControlOf(box, control_id::kMessage);
-  platform::Rect rect = platform::RectInParent(message);
-  const int missing = LinesOf(message, text, rect.Width()) * kFont.heightPx - rect.Height();
-  if (missing <= 0) return;
-  rect.bottom += missing;
-  platform::Move(message, rect);
-  for (const int id : {control_id::kAnswers, control_id::kPressEnter}) {
-    const platform::Rect place = platform::RectInParent(platform::ControlOf(box, id));
-    platform::Move(platform::ControlOf(box, id),
-                   {place.left, place.top + missing, place.right, place.bottom + missing});
-  }
-  platform::Rect around = platform::WindowRect(box);
-  around.bottom += missing;
-  platform::Move(box, around);
-}
 
 class BoxProcedure final : public platform::MessageHandler {
  public:
-  BoxProcedure(WideStringView text, WideStringView caption, int kind)
-      : text_(text), caption_(caption), kind_(kind), question_(QuestionOf(kind)) {}
+  BoxProcedure(WideStringView text, WideStringView caption, int kind, bool isShort)
+      : text_(text), caption_(caption), kind_(kind), isShort_(isShort), question_(QuestionOf(kind)) {}
 
   std::optional<LResult> OnMessage(WindowHandle box, const Message& message) override {
     switch (message.id) {
@@ -107,10 +67,9 @@ class BoxProcedure final : public platform::MessageHandler {
     platform::Move(box, {kBoxLeftPx, top, kBoxLeftPx + rect.Width(), top + rect.Height()});
     platform::SetText(box, caption_);
     platform::SetText(platform::ControlOf(box, control_id::kMessage), text_);
-    if (kind_ != values::kExitChoiceBox) MakeRoom(box, text_);
     for (const int id :
          {control_id::kMessage, control_id::kAnswers, control_id::kExitChoices, control_id::kPressEnter}) {
-      platform::SetFont(platform::ControlOf(box, id), kFont);
+      platform::SetFont(platform::ControlOf(box, id), kMessageFont);
     }
     const WindowHandle pressEnter = platform::ControlOf(box, control_id::kPressEnter);
     platform::Hide(platform::ControlOf(box, control_id::kAnswers));
@@ -121,6 +80,9 @@ class BoxProcedure final : public platform::MessageHandler {
     } else {
       Ask(platform::ListBox(platform::ControlOf(box, question_.listId)));
     }
+    const WindowHandle below = list_ ? list_.Handle() : pressEnter;
+    const WindowHandle message = platform::ControlOf(box, control_id::kMessage);
+    if (message != nullptr) FitToText({box, message, below}, text_, isShort_);
     return 0;  // the focus is set
   }
 
@@ -128,8 +90,15 @@ class BoxProcedure final : public platform::MessageHandler {
     list_ = list;
     for (const Choice& choice : question_.choices) list_.Add(choice.text);
     list_.Select(0);
+    ShowAllChoices();
     platform::Show(list_.Handle());
     platform::Focus(list_.Handle());
+  }
+
+  void ShowAllChoices() {
+    platform::Rect rect = platform::RectInParent(list_.Handle());
+    rect.bottom = std::max(rect.bottom, rect.top + list_.Count() * list_.ItemHeight());
+    platform::Move(list_.Handle(), rect);
   }
 
   std::optional<LResult> OnCommand(WindowHandle box, int id) {
@@ -147,6 +116,7 @@ class BoxProcedure final : public platform::MessageHandler {
   WideStringView text_;
   WideStringView caption_;
   int kind_;
+  bool isShort_;
   Question question_;
   platform::ListBox list_;
   WindowHandle focusBefore_ = nullptr;
@@ -160,9 +130,9 @@ const platform::DialogTemplate& TemplateFor(int kind, int textWidth, int clientW
 }
 
 int MessageBox::Show(WideStringView text, WideStringView caption, int kind) {
-  BoxProcedure procedure(text, caption, kind);
   const auto& boxTemplate =
       TemplateFor(kind, platform::MeasureText(owner_, text), platform::ClientRect(owner_).Width());
+  BoxProcedure procedure(text, caption, kind, &boxTemplate == &ShortMessageTemplate());
   const auto answer = static_cast<int>(platform::RunDialog(boxTemplate, owner_, procedure));
   // Only now: while the box stood, its owner was disabled and took no focus.
   platform::Focus(procedure.FocusBefore());

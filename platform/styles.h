@@ -30,7 +30,6 @@ inline constexpr Bits kDialogSetForeground = 0x200;
 
 inline constexpr Bits kStaticCentre = 0x1;
 inline constexpr Bits kStaticNoPrefix = 0x80;  // "&" is a character like any other
-inline constexpr Bits kStaticCentreVertically = 0x200;
 
 inline constexpr Bits kButtonDefault = 0x1;
 inline constexpr Bits kButtonCheckBox = 0x2;

@@ -179,8 +179,10 @@ void SetFont(WindowHandle window, const FontSpec& font);
 // The width of a text on one line, in pixels: in the font that a window's canvas starts with, and in one of the others.
 int MeasureText(WindowHandle window, WideStringView text);
 int MeasureText(WindowHandle window, WideStringView text, const FontSpec& font);
+int LineHeight(WindowHandle window, const FontSpec& font);  // pixels
 
 int CaptionHeight();  // pixels
+Rect ScreenRect();    // the whole screen, pixels
 bool IsKeyDown(std::uint16_t virtualKey);
 void Beep();
 

@@ -45,7 +45,7 @@ wait_for_file() {
 unset DISPLAY
 if [ $kind = screen ]; then
   exec 3<>"$work/display"
-  Xvfb -displayfd 3 -screen 0 "${screen}x24" -nolisten tcp >/dev/null 2>&1 &
+  Xvfb -wr -displayfd 3 -screen 0 "${screen}x24" -nolisten tcp >/dev/null 2>&1 &
   x_server=$!
   wait_for_file "$work/display"
   DISPLAY=:$(head -1 "$work/display")

@@ -26,9 +26,7 @@ void PaintStatic(const ControlCanvas& canvas, WindowHandle control, const CellRe
   canvas.screen.grid.Fill(cells, {U' ', look}, canvas.clip);
   const auto lines = Wrap(platform::TextOf(control), cells.Width());
   const bool centred = (platform::StyleOf(control) & style::kStaticCentre) != 0;
-  const bool inMiddle = (platform::StyleOf(control) & style::kStaticCentreVertically) != 0;
-  const int spare = cells.Height() - static_cast<int>(lines.size());
-  int row = cells.top + (inMiddle ? std::max(spare, 0) / 2 : 0);
+  int row = cells.top;
   for (const WideString& line : lines) {
     if (row >= cells.bottom) break;
     const int indent = centred ? std::max(0, cells.Width() - CellsOf(line)) / 2 : 0;

@@ -159,8 +159,7 @@ void MenuList::Fill() {
   if (pages_.lastLine >= 0) SelectRemembered();
   platform::Send(list_.Handle(), platform::message::kSetRedraw, 1);
   platform::Invalidate(list_.Handle());
-  const bool paged = pages_.lastLine >= 0;
-  scrollBar_.SetPageCount(paged ? (static_cast<int>(pages_.lines.size()) - 1) / linesPerPage_ + 1 : 1);
+  UpdatePageCount();
   UpdateScrollBar();
 }
 
@@ -184,6 +183,22 @@ void MenuList::GoTo(int top, int line) {
   list_.Select(line);
   menu_->list.topLine = top;
   UpdateScrollBar();
+}
+
+void MenuList::Hide() {
+  list_.HideAndDisable();
+  scrollBar_.Hide();
+}
+
+void MenuList::ComeBack() {
+  list_.ShowAndEnable();
+  UpdatePageCount();
+  UpdateScrollBar();
+}
+
+void MenuList::UpdatePageCount() {
+  const bool paged = pages_.lastLine >= 0;
+  scrollBar_.SetPageCount(paged ? (static_cast<int>(pages_.lines.size()) - 1) / linesPerPage_ + 1 : 1);
 }
 
 void MenuList::UpdateScrollBar() { scrollBar_.SetPosition(std::max(0, list_.Selected()) / linesPerPage_); }

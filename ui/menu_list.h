@@ -33,6 +33,10 @@ class MenuList final : public platform::MessageHandler {
   // Fills the list anew with the menu shown; selection and page stay.
   void Refill();
 
+  // Gives way, with its scroll bar, to something else in its place, and comes back.
+  void Hide();
+  void ComeBack();
+
   // Forgets where a menu was left and empties the list.
   void Reset(model::MenuItem& menu);
 
@@ -73,6 +77,7 @@ class MenuList final : public platform::MessageHandler {
   void Remember(int top, int line);
   void SelectRemembered();
   void GoTo(int top, int line);
+  void UpdatePageCount();
   void UpdateScrollBar();
 
   bool OnKeyDown(const platform::Message& message);

@@ -13,6 +13,7 @@ class ScrollBar {
 
   // Shown when there are two pages or more.
   void SetPageCount(int pages);
+  void Hide() const { platform::Hide(window_); }
   // A page beyond the last puts the thumb at the top.
   void SetPosition(int page);
 

@@ -169,6 +169,15 @@ int MeasureText(WindowHandle window, WideStringView text, const FontSpec& font) 
   return Find(window) ? WidthOf(FontFor(font.face, font.heightPx, font.weight), text) : 0;
 }
 
+int LineHeight(WindowHandle window, const FontSpec& font) {
+  return Find(window) ? FontFor(font.face, font.heightPx, font.weight).metrics->heightPx : 0;
+}
+
 int CaptionHeight() { return kCaptionHeightPx; }
+
+Rect ScreenRect() {
+  const host::Environment& environment = host::CurrentEnvironment();
+  return {0, 0, environment.screenWidthPx, environment.screenHeightPx};
+}
 
 }  // namespace platform

@@ -35,11 +35,36 @@ HFONT FontFor(const FontSpec& spec) {
   return font;
 }
 
-int WidthOf(HDC context, WideStringView text) {
-  SIZE size = {};
-  GetTextExtentExPointW(context, ToApi(text.data()), static_cast<int>(text.size()), 0, nullptr, nullptr, &size);
-  return static_cast<int>(size.cx);
-}
+// A window's context for drawing, with a font of its own if one is given.
+class MeasuringContext {
+ public:
+  explicit MeasuringContext(WindowHandle window, const FontSpec* font = nullptr)
+      : window_(ToApi(window)), context_(GetDC(window_)) {
+    if (font != nullptr) before_ = SelectObject(context_, FontFor(*font));
+  }
+  ~MeasuringContext() {
+    if (before_ != nullptr) SelectObject(context_, before_);
+    ReleaseDC(window_, context_);
+  }
+  MeasuringContext(const MeasuringContext&) = delete;
+  MeasuringContext& operator=(const MeasuringContext&) = delete;
+
+  int WidthOf(WideStringView text) const {
+    SIZE size = {};
+    GetTextExtentExPointW(context_, ToApi(text.data()), static_cast<int>(text.size()), 0, nullptr, nullptr, &size);
+    return static_cast<int>(size.cx);
+  }
+  int LineHeight() const {
+    TEXTMETRICW metrics = {};
+    GetTextMetricsW(context_, &metrics);
+    return static_cast<int>(metrics.tmHeight);
+  }
+
+ private:
+  HWND window_;
+  HDC context_;
+  HGDIOBJ before_ = nullptr;
+};
 
 }  // namespace
 
@@ -48,24 +73,19 @@ void SetFont(WindowHandle window, const FontSpec& font) {
 }
 
 int MeasureText(WindowHandle window, WideStringView text) {
-  if (window == nullptr) return 0;
-  const HDC context = GetDC(ToApi(window));
-  const int width = WidthOf(context, text);
-  ReleaseDC(ToApi(window), context);
-  return width;
+  return window == nullptr ? 0 : MeasuringContext(window).WidthOf(text);
 }
 
 int MeasureText(WindowHandle window, WideStringView text, const FontSpec& font) {
-  if (window == nullptr) return 0;
-  const HDC context = GetDC(ToApi(window));
-  const HGDIOBJ before = SelectObject(context, FontFor(font));
-  const int width = WidthOf(context, text);
-  SelectObject(context, before);
-  ReleaseDC(ToApi(window), context);
-  return width;
+  return window == nullptr ? 0 : MeasuringContext(window, &font).WidthOf(text);
+}
+
+int LineHeight(WindowHandle window, const FontSpec& font) {
+  return window == nullptr ? 0 : MeasuringContext(window, &font).LineHeight();
 }
 
 int CaptionHeight() { return GetSystemMetrics(SM_CYCAPTION); }
+Rect ScreenRect() { return {0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)}; }
 bool IsKeyDown(std::uint16_t virtualKey) { return GetKeyState(virtualKey) < 0; }
 void Beep() { MessageBeep(MB_OK); }
 

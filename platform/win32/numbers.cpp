@@ -151,7 +151,6 @@ SAME(kDialogControl, DS_CONTROL);
 SAME(kDialogSetForeground, DS_SETFOREGROUND);
 SAME(kStaticCentre, SS_CENTER);
 SAME(kStaticNoPrefix, SS_NOPREFIX);
-SAME(kStaticCentreVertically, SS_CENTERIMAGE);
 SAME(kButtonDefault, BS_DEFPUSHBUTTON);
 SAME(kButtonCheckBox, BS_CHECKBOX);
 SAME(kButtonRadio, BS_RADIOBUTTON);

@@ -1,0 +1,209 @@
+#include "app/main_dialog.h"
+
+#include "app/dialog_templates.h"
+#include "platform/host/desktop.h"
+#include "tests/printing.h"
+#include "tests/ui_unit/scripted_terminal.h"
+#include "ui/private_messages.h"
+
+namespace {
+
+using platform::WindowHandle;
+using namespace ui::private_message;
+
+class RecordingActions final : public app::ScreenActions {
+ public:
+  void BringModelUpToDate() override {}
+  void StartTreeRebuild() override {}
+  bool MayEnter(model::MenuItem&) override { return true; }
+  bool MayLeave(model::MenuItem&) override { return true; }
+  void Activate(model::MenuItem& leaf) override { log += "activate " + base::ToUtf8(leaf.Title()) + ";"; }
+  void EvaluateItem(model::MenuItem&) override {}
+  void BeforeFill(model::MenuItem&) override {}
+  void FlipToggle() override { log += "toggle;"; }
+  void LeavingRoot() override { log += "leaving root;"; }
+  void InlineTextChanged(model::MenuItem&, WideStringView, bool) override {}
+  void InlineCheckChanged(model::MenuItem& item, bool checked) override {
+    log += base::ToUtf8(item.Title()) + (checked ? " on;" : " off;");
+  }
+
+  std::string log;
+};
+
+// The screen over a root menu of 12 entries; the first is a menu itself.
+class MainDialogTest : public testing::Test {
+ protected:
+  MainDialogTest() {
+    for (char16_t name = u'a'; name < u'm'; ++name) Add(root_, WideString(1, name));
+    Add(*root_.Children().front(), u"inner");
+  }
+
+  static void Add(model::MenuItem& menu, const WideString& name) {
+    menu.AddChild(menu.Path() + u"\\" + name, name, name);
+  }
+
+  void Run(bool largeLayout = true) {
+    dialog_.Run(root_, largeLayout);
+    EXPECT_TRUE(terminal_.display.PlayedToItsEnd());
+  }
+
+  WideString Title() const { return platform::TextOf(Control(app::control_id::kTitle)); }
+  WindowHandle Control(int id) const { return platform::ControlOf(window_, id); }
+  void Click(int id) const {
+    platform::Send(window_, platform::message::kCommand, static_cast<platform::WParam>(id),
+                   platform::ToLParam(Control(id)));
+  }
+  int VisibleBars() const {
+    int count = 0;
+    for (const WindowHandle child : platform::host::ChildrenOf(window_)) {
+      count +=
+          platform::host::KindOf(child) == platform::host::WindowKind::kCustom && platform::IsVisible(child) ? 1 : 0;
+    }
+    return count;
+  }
+
+  ui_test::ScriptedTerminal terminal_;
+  RecordingActions actions_;
+  model::MenuItem root_{nullptr, u"R", u"Root", u"Root"};
+  WindowHandle window_ = nullptr;
+  app::MainDialog dialog_{actions_, terminal_.boxes, [this](WindowHandle window) { window_ = window; }};
+};
+
+TEST_F(MainDialogTest, TheSelectAndExitButtonsAreEnterAndEsc) {
+  terminal_.display.Look([&] {
+    Click(app::control_id::kSelectButton);
+    EXPECT_EQ(u"a", Title());
+    Click(app::control_id::kSelectButton);
+    EXPECT_EQ("activate inner;", std::exchange(actions_.log, {}));
+    Click(app::control_id::kExitButton);
+    EXPECT_EQ(u"Root", Title());
+    Click(app::control_id::kExitButton);
+  });
+  Run();
+  EXPECT_EQ("leaving root;", actions_.log);
+}
+
+TEST_F(MainDialogTest, ASecondEditWhileOneRunsIsIgnored) {
+  int first = 0;
+  int second = 0;
+  terminal_.display.Look([&] {
+    const auto edit = [&](WindowHandle) {
+      ++first;
+      dialog_.RunEdit([&](WindowHandle) {
+        ++second;
+        return false;
+      });
+      return false;
+    };
+    dialog_.RunEdit(edit);
+    dialog_.RunEdit(edit);
+  });
+  terminal_.display.Press("{Esc}");
+  Run();
+  EXPECT_EQ(2, first);
+  EXPECT_EQ(0, second);
+}
+
+TEST_F(MainDialogTest, AMessageShowsTheRootMenuAgain) {
+  terminal_.display.Press("{Enter}");
+  terminal_.display.Look([&] {
+    EXPECT_EQ(u"a", Title());
+    platform::Send(window_, kShowRootMenu);
+    EXPECT_EQ(u"Root", Title());
+  });
+  terminal_.display.Press("{Esc}");
+  Run();
+}
+
+TEST_F(MainDialogTest, AMessageEndsIt) {
+  terminal_.display.Look([&] { platform::Send(window_, kEndDialog); });
+  EXPECT_EQ(0, dialog_.Run(root_, true));
+  EXPECT_EQ("", actions_.log);
+}
+
+TEST_F(MainDialogTest, FiveKeysOfAnInlineEditorWorkOnTheList) {
+  using namespace platform::key;
+  terminal_.display.Look([&] {
+    EXPECT_EQ(0, platform::Send(window_, kEditKey, kLeft));
+    EXPECT_EQ(0, platform::Send(window_, kEditKey, kHome));
+    for (const std::uint16_t key : {kDown, kTab, kUp, kEnter}) EXPECT_EQ(1, platform::Send(window_, kEditKey, key));
+  });
+  terminal_.display.Look([&] { EXPECT_EQ("activate b;", std::exchange(actions_.log, {})); });
+  terminal_.display.Look([&] { EXPECT_EQ(1, platform::Send(window_, kEditKey, kEscape)); });
+  Run();
+  EXPECT_EQ("leaving root;", actions_.log);
+}
+
+TEST_F(MainDialogTest, WhatTheProgramChangesInAnInlineEditorIsNotReported) {
+  terminal_.display.Look([&] {
+    app::InlineEditors& editors = dialog_.Inline();
+    editors.checkBox = platform::Button(platform::MakeWindow(
+        {.className = u"Button",
+         .style = platform::style::kChild | platform::style::kVisible | platform::style::kButtonCheckBox,
+         .width = 20,
+         .height = 20,
+         .parent = window_,
+         .id = app::kInlineCheckBoxId}));
+    const auto notify = [&] { Click(app::kInlineCheckBoxId); };
+    editors.suppressed = true;
+    notify();
+    EXPECT_EQ("", actions_.log);
+    editors.suppressed = false;
+    notify();
+    EXPECT_EQ("a off;", std::exchange(actions_.log, {}));
+  });
+  terminal_.display.Press("{Esc}");
+  Run();
+}
+
+TEST_F(MainDialogTest, TheTextPageHasItsOwnScrollBarInThePlaceOfTheLists) {
+  terminal_.display.Look([&] {
+    EXPECT_EQ(1, VisibleBars());
+    const ui::ScrollThumb ofTheList = ui::CurrentScrollThumb();
+    dialog_.ShowTextPage({u"one line"});
+    EXPECT_EQ(0, VisibleBars());
+    platform::Send(window_, kCloseTextPage);
+    EXPECT_EQ(1, VisibleBars());
+    dialog_.ShowTextPage(std::vector<WideString>(100, u"line"));
+    EXPECT_EQ(1, VisibleBars());
+    EXPECT_EQ(0, ui::CurrentScrollThumb().top);
+    platform::Send(Control(app::control_id::kTextPage), platform::message::kKeyDown, platform::key::kEnd);
+    const platform::Rect page = platform::RectInParent(Control(app::control_id::kTextPage));
+    const ui::ScrollThumb atTheEnd = ui::CurrentScrollThumb();
+    EXPECT_NEAR(page.Height(), atTheEnd.top + atTheEnd.length, 2);
+    platform::Send(window_, kCloseTextPage);
+    EXPECT_EQ(1, VisibleBars());
+    EXPECT_EQ(ofTheList.length, ui::CurrentScrollThumb().length);
+  });
+  terminal_.display.Press("{Esc}");
+  Run();
+}
+
+TEST_F(MainDialogTest, TheTextPageKeepsEmptyLinesWhereverTheyStand) {
+  terminal_.display.Look([&] {
+    dialog_.ShowTextPage({u"", u"a", u"", u"b", u""});
+    EXPECT_EQ(u"\r\na\r\n\r\nb\r\n", platform::TextOf(Control(app::control_id::kTextPage)));
+    platform::Send(window_, kCloseTextPage);
+  });
+  terminal_.display.Press("{Esc}");
+  Run();
+}
+
+TEST_F(MainDialogTest, TheSmallScreensNavigationLineStandsBelowTheLastLineOfTheList) {
+  auto& environment = platform::host::CurrentEnvironment();
+  environment.screenWidthPx = environment.screenHeightPx = 160;
+  terminal_.display.Look([&] {
+    const platform::ListBox list(Control(ui::kMenuListId));
+    const platform::Rect place = platform::RectInParent(list.Handle());
+    const platform::Rect line = platform::RectInParent(Control(app::control_id::kNavigation));
+    constexpr int kLinesOfAPage = 9;
+    EXPECT_LE(place.top + kLinesOfAPage * list.ItemHeight(), line.top);
+    EXPECT_LE(line.bottom, environment.screenHeightPx);
+    const WideString text = platform::TextOf(Control(app::control_id::kNavigation));
+    EXPECT_LE(platform::MeasureText(window_, text, {u"System", 13}), line.Width());
+  });
+  terminal_.display.Press("{Esc}");
+  Run(false);
+}
+
+}  // namespace
