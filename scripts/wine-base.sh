@@ -11,6 +11,7 @@ base=$build/wine/base-$kind
 
 export WINEDEBUG=-all WINEPREFIX="$base"
 mkdir -p "$build/wine"
+rm -rf "$base".*
 "$home/scripts/wine-prefix.sh" "$kind" "$base"
 mkdir -p "$base/drive_c/kel"
 cp "$build/simulator/windows/kel_device.dll" "$base/drive_c/kel/"
