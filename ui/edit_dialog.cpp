@@ -184,7 +184,7 @@ void EditDialog::RememberFocus(WindowHandle window) {
 }
 
 void EditDialog::Save() {
-  entry_->Finish();
+  if (!entry_->Finish()) return;
   if (!edited_) {
     Close(kNotSaved);
     return;

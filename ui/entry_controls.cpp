@@ -93,10 +93,12 @@ class PickerEntry : public EntryControl {
   void Start() override { platform::Send(Handle(), platform::message::kKeyDown, platform::key::kRight); }
 
   // A picker takes typed digits over when it loses the focus.
-  void Finish() override {
-    if (platform::FocusedWindow() != Handle()) return;
-    platform::Focus(platform::ParentOf(Handle()));
-    platform::Focus(Handle());
+  bool Finish() override {
+    if (platform::FocusedWindow() == Handle()) {
+      platform::Focus(platform::ParentOf(Handle()));
+      platform::Focus(Handle());
+    }
+    return true;
   }
 
  protected:
@@ -164,6 +166,9 @@ class AddressEntry final : public EntryControl {
       platform::Send(Handle(), address_message::kSet, 0, static_cast<platform::LParam>(request.number));
     }
   }
+
+  // A button leaves the fields without the check that their keys make.
+  bool Finish() override { return platform::Send(Handle(), address_message::kCheck) != 0; }
 
   EnteredValue Entered() const override {
     std::uint32_t address = 0;

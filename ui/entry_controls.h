@@ -32,8 +32,9 @@ class EntryControl {
   virtual void Fill(const EditRequest& request) = 0;
   // It has got the focus for the first time.
   virtual void Start() {}
-  // Takes over what is only half typed; may set off the control's change notification.
-  virtual void Finish() {}
+  // Takes over what is only half typed; may set off the control's change notification. False when what was typed cannot
+  // be saved: the user knows why, and may go on with it.
+  virtual bool Finish() { return true; }
   virtual EnteredValue Entered() const = 0;
   // Whether a character about to be typed is swallowed.
   virtual bool Swallows(char16_t) { return false; }

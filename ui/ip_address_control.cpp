@@ -71,6 +71,7 @@ class AddressControl final : public platform::MessageHandler {
 
   // The tests that a field has to pass before it is left for another; a refusal is explained to the user.
   bool Check(std::size_t index);
+  bool CheckAll();
   void Refuse(std::size_t index);
   void UseHighBound(std::size_t index);
   bool MoveTo(std::size_t from, std::size_t to, Caret caret);
@@ -135,6 +136,7 @@ std::optional<LResult> AddressControl::OnMessage(WindowHandle, const Message& re
       }
       return 0;
     case address_message::kSetFocus: FocusField(received.wParam); return 0;
+    case address_message::kCheck: return CheckAll() ? 1 : 0;
     case address_message::kShowRootMenu: platform::Post(parent_, private_message::kShowRootMenu); return 0;
     default: return std::nullopt;
   }
@@ -347,6 +349,13 @@ bool AddressControl::Check(std::size_t index) {
     return false;
   }
   UseHighBound(index);  // there is no window to own a message
+  return true;
+}
+
+bool AddressControl::CheckAll() {
+  for (std::size_t index = 0; index < kFieldCount; ++index) {
+    if (!Check(index)) return false;
+  }
   return true;
 }
 

@@ -26,6 +26,7 @@ inline constexpr Id kGet = kUser + 102;  // lParam: std::uint32_t for the addres
 inline constexpr Id kSetRange =
     kUser + 103;  // wParam: field; lParam: low bound in the low byte, high bound in the next
 inline constexpr Id kSetFocus = kUser + 104;  // wParam: field; 4 and more: the first empty one, else the first
+inline constexpr Id kCheck = kUser + 106;     // answers 1 when every field may be left; else the user has been told why
 }  // namespace address_message
 
 // The control's own style bits.

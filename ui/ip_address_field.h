@@ -30,7 +30,7 @@ class AddressField {
   bool IsEmpty() const { return Text().empty(); }
   int Value() const;  // of an empty field 0
   bool IsWithinBounds() const;
-  // 8 bits, whatever was typed: what exceeds the bounds counts as the high one.
+  // 8 bits, whatever was typed: what exceeds a byte counts as the high bound.
   std::uint8_t Byte() const;
 
   void SetText(WideStringView text);

@@ -550,6 +550,19 @@ TEST(EditDialog, ARefusedAddressStaysInTheDialog) {
   EXPECT_EQ(2u, bench.terminal.boxes.shown.size());
 }
 
+TEST(EditDialog, TheSaveButtonSavesNoAddressThatIsOutOfBounds) {
+  EditBench bench;
+  model::MenuItem& item = bench.LineOf(u"IP Address", u"192.168.0.1");
+  bench.Press("300");
+  const auto press = [](int id) { platform::Post(EditBench::Control(id), message::kButtonClick); };
+  bench.Look([press] { press(ui::kEditSaveId); });
+  bench.ExpectScreen({"1012 ip \"300\" \"168\" \"0\" \"1\"", "1051 button \"Cancel\"", "1052 button \"Save\""});
+  bench.Look([press] { press(ui::kEditCancelId); });
+  EXPECT_FALSE(bench.Edit(item, true));
+  EXPECT_EQ(2U, bench.terminal.boxes.shown.size());  // typed, and saved
+  EXPECT_EQ(kNothing, bench.TakeSets());
+}
+
 TEST(EditDialog, TabLeavesTheAddressForTheButtons) {
   EditBench bench;
   model::MenuItem& item = bench.LineOf(u"IP Address", u"192.168.0.1");

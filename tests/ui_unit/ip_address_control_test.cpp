@@ -267,7 +267,6 @@ TEST(AddressControl, AnEmptyFieldReadsAsZeroAndIsNotCounted) {
 TEST(AddressControl, EveryAddressReadsBackAsItWasSet) {
   AddressDialog dialog;
   dialog.Look([&] {
-    for (const std::uint32_t set : {0u, 1u, 0x7F000001u, 0x80000000u, 0xFFFFFFFFu, 0x0A00FF63u}) {
       dialog.Tell(address_message::kSet, 0, static_cast<platform::LParam>(set));
       std::uint32_t address = 0;
       EXPECT_EQ(4, dialog.Tell(address_message::kGet, 0, platform::ToLParam(&address)));
@@ -353,6 +352,22 @@ TEST(AddressControl, ARefusedFieldIsNotLeft) {
     dialog.Run();
     EXPECT_EQ(1u, dialog.terminal.boxes.shown.size());
   }
+}
+
+TEST(AddressControl, TheCheckOfAllFieldsRefusesTheFirstThatIsOutOfBounds) {
+  AddressDialog dialog;
+  dialog.Look([&] {
+    Arrange(dialog.control, "1.300.3.400|");
+    platform::Focus(platform::ControlOf(dialog.dialog, kOtherId));
+    EXPECT_EQ(0, dialog.Tell(address_message::kCheck));
+    EXPECT_EQ("1.[300].3.400", Picture(dialog.control));
+    Arrange(dialog.control, "1..3.255|");
+    EXPECT_EQ(1, dialog.Tell(address_message::kCheck));
+  });
+  dialog.Run();
+  EXPECT_EQ(
+      Strings{"Invalid IP Address: 300 is not a valid entry. Specify a value between 0 and 255 for this field. (48)"},
+      dialog.terminal.boxes.shown);
 }
 
 TEST(AddressControl, BoundsAreThoseOfTheField) {
