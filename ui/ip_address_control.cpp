@@ -5,6 +5,7 @@
 #include "base/string_table.h"
 #include "platform/canvas.h"
 #include "ui/ip_address_field.h"
+#include "ui/key_filters.h"
 #include "ui/private_messages.h"
 
 #include <algorithm>
@@ -303,7 +304,7 @@ std::optional<LResult> AddressControl::OnFieldCharacter(std::size_t index, const
     TypeDigit(index, received);
     return 0;
   }
-  if (character < u' ') return std::nullopt;
+  if (!IsPrintable(character)) return std::nullopt;
   platform::Beep();
   return 0;
 }

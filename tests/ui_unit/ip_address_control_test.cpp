@@ -197,6 +197,7 @@ TEST(AddressControl, KeysMoveAndEditAsTheTableSays) {
       // others
       {"192|.168.0.1", "x", "192|.168.0.1", 1},
       {"192|.168.0.1", "-,", "192|.168.0.1", 2},
+      {"19|2.168.0.1", "\x7F", "19|2.168.0.1", 0},  // Ctrl+Backspace is a control character
       {"19|2.168.0.1", "{Delete}", "19|.168.0.1", 0},
       // moving
       {"|192.168.0.1", "{Left}", "|192.168.0.1", 0},
@@ -267,6 +268,7 @@ TEST(AddressControl, AnEmptyFieldReadsAsZeroAndIsNotCounted) {
 TEST(AddressControl, EveryAddressReadsBackAsItWasSet) {
   AddressDialog dialog;
   dialog.Look([&] {
+    for (const std::uint32_t set : {0u, 1u, 0x7F000001u, 0x80000000u, 0xFFFFFFFFu, 0x0A00FF63u}) {
       dialog.Tell(address_message::kSet, 0, static_cast<platform::LParam>(set));
       std::uint32_t address = 0;
       EXPECT_EQ(4, dialog.Tell(address_message::kGet, 0, platform::ToLParam(&address)));
