@@ -149,7 +149,7 @@ void MenuList::RunRules() {
 void MenuList::Fill() {
   const Busy busy(*this);
   RunRules();
-  pages_ = LayOutMenu(*menu_, std::min(linesPerPage_, kMostLinesPerPage));
+  pages_ = LayOutMenu(*menu_, linesPerPage_);
   menu_->list.lastLine = pages_.lastLine;
   menu_->list.lastBackLine = pages_.lastBackLine;
 
