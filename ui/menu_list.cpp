@@ -90,6 +90,21 @@ bool MenuList::IsSelectable(int index) const {
   return line != nullptr && line->IsSelectable();
 }
 
+// The one line of a menu without items, which is no heading, is selected by Down and Up.
+bool MenuList::HasOnlyHeadings() const {
+  return pages_.lastLine < 0 && !pages_.lines.empty() && pages_.lines.front().kind == MenuLine::Kind::kItem;
+}
+
+int MenuList::SelectableFrom(int line) const {
+  while (line < pages_.lastLine && !IsSelectable(line)) ++line;
+  return line;
+}
+
+int MenuList::SelectableUpTo(int line) const {
+  while (line >= 0 && !IsSelectable(line)) --line;
+  return line;
+}
+
 model::MenuItem* MenuList::SelectedItem() const {
   const MenuLine* line = LineAt(list_.Selected());
   return line == nullptr ? nullptr : line->item;
@@ -102,10 +117,12 @@ int MenuList::NextPageTop() const {
 
 int MenuList::PreviousPageTop() const {
   const int top = list_.Top() - linesPerPage_;
-  return top < 0 ? PageTop(std::max(0, pages_.lastLine)) : top;
+  return top < 0 ? PageTop(pages_.lastLine) : top;
 }
 
-int MenuList::LastLineOfPage(int top) const { return std::min(top + linesPerPage_ - 1, pages_.lastLine); }
+int MenuList::LastLineOfPage(int top) const {
+  return SelectableUpTo(std::min(top + linesPerPage_ - 1, pages_.lastLine));
+}
 
 bool MenuList::Show(model::MenuItem& menu) {
   if (menu.IsLeaf() && &menu != root_) return false;
@@ -173,9 +190,8 @@ void MenuList::SelectRemembered() {
   int line = menu_->list.selectedLine;
   if (line > 0 && LineAt(line)->kind == MenuLine::Kind::kEmpty) --line;
   if (line > 0 && !IsSelectable(line)) --line;
-  while (line < pages_.lastLine && !IsSelectable(line)) ++line;  // a menu that begins with a heading
   list_.SetTop(menu_->list.topLine);
-  list_.Select(line);
+  list_.Select(SelectableFrom(line));  // a menu may begin with a heading
 }
 
 void MenuList::GoTo(int top, int line) {
@@ -197,8 +213,7 @@ void MenuList::ComeBack() {
 }
 
 void MenuList::UpdatePageCount() {
-  const bool paged = pages_.lastLine >= 0;
-  scrollBar_.SetPageCount(paged ? (static_cast<int>(pages_.lines.size()) - 1) / linesPerPage_ + 1 : 1);
+  scrollBar_.SetPageCount((static_cast<int>(pages_.lines.size()) - 1) / linesPerPage_ + 1);
 }
 
 void MenuList::UpdateScrollBar() { scrollBar_.SetPosition(std::max(0, list_.Selected()) / linesPerPage_); }
@@ -240,10 +255,10 @@ std::optional<platform::LResult> MenuList::OnMessage(platform::WindowHandle, con
   switch (message.id) {
     case platform::message::kGetDialogCode: return kWantedKeys;
     case platform::message::kKeyDown: return OnKeyDown(message) ? std::optional<platform::LResult>(0) : std::nullopt;
-    case platform::message::kChar:
-      return OnCharacter(static_cast<char16_t>(message.wParam)) ? std::optional<platform::LResult>(0) : std::nullopt;
+    case platform::message::kChar: OnCharacter(message); return 0;
     case platform::message::kLeftButtonUp:
       subclass_->CallPrevious(message);
+      UpdateScrollBar();
       OnEnter();
       return 0;
     case private_message::kTreeReplaced:
@@ -287,47 +302,45 @@ bool MenuList::OnKeyDown(const platform::Message& message) {
   }
 }
 
-// True: the character goes no further. A digit enters the line of the page that begins with it.
-bool MenuList::OnCharacter(char16_t character) {
-  if (character < u' ') return true;  // Enter, Esc and Tab were handled as keys
-  if (character < u'1' || character > u'9') return false;
+// A digit enters the line of the page that begins with it; the list box itself looks for all others.
+void MenuList::OnCharacter(const platform::Message& message) {
+  const auto character = static_cast<char16_t>(message.wParam);
+  if (character < u' ') return;  // Enter, Esc and Tab were handled as keys
+  if (character < u'1' || character > u'9') {
+    subclass_->CallPrevious(message);
+    UpdateScrollBar();
+    return;
+  }
   const int top = list_.Top();
   for (int index = top; index < top + linesPerPage_; ++index) {
     const MenuLine* line = LineAt(index);
     if (line == nullptr || line->text.empty() || line->text.front() != character) continue;
     list_.Select(index);
     UpdateScrollBar();
-    OnEnter();
-    break;
+    return OnEnter();
   }
-  return true;
 }
 
 void MenuList::OnDown() {
+  if (HasOnlyHeadings()) return;
   const MenuLine* selected = LineAt(list_.Selected());
   if (selected != nullptr && selected->kind == MenuLine::Kind::kMore) {
     const int top = NextPageTop();
-    return GoTo(top, top);
+    return GoTo(top, SelectableFrom(top));
   }
-  int line = list_.Selected() + 1;
-  while (line <= pages_.lastLine && !IsSelectable(line)) ++line;
-  if (line > pages_.lastLine) {
-    line = 0;
-    while (line < pages_.lastLine && !IsSelectable(line)) ++line;
-    return GoTo(0, line);
-  }
-  list_.Select(line);
+  if (list_.Selected() >= pages_.lastLine) return GoTo(0, SelectableFrom(0));
+  list_.Select(SelectableFrom(list_.Selected() + 1));
   UpdateScrollBar();
 }
 
 void MenuList::OnUp() {
+  if (HasOnlyHeadings()) return;
   const MenuLine* selected = LineAt(list_.Selected());
   if (selected != nullptr && selected->kind == MenuLine::Kind::kBack) {
     const int top = PreviousPageTop();
     return GoTo(top, LastLineOfPage(top));
   }
-  int line = std::min(list_.Selected(), pages_.lastLine + 1) - 1;
-  while (line >= 0 && !IsSelectable(line)) --line;
+  const int line = SelectableUpTo(std::min(list_.Selected() - 1, pages_.lastLine));
   if (line < 0) {
     const int last = std::max(0, pages_.lastLine);
     return GoTo(PageTop(last), last);
@@ -342,8 +355,9 @@ void MenuList::OnEnter() {
   if (line == nullptr) return;
   switch (line->kind) {
     case MenuLine::Kind::kBack: {
-      const int top = PreviousPageTop();
-      return GoTo(top, top);
+      int top = PreviousPageTop();
+      if (top < linesPerPage_) top = 0;  // Page Down may have left the list between two pages
+      return GoTo(top, SelectableFrom(top));
     }
     case MenuLine::Kind::kMore: {
       const int top = NextPageTop();

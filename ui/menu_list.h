@@ -67,6 +67,10 @@ class MenuList final : public platform::MessageHandler {
   void SetUpFont(int listHeight);
   const MenuLine* LineAt(int index) const;
   bool IsSelectable(int index) const;
+  bool HasOnlyHeadings() const;
+  // The nearest line that can be selected, from this one towards the end or towards the start.
+  int SelectableFrom(int line) const;
+  int SelectableUpTo(int line) const;
   int PageTop(int line) const { return line / linesPerPage_ * linesPerPage_; }
   int NextPageTop() const;
   int PreviousPageTop() const;
@@ -81,7 +85,7 @@ class MenuList final : public platform::MessageHandler {
   void UpdateScrollBar();
 
   bool OnKeyDown(const platform::Message& message);
-  bool OnCharacter(char16_t character);
+  void OnCharacter(const platform::Message& message);
   void OnEnter();
   void OnEscape();
   void OnDown();

@@ -14,7 +14,6 @@ class PageMaker {
 
   MenuPages Make() && {
     while (next_ < items_.size()) AddPage();
-    if (items_.back()->list.nonSelectable) --pages_.lastLine;
     Pad();
     return std::move(pages_);
   }
@@ -57,7 +56,6 @@ class PageMaker {
     } else {
       AddNumbered(MenuLine::Kind::kItem, ItemText(*item), item);
     }
-    pages_.lastLine = static_cast<int>(pages_.lines.size()) - 1;
   }
 
   void AddNumbered(MenuLine::Kind kind, WideStringView text, model::MenuItem* item) {
@@ -81,8 +79,13 @@ class PageMaker {
 MenuPages PlainLines(const std::vector<model::MenuItem*>& items) {
   MenuPages pages;
   for (model::MenuItem* item : items) pages.lines.push_back({MenuLine::Kind::kItem, ItemText(*item), item});
-  pages.lastLine = static_cast<int>(items.size()) - 1;
   return pages;
+}
+
+int LastSelectable(const std::vector<MenuLine>& lines) {
+  int line = static_cast<int>(lines.size()) - 1;
+  while (line >= 0 && !lines[static_cast<std::size_t>(line)].IsSelectable()) --line;
+  return line;
 }
 
 }  // namespace
@@ -101,8 +104,9 @@ MenuPages LayOutMenu(const model::MenuItem& menu, int pageSize) {
     none.lines.push_back({MenuLine::Kind::kNoItems, u"(no items)", nullptr});
     return none;
   }
-  if (!menu.list.numbered) return PlainLines(shown);
-  return PageMaker(std::move(shown), pageSize).Make();
+  MenuPages pages = menu.list.numbered ? PageMaker(std::move(shown), pageSize).Make() : PlainLines(shown);
+  pages.lastLine = LastSelectable(pages.lines);
+  return pages;
 }
 
 }  // namespace ui

@@ -23,7 +23,7 @@ struct MenuLine {
 
 struct MenuPages {
   std::vector<MenuLine> lines;
-  int lastLine = -1;     // index of the last line of an item that can be selected, padding left out
+  int lastLine = -1;     // index of the last line that can be selected, -1: none
   int lastBackLine = 0;  // index of the last "...Back", 0: none
 };
 

@@ -84,6 +84,12 @@ class MenuListTest : public testing::Test {
     log_.clear();
   }
 
+  // With 20 items; the third page's "...Back" is selected then.
+  void GoBetweenPagesTwoAndThree() {
+    for (int i = 0; i < 3; ++i) Key(platform::key::kPageDown);
+    for (int i = 0; i < 6; ++i) Key(platform::key::kUp);
+  }
+
   void Key(std::uint16_t key) { platform::Send(list_.Handle(), platform::message::kKeyDown, key); }
   void Type(char16_t character) { platform::Send(list_.Handle(), platform::message::kChar, character); }
 
@@ -168,6 +174,14 @@ TEST_F(MenuListTest, EnterOnBackSelectsThePreviousPagesFirstLine) {
   Type(u'1');
   EXPECT_EQ("0/0 1  a1", At());
   EXPECT_EQ("", log_);
+}
+
+TEST_F(MenuListTest, EnterOnBackSelectsLineZeroWhenLessThanAPageIsAboveIt) {
+  ShowMenuOf(20);
+  GoBetweenPagesTwoAndThree();
+  EXPECT_EQ("16/18 1  ...Back", At());
+  Key(key::kEnter);
+  EXPECT_EQ("0/0 1  a1", At());
 }
 
 TEST_F(MenuListTest, TabMovesDownAndTheListBoxSeesItToo) {
@@ -273,6 +287,41 @@ TEST_F(MenuListTest, HeadingsAreNeverSelected) {
   EXPECT_EQ("0/1 1  a", At());
 }
 
+TEST_F(MenuListTest, HeadingsAtTheEndAreNeverSelected) {
+  for (const bool numbered : {true, false}) {
+    MenuItem menu(nullptr, u"M", u"Menu", u"Menu");
+    menu.list.numbered = numbered;
+    for (const WideStringView name : {u"a", u"b"}) Add(menu, WideString(name));
+    for (const WideStringView name : {u"h1", u"h2"}) Add(menu, WideString(name)).list.nonSelectable = true;
+    ui::MenuList list;
+    ASSERT_TRUE(list.Create(window_, menu, title_, {.x = 10, .y = 30, .width = 210, .height = 180}));
+    ASSERT_TRUE(list.Show(menu));
+    const platform::ListBox box(list.Handle());
+    platform::Send(list.Handle(), platform::message::kKeyDown, key::kUp);
+    EXPECT_EQ(1, box.Selected());
+    platform::Send(list.Handle(), platform::message::kKeyDown, key::kDown);
+    EXPECT_EQ(0, box.Selected());
+  }
+}
+
+TEST_F(MenuListTest, AMenuOfHeadingsHasNothingToSelect) {
+  Add(root_, u"h").list.nonSelectable = true;
+  ShowRoot();
+  for (const std::uint16_t virtualKey : {key::kDown, key::kUp, key::kTab}) {
+    Key(virtualKey);
+    EXPECT_EQ(-1, Box().Selected());
+  }
+}
+
+TEST_F(MenuListTest, UpOnBackSelectsNoHeadingWhenTheListStandsBetweenTwoPages) {
+  for (int i = 1; i <= 20; ++i) Add(root_, u"a" + base::ToText(i));
+  root_.Children()[13]->list.nonSelectable = true;
+  ShowRoot();
+  GoBetweenPagesTwoAndThree();
+  Key(key::kUp);
+  EXPECT_EQ("7/14 6  a13", At());
+}
+
 TEST_F(MenuListTest, TheEmptyLineAboveMoreIsSkipped) {
   for (int i = 1; i <= 12; ++i) Add(root_, u"a" + base::ToText(i));
   root_.Children()[7]->list.keepWithNext = true;
@@ -338,6 +387,27 @@ TEST_F(MenuListTest, ThePageAndItsThumbFollowTheSelection) {
   Type(u'9');
   EXPECT_EQ(41, ui::CurrentScrollThumb().top);
   EXPECT_EQ(42, ui::CurrentScrollThumb().length);
+}
+
+TEST_F(MenuListTest, TheThumbFollowsAMoveToAFirstLetter) {
+  for (int i = 1; i <= 19; ++i) Add(root_, u"a" + base::ToText(i));
+  Add(root_, u"z");
+  root_.list.numbered = false;
+  ShowRoot();
+  Type(u'z');
+  EXPECT_EQ("11/19 z", At());
+  EXPECT_EQ(82, ui::CurrentScrollThumb().top);
+}
+
+TEST_F(MenuListTest, TheThumbFollowsAClick) {
+  ShowMenuOf(20);
+  owner_->mayEnter = false;
+  GoBetweenPagesTwoAndThree();
+  EXPECT_EQ(82, ui::CurrentScrollThumb().top);
+  platform::Send(list_.Handle(), platform::message::kLeftButtonDown);
+  platform::Send(list_.Handle(), platform::message::kLeftButtonUp);
+  EXPECT_EQ("16/16 8  a15", At());
+  EXPECT_EQ(41, ui::CurrentScrollThumb().top);
 }
 
 }  // namespace

@@ -107,6 +107,30 @@ TEST(MenuPages, AHeadingAtTheEndIsNotTheLastLine) {
   EXPECT_EQ(1, ui::LayOutMenu(*menu, 9).lastLine);
 }
 
+TEST(MenuPages, TheLastLineIsTheLastThatCanBeSelected) {
+  const struct {
+    int items;
+    int headings;  // after the items
+    bool numbered;
+    int lastLine;
+  } cases[] = {
+      {2, 2, true, 1},
+      {0, 1, true, -1},
+      {0, 12, true, 9},  // the second page's "...Back"
+      {8, 3, true, 9},
+      {2, 2, false, 1},
+      {0, 12, false, -1},
+  };
+  for (const auto& c : cases) {
+    const auto menu = MenuOf(c.items + c.headings);
+    menu->list.numbered = c.numbered;
+    for (int i = c.items; i < c.items + c.headings; ++i) {
+      Child(*menu, static_cast<std::size_t>(i)).list.nonSelectable = true;
+    }
+    EXPECT_EQ(c.lastLine, ui::LayOutMenu(*menu, 9).lastLine) << c.items << " items, " << c.headings << " headings";
+  }
+}
+
 TEST(MenuPages, AnItemKeptWithTheNextMovesToTheNextPageWithIt) {
   const auto menu = MenuOf(12);
   Child(*menu, 7).list.keepWithNext = true;
