@@ -146,7 +146,7 @@ void EditDialog::MakeRoomForDescription() const {
   Rect place = platform::RectInParent(entry_->Handle());
   place.top += kDescriptionHeightPx;
   place.bottom = platform::ClientRect(dialog_).bottom - platform::CaptionHeight();
-  // The buttons of the large layout stay free.
+  // The large layout's buttons begin higher than that, and the list must not cover them.
   if (const WindowHandle button = platform::ControlOf(dialog_, kEditSaveId)) {
     place.bottom = std::min(place.bottom, platform::RectInParent(button).top);
   }

@@ -292,9 +292,28 @@ TEST(EditDialog, TheDescriptionStandsAboveTheEntry) {
   bench.Edit(item);
 }
 
+// Moves the top by 24 pixels; the small layout's list reaches down to one caption above the dialog's bottom, the large
+// layout's to its buttons.
+platform::Rect WithRoomForTheDescription(platform::Rect list, bool large) {
+  list.top += 24;
+  list.bottom = platform::ClientRect(platform::ActiveWindow()).bottom - platform::CaptionHeight();
+  if (large) {
+    const int buttons = platform::RectInParent(EditBench::Control(ui::kEditSaveId)).top;
+    EXPECT_LT(buttons, list.bottom);
+    list.bottom = buttons;
+  }
+  return list;
+}
+
+// A list box gives up what would show a part of a line.
+platform::Rect OfWholeLines(platform::Rect place, WindowHandle list) {
+  const int border = platform::RectInParent(list).Height() - platform::ClientRect(list).Height();
+  place.bottom -= (place.Height() - border) % platform::ListBox(list).ItemHeight();
+  return place;
+}
+
 TEST(EditDialog, AListMakesRoomForTheDescription) {
   platform::Rect plain;
-  platform::Rect described;
   for (const bool large : {false, true}) {
     EditBench bench;
     const tests::KeyValues choices = {{u"ChoiceFmt", u"1#A|2#B"}};
@@ -302,11 +321,10 @@ TEST(EditDialog, AListMakesRoomForTheDescription) {
     bench.Press("{Esc}");
     bench.Edit(bench.LineOf(u"Integer", u"1", choices), large);
     bench.Look([&] {
-      described = platform::RectInParent(EditBench::Control(ui::kChoiceListId));
-      const int bottom = platform::ClientRect(platform::ActiveWindow()).bottom - platform::CaptionHeight();
-      EXPECT_EQ(plain.top + 24, described.top);
-      EXPECT_LE(described.bottom, bottom);
-      EXPECT_GT(described.Height(), 13);
+      const WindowHandle list = EditBench::Control(ui::kChoiceListId);
+      const platform::Rect described = platform::RectInParent(list);
+      EXPECT_EQ(OfWholeLines(WithRoomForTheDescription(plain, large), list), described);
+      EXPECT_EQ(large ? 65 : 39, platform::ClientRect(list).Height());
     });
     bench.Press("{Esc}");
     tests::KeyValues more = choices;
