@@ -56,7 +56,6 @@ enum class EntryKind {
   kTime,
   kAddress,
 };
-inline constexpr int kEntryKindCount = 10;
 
 // kNone: the property cannot be edited.
 EntryKind ChooseEntryKind(const EditRequest& request);

@@ -30,9 +30,6 @@ WideString TitleOf(const PropertyDescriptor& descriptor) {
 
 // Opens no dialog; the choice texts of a command are kept up to date all the same.
 class ASN_NONE_PropertyEditor final : public PropertyEditor {
- public:
-  using PropertyEditor::PropertyEditor;
-
  protected:
   void PrepareFor(const PropertyDescriptor& descriptor, EditRequest& request) override {
     if (descriptor.Type() != LoadText(TextId::kReaderCmd)) return;
@@ -43,9 +40,6 @@ class ASN_NONE_PropertyEditor final : public PropertyEditor {
 };
 
 class ASN_INTEGER_PropertyEditor final : public PropertyEditor {
- public:
-  using PropertyEditor::PropertyEditor;
-
  protected:
   void PrepareFor(const PropertyDescriptor& descriptor, EditRequest& request) override {
     const PropertyValue& value = descriptor.GetValue();
@@ -62,9 +56,6 @@ class ASN_INTEGER_PropertyEditor final : public PropertyEditor {
 };
 
 class ASN_BOOL_PropertyEditor final : public PropertyEditor {
- public:
-  using PropertyEditor::PropertyEditor;
-
  protected:
   void PrepareFor(const PropertyDescriptor& descriptor, EditRequest& request) override {
     request.number = descriptor.GetValue().AsInteger() != 0 ? 1 : 0;
@@ -78,8 +69,7 @@ class ASN_BOOL_PropertyEditor final : public PropertyEditor {
 // Texts, free or chosen; the hexadecimal keys are prepared alike.
 class TextPropertyEditor : public PropertyEditor {
  protected:
-  TextPropertyEditor(WideStringView name, WideStringView unknownValueLine)
-      : PropertyEditor(name), unknownValueLine_(unknownValueLine) {}
+  explicit TextPropertyEditor(WideStringView unknownValueLine) : unknownValueLine_(unknownValueLine) {}
 
   void PrepareFor(const PropertyDescriptor& descriptor, EditRequest& request) override {
     request.title = TitleOf(descriptor);
@@ -105,20 +95,15 @@ class TextPropertyEditor : public PropertyEditor {
 
 class ASN_OCTETSTRING_PropertyEditor final : public TextPropertyEditor {
  public:
-  explicit ASN_OCTETSTRING_PropertyEditor(WideStringView name)
-      : TextPropertyEditor(name, u"ASN_OCTETSTRING_PropertyEditor index < 0\r\n") {}
+  ASN_OCTETSTRING_PropertyEditor() : TextPropertyEditor(u"ASN_OCTETSTRING_PropertyEditor index < 0\r\n") {}
 };
 
 class ASN_HEX_PropertyEditor final : public TextPropertyEditor {
  public:
-  explicit ASN_HEX_PropertyEditor(WideStringView name)
-      : TextPropertyEditor(name, u"ASN_HEX_PropertyEditor index < 0\r\n") {}
+  ASN_HEX_PropertyEditor() : TextPropertyEditor(u"ASN_HEX_PropertyEditor index < 0\r\n") {}
 };
 
 class ASN_IPADDRESS_PropertyEditor final : public PropertyEditor {
- public:
-  using PropertyEditor::PropertyEditor;
-
  protected:
   void PrepareFor(const PropertyDescriptor& descriptor, EditRequest& request) override {
     const PropertyValue& value = descriptor.GetValue();
@@ -130,9 +115,6 @@ class ASN_IPADDRESS_PropertyEditor final : public PropertyEditor {
 };
 
 class ASN_PASSWORD_PropertyEditor final : public PropertyEditor {
- public:
-  using PropertyEditor::PropertyEditor;
-
  protected:
   void PrepareFor(const PropertyDescriptor& descriptor, EditRequest& request) override {
     request.text = descriptor.GetValue().AsText();
@@ -141,13 +123,13 @@ class ASN_PASSWORD_PropertyEditor final : public PropertyEditor {
 };
 
 template <typename Editor>
-std::shared_ptr<PropertyEditor> MakeEditor(WideStringView name) {
-  return std::make_shared<Editor>(name);
+std::shared_ptr<PropertyEditor> MakeEditor() {
+  return std::make_shared<Editor>();
 }
 
 struct EditorRow {
   TypeCode code;
-  std::shared_ptr<PropertyEditor> (*make)(WideStringView name);
+  std::shared_ptr<PropertyEditor> (*make)();
 };
 
 // "ReaderCmd" has no editor of its own.
@@ -173,10 +155,7 @@ void PropertyEditor::RefillChoiceTexts(const ChoiceFormat& choices) {
 }
 
 EditorTable::EditorTable() {
-  for (const EditorRow& row : kEditors) {
-    const WideString type(values::TypeTextOf(row.code));
-    editors_[type] = row.make(type);
-  }
+  for (const EditorRow& row : kEditors) editors_[WideString(values::TypeTextOf(row.code))] = row.make();
   editors_[WideString(LoadText(TextId::kHex32))] = editors_[WideString(LoadText(TextId::kHex))];
 }
 

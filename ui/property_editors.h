@@ -15,10 +15,8 @@ namespace ui {
 
 class PropertyEditor {
  public:
-  explicit PropertyEditor(WideStringView name) : name_(name) {}
   virtual ~PropertyEditor() = default;
 
-  const WideString& Name() const { return name_; }
   // Of the property prepared last.
   const std::vector<WideString>& ChoiceTexts() const { return choiceTexts_; }
 
@@ -32,7 +30,6 @@ class PropertyEditor {
   void RefillChoiceTexts(const values::ChoiceFormat& choices);
 
  private:
-  WideString name_;
   std::vector<WideString> choiceTexts_;
 };
 

@@ -11,6 +11,8 @@ namespace {
 
 constexpr std::size_t kPrefixLength = 2;
 
+bool IsUpperHexDigit(char16_t unit) { return base::IsDigit(unit) || (unit >= u'A' && unit <= u'F'); }
+
 bool AllHexDigits(WideStringView text) { return std::all_of(text.begin(), text.end(), IsUpperHexDigit); }
 
 bool Refuse(WideString& message, TextId reason) {
@@ -46,8 +48,6 @@ bool CheckHexPreSharedKey(WideString& text, bool convert, WideString& message) {
 bool IsHexPrefixed(WideStringView text) {
   return text.size() >= kPrefixLength && (text[0] == u'0' || text[0] == u'\\') && (text[1] == u'x' || text[1] == u'X');
 }
-
-bool IsUpperHexDigit(char16_t unit) { return base::IsDigit(unit) || (unit >= u'A' && unit <= u'F'); }
 
 bool IsHexDigit(char16_t unit) { return IsUpperHexDigit(unit) || (unit >= u'a' && unit <= u'f'); }
 

@@ -8,7 +8,6 @@ namespace values {
 // A zero or a backslash and an x of either case introduce hexadecimal digits.
 bool IsHexPrefixed(WideStringView text);
 
-bool IsUpperHexDigit(char16_t unit);
 bool IsHexDigit(char16_t unit);
 
 // Each character as two lower-case hexadecimal digits, padded with a blank below 0x10 and longer above 0xFF.

@@ -68,12 +68,14 @@ TEST(EntryControls, TheKindFollowsTypeSubtypeAndChoices) {
 }
 
 TEST(EntryControls, EveryKindHasItsControlInBothTemplates) {
-  for (int kind = 1; kind < ui::kEntryKindCount; ++kind) {
-    const int id = ui::EntryControlId(static_cast<EntryKind>(kind));
+  for (const EntryKind kind :
+       {EntryKind::kText, EntryKind::kNumber, EntryKind::kHex, EntryKind::kHex32, EntryKind::kChoices,
+        EntryKind::kTrueFalse, EntryKind::kDate, EntryKind::kTime, EntryKind::kAddress}) {
+    const int id = ui::EntryControlId(kind);
     for (const platform::DialogTemplate* layout : {&ui::kSmallEditDialog, &ui::kLargeEditDialog}) {
       EXPECT_TRUE(std::any_of(layout->controls.begin(), layout->controls.end(),
                               [id](const platform::DialogControl& control) { return control.id == id; }))
-          << kind;
+          << static_cast<int>(kind);
     }
   }
   EXPECT_EQ(0, ui::EntryControlId(EntryKind::kNone));
