@@ -5,7 +5,7 @@
 #include "base/string_table.h"
 #include "platform/host/desktop.h"
 #include "tests/printing.h"
-#include "tests/ui_unit/scripted_terminal.h"
+#include "tests/support/scripted_terminal.h"
 
 namespace {
 
@@ -37,7 +37,7 @@ class BoxLayoutTest : public testing::Test {
     app::MessageBox box;
     box.SetOwner(owner);
     Places places;
-    terminal_.display.Look([&] { places = PlacesIn(platform::ActiveWindow(), text); });
+    terminal_.display.Then([&] { places = PlacesIn(platform::ActiveWindow(), text); });
     terminal_.display.Press("{Enter}");
     box.Show(text, u"Caption", kind);
     platform::Destroy(owner);
@@ -61,7 +61,7 @@ class BoxLayoutTest : public testing::Test {
     EXPECT_LE(places.box.bottom, screen.height);
   }
 
-  ui_test::ScriptedTerminal terminal_;
+  tests::ScriptedTerminal terminal_;
 };
 
 TEST_F(BoxLayoutTest, TheLongestTextsAreSeenWholeOnBothScreens) {

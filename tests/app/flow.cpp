@@ -2,7 +2,6 @@
 
 #include "base/utf8.h"
 #include "simulator/columns.h"
-#include "simulator/script.h"
 #include "simulator/storage.h"
 #include "simulator/text_file.h"
 #include "tests/app/utility_run.h"
@@ -12,8 +11,6 @@
 
 namespace tests {
 namespace {
-
-using platform::host::KeyStroke;
 
 constexpr const char* kDefaultFile = "Windows/ovu.xml";
 constexpr const char* kFlashWriter = "Windows/KelWrite2Flash.exe";  // runs when the program is left after a change
@@ -29,16 +26,6 @@ const Consequence kCommonConsequences[] = {
 
 std::string Document(const std::string& menu) {
   return "<GROUP name=\"CONFIGAPP\"><DisplayName>Main Menu</DisplayName>" + menu + "</GROUP>";
-}
-
-std::vector<KeyStroke> KeysOf(const std::string& script) {
-  const simulator::Script parsed = simulator::ParseScript(script);
-  EXPECT_EQ(0U, parsed.brokenLine) << script;
-  std::vector<KeyStroke> keys;
-  for (const auto& command : parsed.commands) {
-    for (const auto& key : command.keys) keys.push_back({key.virtualKey, key.character, key.shift, false});
-  }
-  return keys;
 }
 
 void PutStorage(const Flow& flow, const TemporaryRoot& root) {
@@ -71,12 +58,8 @@ void ReadStorage(const TemporaryRoot& root, Outcome& outcome) {
 }
 
 void RunOn(const TemporaryRoot& root, const Flow& flow, FailingCalls& calls, Outcome& outcome) {
-  const std::vector<KeyStroke> keys = KeysOf(flow.keys);
-  auto next = keys.begin();
-  Keypad keypad([&]() -> std::optional<KeyStroke> {
-    if (next == keys.end()) return std::nullopt;
-    return *next++;
-  });
+  Keypad keypad;
+  EXPECT_EQ(0U, PressKeysOf(flow.keys, keypad)) << flow.keys;
   EXPECT_EQ("", RunUtilityOn({root.Path(), flow.commandLine}, keypad, calls));
   outcome.boxes = keypad.Boxes();
   outcome.notes = keypad.Notes();

@@ -4,7 +4,6 @@
 
 #include "base/utf8.h"
 #include "platform/host/desktop.h"
-#include "simulator/script.h"
 #include "ui/edit_templates.h"
 #include "ui/menu_list.h"
 
@@ -16,7 +15,6 @@ namespace tests {
 namespace {
 
 using platform::WindowHandle;
-using platform::host::KeyStroke;
 
 std::string Property(const std::string& name, const std::string& attributes) {
   return "<GROUP name=\"" + name + "\"><DisplayName>" + name + "</DisplayName>" + attributes + "</GROUP>";
@@ -34,20 +32,9 @@ class HostileConfiguration : public ::testing::Test {
 
   // Presses the keys of a script; afterwards `lines` are those of the page shown last, and `boxes` were shown.
   void Press(const std::string& script, int mostKeysToLeave = 200) {
-    std::vector<KeyStroke> keys;
-    const simulator::Script parsed = simulator::ParseScript(script);
-    ASSERT_EQ(0U, parsed.brokenLine);
-    for (const auto& command : parsed.commands) {
-      for (const auto& key : command.keys) keys.push_back({key.virtualKey, key.character, key.shift, false});
-    }
-    auto next = keys.begin();
-    Keypad keypad([&]() -> std::optional<KeyStroke> {
-      if (next == keys.end()) {
-        TakePage();
-        return std::nullopt;
-      }
-      return *next++;
-    });
+    Keypad keypad;
+    ASSERT_EQ(0U, PressKeysOf(script, keypad)) << script;
+    keypad.Then([this] { TakePage(); });
     keypad.mostKeysToLeave = mostKeysToLeave;
     EXPECT_EQ("", RunUtilityOn({root.Path()}, keypad));
     EXPECT_FALSE(keypad.IsStuck());
@@ -248,7 +235,7 @@ TEST_F(HostileConfiguration, AStorageWithABrokenLineIsNamedInOneLine) {
   };
   for (const auto& c : cases) {
     root.Write(c.file, c.bytes);
-    Keypad keypad([] { return std::nullopt; });
+    Keypad keypad;
     const std::string problem = RunUtilityOn({root.Path()}, keypad);
     EXPECT_NE(std::string::npos, problem.find(c.problem)) << problem;
     EXPECT_EQ(std::string::npos, problem.find('\n'));

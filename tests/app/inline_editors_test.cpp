@@ -2,7 +2,7 @@
 
 #include "app/screen_actions.h"
 #include "tests/printing.h"
-#include "tests/ui_unit/scripted_terminal.h"
+#include "tests/support/scripted_terminal.h"
 #include "ui/ip_address_control.h"
 
 namespace {
@@ -77,7 +77,7 @@ class InlineEditorsTest : public testing::Test {
     return editors_.OnCommand({platform::message::kCommand, wParam, platform::ToLParam(control)}, &item_, actions_);
   }
 
-  ui_test::ScriptedTerminal terminal_;
+  tests::ScriptedTerminal terminal_;
   ui::InsertFlag insertFlag_;
   WindowHandle main_ = nullptr;
   app::InlineEditors editors_;

@@ -4,6 +4,7 @@
 #include "base/utf8.h"
 #include "platform/host/desktop.h"
 #include "platform/messages.h"
+#include "simulator/script.h"
 #include "ui/edit_templates.h"
 
 namespace tests {
@@ -38,6 +39,14 @@ Front WhatIsInFront() {
   return platform::ControlOf(active, ui::kAddressEntryId) != nullptr ? Front::kEditDialog : Front::kBox;
 }
 
+std::size_t PressKeysOf(const std::string& script, ScriptedDisplay& display) {
+  const simulator::Script parsed = simulator::ParseScript(script);
+  for (const auto& command : parsed.commands) {
+    for (const auto& key : command.keys) display.Press({key.virtualKey, key.character, key.shift, false});
+  }
+  return parsed.brokenLine;
+}
+
 std::optional<KeyStroke> Keypad::NextKey() {
   if (waitsForWorker && (host::AreThreadsRunning() || host::AreMessagesWaiting())) {
     WaitUntilWoken();
@@ -50,13 +59,12 @@ std::optional<KeyStroke> Keypad::NextKey() {
     leaving_ = boxes_.size() > 1000;
     return kEnter;
   }
-  if (!leaving_) {
-    if (const auto key = keys_()) {
-      ++pressed_;
-      return key;
-    }
-    leaving_ = true;
-  }
+  return leaving_ ? KeyToLeave() : ScriptedDisplay::NextKey();
+}
+
+std::optional<KeyStroke> Keypad::AtEnd() {
+  if (const auto key = keys_()) return key;
+  leaving_ = true;
   return KeyToLeave();
 }
 

@@ -1,8 +1,8 @@
-// A display that presses keys, answers boxes on the way if it is to, and at the end leaves the program by Esc.
+// A scripted display that answers boxes on the way, if it is to, and at the end leaves the program by Esc.
 #pragma once
 
-#include "platform/host/display.h"
 #include "platform/window.h"
+#include "tests/support/scripted_display.h"
 
 #include <condition_variable>
 #include <functional>
@@ -20,11 +20,15 @@ std::string BoxText(platform::WindowHandle box);
 enum class Front { kNothing, kMainScreen, kEditDialog, kBox };
 Front WhatIsInFront();
 
-class Keypad final : public platform::host::Display {
- public:
-  using Keys = std::function<std::optional<platform::host::KeyStroke>()>;
+// Presses the keys of a script as the simulator reads it. Answers its first line that cannot be read, 0: none.
+std::size_t PressKeysOf(const std::string& script, ScriptedDisplay& display);
 
-  // `keys` gives nothing at its end.
+class Keypad final : public ScriptedDisplay {
+ public:
+  using Keys = std::function<std::optional<KeyStroke>()>;
+
+  Keypad() = default;
+  // `keys` gives those behind the script, and nothing at its end.
   explicit Keypad(Keys keys) : keys_(std::move(keys)) {}
 
   bool waitsForWorker = true;  // before each key, as a patient user does
@@ -34,23 +38,20 @@ class Keypad final : public platform::host::Display {
 
   const std::vector<std::string>& Boxes() const { return boxes_; }
   const std::vector<std::string>& Notes() const { return notes_; }
-  int KeysPressed() const { return pressed_; }
   bool IsStuck() const { return keysToLeave_ > mostKeysToLeave; }
 
-  std::optional<platform::host::KeyStroke> NextKey() override;
+  std::optional<KeyStroke> NextKey() override;
   void Wake() override;
   void Pause(std::chrono::milliseconds duration) override;
-  void Beep() override {}
-  void ComeForward() override {}
 
  private:
+  std::optional<KeyStroke> AtEnd() override;
+  std::optional<KeyStroke> KeyToLeave();
   void WaitUntilWoken();
-  std::optional<platform::host::KeyStroke> KeyToLeave();
 
-  const Keys keys_;
+  const Keys keys_ = [] { return std::nullopt; };
   std::vector<std::string> boxes_;
   std::vector<std::string> notes_;  // texts of popup notes
-  int pressed_ = 0;
   bool leaving_ = false;
   int keysToLeave_ = 0;
   std::mutex mutex_;

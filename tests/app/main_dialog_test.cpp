@@ -3,7 +3,7 @@
 #include "app/dialog_templates.h"
 #include "platform/host/desktop.h"
 #include "tests/printing.h"
-#include "tests/ui_unit/scripted_terminal.h"
+#include "tests/support/scripted_terminal.h"
 #include "ui/private_messages.h"
 
 namespace {
@@ -62,7 +62,7 @@ class MainDialogTest : public testing::Test {
     return count;
   }
 
-  ui_test::ScriptedTerminal terminal_;
+  tests::ScriptedTerminal terminal_;
   RecordingActions actions_;
   model::MenuItem root_{nullptr, u"R", u"Root", u"Root"};
   WindowHandle window_ = nullptr;
@@ -70,7 +70,7 @@ class MainDialogTest : public testing::Test {
 };
 
 TEST_F(MainDialogTest, TheSelectAndExitButtonsAreEnterAndEsc) {
-  terminal_.display.Look([&] {
+  terminal_.display.Then([&] {
     Click(app::control_id::kSelectButton);
     EXPECT_EQ(u"a", Title());
     Click(app::control_id::kSelectButton);
@@ -86,7 +86,7 @@ TEST_F(MainDialogTest, TheSelectAndExitButtonsAreEnterAndEsc) {
 TEST_F(MainDialogTest, ASecondEditWhileOneRunsIsIgnored) {
   int first = 0;
   int second = 0;
-  terminal_.display.Look([&] {
+  terminal_.display.Then([&] {
     const auto edit = [&](WindowHandle) {
       ++first;
       dialog_.RunEdit([&](WindowHandle) {
@@ -106,7 +106,7 @@ TEST_F(MainDialogTest, ASecondEditWhileOneRunsIsIgnored) {
 
 TEST_F(MainDialogTest, AMessageShowsTheRootMenuAgain) {
   terminal_.display.Press("{Enter}");
-  terminal_.display.Look([&] {
+  terminal_.display.Then([&] {
     EXPECT_EQ(u"a", Title());
     platform::Send(window_, kShowRootMenu);
     EXPECT_EQ(u"Root", Title());
@@ -116,26 +116,26 @@ TEST_F(MainDialogTest, AMessageShowsTheRootMenuAgain) {
 }
 
 TEST_F(MainDialogTest, AMessageEndsIt) {
-  terminal_.display.Look([&] { platform::Send(window_, kEndDialog); });
+  terminal_.display.Then([&] { platform::Send(window_, kEndDialog); });
   EXPECT_EQ(0, dialog_.Run(root_, true));
   EXPECT_EQ("", actions_.log);
 }
 
 TEST_F(MainDialogTest, FiveKeysOfAnInlineEditorWorkOnTheList) {
   using namespace platform::key;
-  terminal_.display.Look([&] {
+  terminal_.display.Then([&] {
     EXPECT_EQ(0, platform::Send(window_, kEditKey, kLeft));
     EXPECT_EQ(0, platform::Send(window_, kEditKey, kHome));
     for (const std::uint16_t key : {kDown, kTab, kUp, kEnter}) EXPECT_EQ(1, platform::Send(window_, kEditKey, key));
   });
-  terminal_.display.Look([&] { EXPECT_EQ("activate b;", std::exchange(actions_.log, {})); });
-  terminal_.display.Look([&] { EXPECT_EQ(1, platform::Send(window_, kEditKey, kEscape)); });
+  terminal_.display.Then([&] { EXPECT_EQ("activate b;", std::exchange(actions_.log, {})); });
+  terminal_.display.Then([&] { EXPECT_EQ(1, platform::Send(window_, kEditKey, kEscape)); });
   Run();
   EXPECT_EQ("leaving root;", actions_.log);
 }
 
 TEST_F(MainDialogTest, WhatTheProgramChangesInAnInlineEditorIsNotReported) {
-  terminal_.display.Look([&] {
+  terminal_.display.Then([&] {
     app::InlineEditors& editors = dialog_.Inline();
     editors.checkBox = platform::Button(platform::MakeWindow(
         {.className = u"Button",
@@ -157,7 +157,7 @@ TEST_F(MainDialogTest, WhatTheProgramChangesInAnInlineEditorIsNotReported) {
 }
 
 TEST_F(MainDialogTest, TheTextPageHasItsOwnScrollBarInThePlaceOfTheLists) {
-  terminal_.display.Look([&] {
+  terminal_.display.Then([&] {
     EXPECT_EQ(1, VisibleBars());
     const ui::ScrollThumb ofTheList = ui::CurrentScrollThumb();
     dialog_.ShowTextPage({u"one line"});
@@ -180,7 +180,7 @@ TEST_F(MainDialogTest, TheTextPageHasItsOwnScrollBarInThePlaceOfTheLists) {
 }
 
 TEST_F(MainDialogTest, TheTextPageKeepsEmptyLinesWhereverTheyStand) {
-  terminal_.display.Look([&] {
+  terminal_.display.Then([&] {
     dialog_.ShowTextPage({u"", u"a", u"", u"b", u""});
     EXPECT_EQ(u"\r\na\r\n\r\nb\r\n", platform::TextOf(Control(app::control_id::kTextPage)));
     platform::Send(window_, kCloseTextPage);
@@ -192,7 +192,7 @@ TEST_F(MainDialogTest, TheTextPageKeepsEmptyLinesWhereverTheyStand) {
 TEST_F(MainDialogTest, TheSmallScreensNavigationLineStandsBelowTheLastLineOfTheList) {
   auto& environment = platform::host::CurrentEnvironment();
   environment.screenWidthPx = environment.screenHeightPx = 160;
-  terminal_.display.Look([&] {
+  terminal_.display.Then([&] {
     const platform::ListBox list(Control(ui::kMenuListId));
     const platform::Rect place = platform::RectInParent(list.Handle());
     const platform::Rect line = platform::RectInParent(Control(app::control_id::kNavigation));

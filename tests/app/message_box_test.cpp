@@ -3,7 +3,7 @@
 #include "app/dialog_templates.h"
 #include "platform/host/desktop.h"
 #include "tests/printing.h"
-#include "tests/ui_unit/scripted_terminal.h"
+#include "tests/support/scripted_terminal.h"
 
 namespace {
 
@@ -33,7 +33,7 @@ class MessageBoxTest : public testing::Test {
     return result;
   }
 
-  ui_test::ScriptedTerminal terminal_;
+  tests::ScriptedTerminal terminal_;
   WindowHandle main_ = nullptr;
   app::MessageBox box_;
 };
@@ -61,7 +61,7 @@ TEST_F(MessageBoxTest, EveryKindAnswersEnterAndEscInItsWay) {
 }
 
 TEST_F(MessageBoxTest, ATextBoxShowsCaptionTextAndPressEnter) {
-  terminal_.display.Look([this] {
+  terminal_.display.Then([this] {
     const WindowHandle box = platform::ActiveWindow();
     EXPECT_EQ(u"Caption", platform::TextOf(box));
     EXPECT_EQ(u"Text", platform::TextOf(platform::ControlOf(box, app::control_id::kMessage)));
@@ -75,7 +75,7 @@ TEST_F(MessageBoxTest, ATextBoxShowsCaptionTextAndPressEnter) {
 }
 
 TEST_F(MessageBoxTest, AQuestionOffersYesThenNo) {
-  terminal_.display.Look([] {
+  terminal_.display.Then([] {
     const WindowHandle box = platform::ActiveWindow();
     const auto list = platform::host::ListStateOf(platform::ControlOf(box, app::control_id::kAnswers));
     ASSERT_TRUE(list);
@@ -87,7 +87,7 @@ TEST_F(MessageBoxTest, AQuestionOffersYesThenNo) {
 }
 
 TEST_F(MessageBoxTest, TheExitChoiceShowsNothingButItsThreeLines) {
-  terminal_.display.Look([] {
+  terminal_.display.Then([] {
     const WindowHandle box = platform::ActiveWindow();
     EXPECT_EQ(1u, platform::host::ChildrenOf(box).size());
     const auto list = platform::host::ListStateOf(platform::ControlOf(box, app::control_id::kExitChoices));

@@ -2,29 +2,19 @@
 #include "tests/app/utility_run.h"
 #include "tests/platform/temporary_root.h"
 
-#include "platform/messages.h"
-
 #include <gtest/gtest.h>
 
 namespace tests {
 namespace {
 
-using platform::host::KeyStroke;
-
 constexpr int kStarts = 50;
-constexpr KeyStroke kEnter{platform::key::kEnter, u'\r', false, false};
-constexpr KeyStroke kDown{platform::key::kDown, 0, false, false};
-constexpr KeyStroke kHome{platform::key::kHome, 0, false, false};
 
-void StartAndPressAtOnce(const std::vector<KeyStroke>& keys) {
+void StartAndPressAtOnce(std::string_view keys) {
   const TemporaryRoot root;
   std::filesystem::copy(KEL_DEMONSTRATION, root.Path(), std::filesystem::copy_options::recursive);
   for (int start = 0; start < kStarts; ++start) {
-    auto next = keys.begin();
-    Keypad keypad([&]() -> std::optional<KeyStroke> {
-      if (next == keys.end()) return std::nullopt;
-      return *next++;
-    });
+    Keypad keypad;
+    keypad.Press(keys);
     keypad.waitsForWorker = false;
     ASSERT_EQ("", RunUtilityOn({root.Path()}, keypad));
     ASSERT_FALSE(keypad.IsStuck());
@@ -32,11 +22,11 @@ void StartAndPressAtOnce(const std::vector<KeyStroke>& keys) {
   }
 }
 
-TEST(StartUp, EntersAMenuWhileTheTreeIsBeingBuilt) { StartAndPressAtOnce({kEnter, kEnter}); }
+TEST(StartUp, EntersAMenuWhileTheTreeIsBeingBuilt) { StartAndPressAtOnce("{Enter}{Enter}"); }
 
-TEST(StartUp, MovesAndGoesHomeWhileTheTreeIsBeingBuilt) { StartAndPressAtOnce({kDown, kDown, kEnter, kHome, kEnter}); }
+TEST(StartUp, MovesAndGoesHomeWhileTheTreeIsBeingBuilt) { StartAndPressAtOnce("{Down}{Down}{Enter}{Home}{Enter}"); }
 
-TEST(StartUp, EndsWhileTheTreeIsBeingBuilt) { StartAndPressAtOnce({}); }
+TEST(StartUp, EndsWhileTheTreeIsBeingBuilt) { StartAndPressAtOnce(""); }
 
 }  // namespace
 }  // namespace tests

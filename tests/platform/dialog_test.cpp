@@ -260,7 +260,7 @@ TEST_F(OneDialogTest, EnterPressesTheFocusedButtonElseMeansOk) {
     if (CommandCode(message) == 0) commands.push_back(CommandId(message));
     return std::nullopt;
   });
-  display.Keys({key::kEnter, key::kTab, key::kEnter, key::kEscape, key::kSpace});
+  display.Press("{Enter}{Tab}{Enter}{Esc} ");
   Run();
   EXPECT_EQ((std::vector{kIdOk, 21, kIdCancel, 21}), commands);
 }
@@ -295,8 +295,7 @@ TEST_F(OneDialogTest, AControlThatWantsAllKeysGetsThem) {
     return 0;
   });
   std::unique_ptr<Subclass> subclass;
-  display.Then([&] { subclass = std::make_unique<Subclass>(Control(20), greedy); })
-      .Keys({key::kEnter, key::kEscape, key::kTab, key::kDown, u'5'});
+  display.Then([&] { subclass = std::make_unique<Subclass>(Control(20), greedy); }).Press("{Enter}{Esc}{Tab}{Down}5");
   Run();
   EXPECT_EQ((std::vector<std::uint32_t>{key::kEnter, 0x100D, key::kEscape, 0x101B, key::kTab, 0x1009, key::kDown, u'5',
                                         0x1035}),
@@ -322,7 +321,7 @@ TEST_F(OneDialogTest, AFieldOfSeveralLinesGivesEscAndTabBack) {
     if (CommandCode(message) == 0) commands.push_back(CommandId(message));
     return std::nullopt;
   });
-  display.Keys({key::kEnter, key::kEscape}).Key(key::kTab).Then([this] { EXPECT_EQ(41, FocusedId()); });
+  display.Press("{Enter}{Esc}{Tab}").Then([this] { EXPECT_EQ(41, FocusedId()); });
   Run(dialog);
   EXPECT_EQ(std::vector{kIdCancel}, commands);
 }

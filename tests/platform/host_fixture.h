@@ -4,8 +4,9 @@
 #include "platform/controls.h"
 #include "platform/dialog.h"
 #include "platform/host/desktop.h"
-#include "tests/platform/scripted_display.h"
+#include "platform/host/environment.h"
 #include "tests/printing.h"
+#include "tests/support/scripted_display.h"
 
 #include <map>
 
@@ -65,7 +66,7 @@ class HostTest : public ::testing::Test {
     for (const char16_t unit : text) platform::Send(window, platform::message::kChar, unit, 1);
   }
 
-  ScriptedDisplay display;
+  tests::ScriptedDisplay display;
   platform::host::InstalledEnvironment installed{MakeEnvironment()};
   platform::WindowHandle frameWindow = nullptr;
   std::vector<int> notifications;  // codes of the commands and notifications that the frame was told

@@ -84,7 +84,7 @@ class EditBench : public ui_test::PropertyBench {
   }
 
   void Press(const std::string& keys) { terminal.display.Press(keys); }
-  void Look(std::function<void()> action) { terminal.display.Look(std::move(action)); }
+  void Look(std::function<void()> action) { terminal.display.Then(std::move(action)); }
   void ExpectScreen(const Strings& controls) {
     Look([controls] { EXPECT_EQ(controls, Screen()); });
   }

@@ -1,7 +1,7 @@
 #include "ui/entry_controls.h"
 
 #include "tests/printing.h"
-#include "tests/ui_unit/scripted_terminal.h"
+#include "tests/support/scripted_terminal.h"
 #include "ui/edit_templates.h"
 
 #include <algorithm>
@@ -107,7 +107,7 @@ TEST(EntryControls, WhatIsNoNumberCannotBePastedIntoOne) {
       {EntryKind::kNumber, u"1234567", u"5"},  // longer than the mask
       {EntryKind::kText, u"7x", u"7x"},
   };
-  const ui_test::ScriptedTerminal terminal;
+  const tests::ScriptedTerminal terminal;
   for (const auto& c : cases) {
     const platform::WindowHandle field =
         platform::MakeWindow({.className = u"Edit", .style = platform::style::kVisible, .width = 100, .height = 20});

@@ -4,7 +4,7 @@
 #include "platform/dialog.h"
 #include "platform/host/desktop.h"
 #include "tests/printing.h"
-#include "tests/ui_unit/scripted_terminal.h"
+#include "tests/support/scripted_terminal.h"
 #include "ui/private_messages.h"
 
 #include <array>
@@ -21,7 +21,7 @@ namespace style = platform::style;
 using platform::EditField;
 using platform::Message;
 using platform::WindowHandle;
-using ui_test::ScriptedTerminal;
+using tests::ScriptedTerminal;
 
 constexpr int kControlId = 1012;
 constexpr int kOtherId = 1035;
@@ -100,7 +100,7 @@ class AddressDialog final : public platform::MessageHandler {
   void Run(bool withOwner = true) {
     WindowHandle owner = nullptr;
     if (withOwner) owner = platform::MakeWindow({.className = u"Static", .text = u"Main", .style = style::kVisible});
-    terminal.display.Look([this] { platform::Post(dialog, message::kClose); });
+    terminal.display.Then([this] { platform::Post(dialog, message::kClose); });
     platform::RunDialog({.style = style::kPopup | style::kCaption,
                          .width = 99,
                          .height = 58,
@@ -130,7 +130,7 @@ class AddressDialog final : public platform::MessageHandler {
     }
   }
 
-  void Look(std::function<void()> action) { terminal.display.Look(std::move(action)); }
+  void Look(std::function<void()> action) { terminal.display.Then(std::move(action)); }
   void Press(const std::string& keys) { terminal.display.Press(keys); }
   void ForgetTold() {
     Look([this] { told.clear(); });
@@ -225,7 +225,7 @@ TEST(AddressControl, KeysMoveAndEditAsTheTableSays) {
     dialog.Press(c.keys);
     dialog.Look([&] {
       EXPECT_EQ(c.after, Picture(dialog.control));
-      EXPECT_EQ(c.beeps, dialog.terminal.display.Beeps());
+      EXPECT_EQ(c.beeps, dialog.terminal.display.beeps);
     });
     dialog.Run();
     EXPECT_EQ(Strings{}, dialog.terminal.boxes.shown);

@@ -1,7 +1,7 @@
 #include "ui/key_filters.h"
 
 #include "tests/printing.h"
-#include "tests/ui_unit/scripted_terminal.h"
+#include "tests/support/scripted_terminal.h"
 
 #include <functional>
 
@@ -50,7 +50,7 @@ struct KeyCase {
 };
 
 void ExpectFilter(bool (*filter)(const EditField&, char16_t, InsertFlag), const std::vector<KeyCase>& cases) {
-  const ui_test::ScriptedTerminal terminal;
+  const tests::ScriptedTerminal terminal;
   for (const KeyCase& c : cases) {
     const Field field(c.text, c.start, c.end);
     EXPECT_EQ(c.swallowed, filter(field.Get(), c.character, kInsert))
@@ -107,7 +107,7 @@ TEST(KeyFilters, ControlCharactersPassEvenAFullKey) {
 }
 
 TEST(KeyFilters, OvertypingSelectsTheCharacterAfterTheCaret) {
-  const ui_test::ScriptedTerminal terminal;
+  const tests::ScriptedTerminal terminal;
   const struct {
     int start, end;
     InsertFlag flag;
@@ -133,7 +133,7 @@ TEST(KeyFilters, OvertypingSelectsTheCharacterAfterTheCaret) {
 }
 
 TEST(KeyFilters, ASwallowedOrUnprintableCharacterSelectsNothing) {
-  const ui_test::ScriptedTerminal terminal;
+  const tests::ScriptedTerminal terminal;
   const Field field(u"0x12345", 3, 3);
   EXPECT_TRUE(ui::FilterWepKeyChar(field.Get(), u'z', kOvertype));
   EXPECT_FALSE(ui::FilterWepKeyChar(field.Get(), char16_t{8}, kOvertype));
@@ -142,7 +142,7 @@ TEST(KeyFilters, ASwallowedOrUnprintableCharacterSelectsNothing) {
 }
 
 TEST(KeyFilters, ANumberTakesAsManyDigitsAsItsMask) {
-  const ui_test::ScriptedTerminal terminal;
+  const tests::ScriptedTerminal terminal;
   const struct {
     WideStringView text;
     int start, end;

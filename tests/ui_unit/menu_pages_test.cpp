@@ -114,12 +114,8 @@ TEST(MenuPages, TheLastLineIsTheLastThatCanBeSelected) {
     bool numbered;
     int lastLine;
   } cases[] = {
-      {2, 2, true, 1},
-      {0, 1, true, -1},
-      {0, 12, true, 9},  // the second page's "...Back"
-      {8, 3, true, 9},
-      {2, 2, false, 1},
-      {0, 12, false, -1},
+      {2, 2, true, 1}, {0, 1, true, -1}, {0, 12, true, 9},  // the second page's "...Back"
+      {8, 3, true, 9}, {2, 2, false, 1}, {0, 12, false, -1},
   };
   for (const auto& c : cases) {
     const auto menu = MenuOf(c.items + c.headings);

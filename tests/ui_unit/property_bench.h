@@ -4,7 +4,7 @@
 #include "tests/printing.h"
 #include "tests/support/config_tree.h"
 #include "tests/support/fake_device.h"
-#include "tests/ui_unit/scripted_terminal.h"
+#include "tests/support/scripted_terminal.h"
 #include "values/property_descriptor.h"
 
 #include <memory>
@@ -36,7 +36,7 @@ class PropertyBench {
     return *owned_.back();
   }
 
-  ScriptedTerminal terminal;
+  tests::ScriptedTerminal terminal;
   tests::FakeDevice device;
   values::DeviceAccess access{device.Connector()};
   values::SymbolTable symbols;
