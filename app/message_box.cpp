@@ -20,8 +20,10 @@ struct Choice {
   WideStringView text;
   int result;
 };
-constexpr Choice kYesNo[] = {{u"Yes", platform::kIdYes}, {u"No", platform::kIdNo}};
-constexpr Choice kExitChoices[] = {{u" Discard changes", 102}, {u" Save changes", 101}, {u" Do not exit", 2}};
+constexpr Choice kYesNo[] = {{u"Yes", values::kBoxYes}, {u"No", values::kBoxNo}};
+constexpr Choice kExitChoices[] = {{u" Discard changes", values::kBoxDiscard},
+                                   {u" Save changes", values::kBoxSave},
+                                   {u" Do not exit", values::kBoxStay}};
 
 struct Question {
   int listId = 0;
@@ -110,7 +112,7 @@ class BoxProcedure final : public platform::MessageHandler {
 
   LResult Answer() const {
     const auto selected = static_cast<std::size_t>(list_.Selected());
-    return selected < question_.choices.size() ? question_.choices[selected].result : 0;
+    return selected < question_.choices.size() ? question_.choices[selected].result : values::kBoxRead;
   }
 
   WideStringView text_;

@@ -132,8 +132,6 @@ inline constexpr int kPickerDateTimeChange = -759;  // in the header of message:
 // Control ids that dialogs give the Enter and Esc keys, and results of the boxes.
 inline constexpr int kIdOk = 1;
 inline constexpr int kIdCancel = 2;
-inline constexpr int kIdYes = 6;
-inline constexpr int kIdNo = 7;
 
 namespace key {
 inline constexpr std::uint16_t kBackspace = 0x08;

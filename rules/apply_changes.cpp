@@ -134,16 +134,13 @@ bool ChangeApplier::SubmitDefaults(int& outcome) {
 }
 
 bool ChangeApplier::ConfirmLeaving() {
-  constexpr int kSave = 101;
-  constexpr int kDiscard = 102;
-
   if (queue_.IsEmpty()) return true;
   switch (context_.boxes.Show({}, {}, values::kExitChoiceBox)) {
-    case kSave: {
+    case values::kBoxSave: {
       int outcome = 0;
       return ApplyChanges(outcome);
     }
-    case kDiscard: {
+    case values::kBoxDiscard: {
       queue_.Clear();
       context_.events.Clear();
       return true;

@@ -125,8 +125,8 @@ bool Handlers::RunItemCommand(model::MenuItem& item) {
 }
 
 void Handlers::RestoreDefaults(model::MenuItem&) {
-  constexpr int kYes = 6;
-  if (context_.boxes.Show(LoadText(TextId::kRestoreNow), u"Alert", values::kYesNoBox) != kYes) return;
+  const int answer = context_.boxes.Show(LoadText(TextId::kRestoreNow), u"Alert", values::kYesNoBox);
+  if (answer != values::kBoxYes) return;
   queue_.Clear();
   applier_.RestoreAllDefaults();
 }

@@ -6,8 +6,8 @@
 namespace rules {
 
 void PromptWarmBoot(values::MessageBoxes& boxes) {
-  constexpr int kYes = 6;
-  if (boxes.Show(LoadText(TextId::kWarmBootPrompt), u"Alert", values::kYesNoBox) == kYes) platform::WarmReset();
+  const int answer = boxes.Show(LoadText(TextId::kWarmBootPrompt), u"Alert", values::kYesNoBox);
+  if (answer == values::kBoxYes) platform::WarmReset();
 }
 
 }  // namespace rules

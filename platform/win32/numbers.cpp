@@ -103,8 +103,6 @@ SAME(notification::kEditUpdate, EN_UPDATE);
 SAME(notification::kPickerDateTimeChange, static_cast<int>(DTN_DATETIMECHANGE));
 SAME(kIdOk, IDOK);
 SAME(kIdCancel, IDCANCEL);
-SAME(kIdYes, IDYES);
-SAME(kIdNo, IDNO);
 
 namespace key {
 SAME(kBackspace, VK_BACK);
