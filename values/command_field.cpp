@@ -5,8 +5,31 @@
 #include "values/property_descriptor.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace values {
+namespace {
+
+// The number with zeros in front of its digits, as wide as its field. Of a field much wider than the room in its record
+// the beginning is enough.
+WideString NumberOfWidth(std::int32_t number, std::size_t width, std::size_t room) {
+  constexpr std::size_t kMostDigits = 10;
+  const WideString digits = base::ToText(std::abs(std::int64_t{number}));
+  const std::size_t wanted = std::min(width, room + kMostDigits);
+  const WideString zeros(wanted - std::min(wanted, digits.size()), u'0');
+  return (number < 0 ? u"-" : u"") + zeros + digits;
+}
+
+// `start` lies within the record, which keeps its length.
+void WriteField(WideString& record, std::size_t start, std::size_t width, const PropertyValue& value) {
+  const std::size_t room = std::min(width, record.size() - start);
+  // A number fills its field; a text leaves what it does not cover.
+  const WideString text = value.IsText() ? value.AsText() : NumberOfWidth(value.AsInteger(), width, room);
+  const std::size_t count = std::min(text.size(), room);
+  record.replace(start, count, text, 0, count);
+}
+
+}  // namespace
 
 std::optional<PropertyDescriptor::CommandField> PropertyDescriptor::GetCommandField() const {
   const WideString field = Resolve(TextId::kCmdOid);
@@ -44,18 +67,9 @@ bool PropertyDescriptor::WriteToCommand(PropertyDescriptor* parent, const Proper
   if (!field || parent == nullptr || parent->CommandLayout() == nullptr) return false;
   const std::int32_t width = parent->CommandLayout()->Width(field->index);
   const std::int32_t start = parent->CommandLayout()->Start(field->index);
-  if (width < 0 || start < 0) return false;
-  const auto length = std::min(static_cast<std::size_t>(width), FieldWidthList::kMaxFieldLength);
-
-  // A number fills its field with zeros; a text leaves what it does not cover.
-  const WideString text =
-      value.IsText() ? value.AsText() : base::Format(base::Format(u"%s%dd", u"%.", length), value.AsInteger());
-
   WideString record = parent->GetValue().AsText();
-  const auto from = static_cast<std::size_t>(start);
-  const std::size_t room = from < record.size() ? record.size() - from : 0;
-  const std::size_t count = std::min({text.size(), length, room});
-  for (std::size_t i = 0; i < count; ++i) record[from + i] = text[i];
+  const bool hasPlace = width > 0 && start >= 0 && static_cast<std::size_t>(start) < record.size();
+  if (hasPlace) WriteField(record, static_cast<std::size_t>(start), static_cast<std::size_t>(width), value);
 
   PropertyValue written;
   parent->ParseValue(record, written);

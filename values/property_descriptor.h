@@ -97,7 +97,8 @@ class PropertyDescriptor {
   std::optional<CommandField> GetCommandField() const;
   // Takes a field's value out of its command's.
   void InitFromCommand(const DescriptorMap& descriptors);
-  // Puts a field's value into its command's. False: the property is no field of `parent`, and nothing was done.
+  // Puts a field's value into its command's, as far as the command has a place for it. False: the property is no field
+  // or `parent` no command, and nothing was done.
   bool WriteToCommand(PropertyDescriptor* parent, const PropertyValue& value) const;
 
  private:

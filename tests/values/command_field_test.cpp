@@ -1,5 +1,6 @@
 #include "values/property_descriptor.h"
 
+#include "base/number.h"
 #include "tests/values/property_fixture.h"
 
 #include <gtest/gtest.h>
@@ -115,20 +116,56 @@ TEST_F(CommandField, AWrittenFieldNeverLengthensTheRecord) {
   EXPECT_EQ(command.GetValue(), PropertyValue::OfText(u"0100"));
 }
 
-TEST_F(CommandField, WithoutAParentAPlaceOrAttributesNothingIsWritten) {
+TEST_F(CommandField, WithoutAParentOrAttributesNothingIsWritten) {
   PropertyDescriptor& command = MakeCommand(u"010234abc");
   const PropertyValue value = PropertyValue::OfInteger(5);
   EXPECT_FALSE(MakeField(u"5.1:1").WriteToCommand(nullptr, value));
-  EXPECT_FALSE(MakeField(u"5.1:0").WriteToCommand(&command, value));
-  EXPECT_FALSE(MakeField(u"5.1:4").WriteToCommand(&command, value));
   EXPECT_FALSE(Make({{u"CmdOID", u"5.1:1"}, {u"Type", u"Integer"}}).WriteToCommand(&command, value));
   EXPECT_EQ(command.GetValue(), PropertyValue::OfText(u"010234abc"));
 }
 
+TEST_F(CommandField, AWriteOutsideTheLayoutIsDoneAndChangesNothing) {
+  PropertyDescriptor& command = MakeCommand(u"010234abc");
+  for (const WideStringView field : {u"5.1:0", u"5.1:4", u"5.1"}) {
+    EXPECT_TRUE(MakeField(field).WriteToCommand(&command, PropertyValue::OfInteger(5)));
+    EXPECT_EQ(command.GetValue(), PropertyValue::OfText(u"010234abc"));
+  }
+  PropertyDescriptor& backwards = MakeCommand(u"010234abc", u"3,-2,4,0");
+  for (const WideStringView field : {u"5.1:1", u"5.1:2", u"5.1:3"}) {
+    EXPECT_TRUE(MakeField(field).WriteToCommand(&backwards, PropertyValue::OfInteger(5)));
+    EXPECT_EQ(backwards.GetValue(), PropertyValue::OfText(u"010234abc"));
+  }
+}
+
+TEST_F(CommandField, ANumberFillsAFieldOfAnyWidth) {
+  for (const std::size_t width : {260, 261, 300, 5000}) {
+    const WideString layout = u"2," + base::ToText(static_cast<std::int64_t>(width)) + u",3";
+    PropertyDescriptor& command = MakeCommand(WideString(width, u'x') + u"abc", layout);
+    EXPECT_TRUE(MakeField(u"5.1:1").WriteToCommand(&command, PropertyValue::OfInteger(42)));
+    EXPECT_EQ(command.GetValue(), PropertyValue::OfText(WideString(width - 2, u'0') + u"42abc")) << width;
+    EXPECT_TRUE(MakeField(u"5.1:1", u"Octet String").WriteToCommand(&command, PropertyValue::OfText(command.Path())));
+    EXPECT_TRUE(command.GetValue().AsText().starts_with(command.Path() + u"0")) << width;
+  }
+}
+
+TEST_F(CommandField, ANegativeNumberHasItsSignInFrontOfTheZeros) {
+  PropertyDescriptor& command = MakeCommand(u"010234abc");
+  EXPECT_TRUE(MakeField(u"5.1:2").WriteToCommand(&command, PropertyValue::OfInteger(-5)));
+  EXPECT_EQ(command.GetValue(), PropertyValue::OfText(u"01-000abc"));
+}
+
 TEST_F(CommandField, AHugeWidthIsWrittenInMeasure) {
-  PropertyDescriptor& command = MakeCommand(u"0102", u"1,2147483647");
-  EXPECT_TRUE(MakeField(u"5.1:1").WriteToCommand(&command, PropertyValue::OfInteger(9)));
-  EXPECT_EQ(command.GetValue(), PropertyValue::OfText(u"0000"));
+  for (const WideStringView layout : {u"1,2000000000", u"1,2147483647"}) {
+    PropertyDescriptor& command = MakeCommand(u"0102", layout);
+    EXPECT_TRUE(MakeField(u"5.1:1").WriteToCommand(&command, PropertyValue::OfInteger(987654321)));
+    EXPECT_EQ(command.GetValue(), PropertyValue::OfText(u"0000"));
+  }
+}
+
+TEST_F(CommandField, ARecordThatEndsWithinTheNumberHasItsFirstDigits) {
+  PropertyDescriptor& command = MakeCommand(u"xxxx", u"1,6");
+  EXPECT_TRUE(MakeField(u"5.1:1").WriteToCommand(&command, PropertyValue::OfInteger(12345)));
+  EXPECT_EQ(command.GetValue(), PropertyValue::OfText(u"0123"));
 }
 
 }  // namespace
