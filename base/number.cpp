@@ -9,11 +9,15 @@ bool IsSpace(char16_t unit) { return unit == u' ' || (unit >= u'\t' && unit <= u
 
 }  // namespace
 
-std::int32_t ToLong(WideStringView text) {
+std::int32_t ToLong(WideStringView text) { return FindLong(text).value_or(0); }
+
+std::optional<std::int32_t> FindLong(WideStringView text) {
   std::size_t at = 0;
   while (at < text.size() && IsSpace(text[at])) ++at;
   bool negative = false;
   if (at < text.size() && (text[at] == u'-' || text[at] == u'+')) negative = text[at++] == u'-';
+
+  if (at == text.size() || !IsDigit(text[at])) return std::nullopt;
 
   constexpr std::int64_t kMaximum = std::numeric_limits<std::int32_t>::max();
   const std::int64_t limit = negative ? kMaximum + 1 : kMaximum;

@@ -15,12 +15,7 @@ using values::PropertyValue;
 using values::TypeCode;
 
 int IndexOf(const ChoiceFormat& choices, const PropertyValue& value) {
-  std::optional<std::size_t> index;
-  if (choices.Mode() == values::KeyMode::kText) {
-    index = choices.IndexOfKey(value.AsText());
-  } else if (value.IsInteger()) {
-    index = choices.IndexOfValue(value.AsInteger());
-  }
+  const std::optional<std::size_t> index = choices.IndexOf(value);
   return index ? static_cast<int>(*index) : -1;
 }
 

@@ -72,4 +72,10 @@ std::optional<std::size_t> ChoiceFormat::IndexOfKey(WideStringView key) const {
   return LastIndex(entries_, [key](const Entry& entry) { return entry.key == key; });
 }
 
+std::optional<std::size_t> ChoiceFormat::IndexOf(const PropertyValue& value) const {
+  if (mode_ == KeyMode::kText) return IndexOfKey(value.AsText());
+  const std::optional<std::int32_t> number = value.IsInteger() ? value.AsInteger() : base::FindLong(value.AsText());
+  return number ? IndexOfValue(*number) : std::nullopt;
+}
+
 }  // namespace values

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/wide_string.h"
+#include "values/property_value.h"
 
 #include <cstdint>
 #include <optional>
@@ -36,6 +37,8 @@ class ChoiceFormat {
   std::optional<WideString> GetKey(WideStringView text) const;
   std::optional<WideString> GetText(WideStringView key) const;
   std::optional<std::size_t> IndexOfKey(WideStringView key) const;
+  // The entry that stands for a value. A text that holds no number has none in a numeric list.
+  std::optional<std::size_t> IndexOf(const PropertyValue& value) const;
 
  private:
   void Add(WideStringView entry);

@@ -11,8 +11,7 @@ namespace {
 
 std::optional<WideString> ChoiceTextOf(const ChoiceFormat& choices, const PropertyValue& value) {
   if (choices.Mode() == KeyMode::kText) return choices.GetText(value.AsText());
-  if (value.IsEmpty()) return std::nullopt;
-  const std::optional<std::size_t> index = choices.IndexOfValue(value.AsInteger());
+  const std::optional<std::size_t> index = choices.IndexOf(value);
   if (!index) return std::nullopt;
   return choices.Entries()[*index].text;
 }

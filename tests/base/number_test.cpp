@@ -17,6 +17,14 @@ TEST(Numbers, ToLongReadsWhiteSpaceSignAndDigitsAndStopsThere) {
   for (const auto& c : cases) EXPECT_EQ(c.number, base::ToLong(c.text)) << base::ToUtf8(c.text);
 }
 
+TEST(Numbers, FindLongTellsAZeroFromNoNumber) {
+  for (const WideStringView text : {u"", u" ", u"-", u"+", u"abc", u"x2", u"- 7", u"--7"}) {
+    EXPECT_EQ(std::nullopt, base::FindLong(text)) << base::ToUtf8(text);
+  }
+  EXPECT_EQ(0, base::FindLong(u" -0"));
+  EXPECT_EQ(-7, base::FindLong(u"\t-7x"));
+}
+
 TEST(Numbers, ToLongSaturatesAtTheEndsOf32Bits) {
   constexpr auto kMost = std::numeric_limits<std::int32_t>::max();
   constexpr auto kLeast = std::numeric_limits<std::int32_t>::min();

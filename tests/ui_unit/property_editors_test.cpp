@@ -1,6 +1,7 @@
 #include "ui/property_editors.h"
 
 #include "tests/ui_unit/property_bench.h"
+#include "values/shown_value.h"
 
 namespace {
 
@@ -64,6 +65,13 @@ TEST(PropertyEditors, AnIntegerThatIsNoChoiceSelectsNone) {
     EXPECT_EQ(-1, request.selected) << base::ToUtf8(value);
     EXPECT_EQ(2u, request.choices.size());
   }
+}
+
+TEST(PropertyEditors, ANegativeNumberSelectsItsChoiceAsItsLineShowsIt) {
+  PropertyBench bench;
+  const values::PropertyDescriptor& property = bench.Make(u"Integer", u"-1", {{u"ChoiceFmt", u"0#Off|-1#Auto"}});
+  EXPECT_EQ(1, EditorTable().MakeRequest(property).selected);
+  EXPECT_EQ(u"Auto", values::ShownValue(property));
 }
 
 TEST(PropertyEditors, OfDuplicateKeysTheLastIsSelected) {

@@ -84,6 +84,17 @@ TEST(ChoiceFormat, LookUpsOfTheOtherModeFindNothing) {
   EXPECT_EQ(text.IndexOfValue(1), std::nullopt);
 }
 
+TEST(ChoiceFormat, AValueFindsItsEntryAsNumberOrAsText) {
+  const ChoiceFormat numbers(u"0#Off|-1#Auto", KeyMode::kNumeric);
+  EXPECT_EQ(numbers.IndexOf(PropertyValue::OfInteger(0)), 0u);
+  EXPECT_EQ(numbers.IndexOf(PropertyValue::OfText(u"-1")), 1u);
+  EXPECT_EQ(numbers.IndexOf(PropertyValue::OfText(u"abc")), std::nullopt);
+  EXPECT_EQ(numbers.IndexOf(PropertyValue()), std::nullopt);
+  const ChoiceFormat texts(u"0#Off|-1#Auto", KeyMode::kText);
+  EXPECT_EQ(texts.IndexOf(PropertyValue::OfInteger(-1)), 1u);
+  EXPECT_EQ(texts.IndexOf(PropertyValue::OfText(u" 0")), std::nullopt);
+}
+
 TEST(ChoiceFormat, AnEmptyListFindsNothing) {
   EXPECT_EQ(ChoiceFormat().GetValue(u""), std::nullopt);
   EXPECT_EQ(ChoiceFormat(u"", KeyMode::kText).GetText(u""), std::nullopt);

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace values {
 namespace {
 
@@ -54,6 +56,13 @@ TEST_F(ShownValueTest, AnEmptyNumberIsNotTheChoiceZero) {
   EXPECT_EQ(Shown(u"Integer", u"", {{u"ChoiceFmt", u"0#Off|1#On"}}), u"");
 }
 
+TEST_F(ShownValueTest, ATextThatHoldsNoNumberIsNoChoiceOfAnInteger) {
+  const tests::KeyValues choices = {{u"ChoiceFmt", u"0#Off|1#On"}};
+  for (const WideStringView text : {u"abc", u"-", u" ", u"+x1"}) EXPECT_EQ(Shown(u"Integer", text, choices), text);
+  EXPECT_EQ(Shown(u"Integer", u" -0", choices), u"Off");
+  EXPECT_EQ(Shown(u"Integer", u"+1x", choices), u"On");
+}
+
 TEST_F(ShownValueTest, ANegativeNumberFindsItsChoice) {
   EXPECT_EQ(Shown(u"Integer", u"-1", {{u"ChoiceFmt", u"-1#Auto|0#Off"}}), u"Auto");
 }
@@ -67,7 +76,15 @@ TEST_F(ShownValueTest, APasswordShowsAStarForEachCharacter) {
   EXPECT_EQ(Shown(u"Password", u"abcde", {{u"PassWordChar", u"*"}}), u"*****");
   EXPECT_EQ(Shown(u"Password", u"abc", {{u"PassWordChar", u"x"}}), u"***");
   EXPECT_EQ(Shown(u"Password", u"", {{u"PassWordChar", u"*"}}), u"");
-  EXPECT_EQ(Shown(u"Octet String", WideString(5000, u'a'), {{u"PassWordChar", u"*"}}).size(), 1023u);
+}
+
+TEST_F(ShownValueTest, AMaskHas1023StarsAtMost) {
+  const PropertyDescriptor& password = MakeWithValue(u"Password", u"", {{u"PassWordChar", u"*"}});
+  for (const std::size_t length : {1022, 1023, 1024, 5000}) {
+    const WideString mask(std::min<std::size_t>(length, 1023), u'*');
+    EXPECT_EQ(MaskedText(password, WideString(length, u'a')), mask) << length;
+    EXPECT_EQ(Shown(u"Octet String", WideString(length, u'a'), {{u"PassWordChar", u"*"}}), mask) << length;
+  }
 }
 
 TEST_F(ShownValueTest, APasswordIsASecretWithoutItsMaskToo) { EXPECT_EQ(Shown(u"Password", u"abcde", {}), u"*****"); }
