@@ -9,8 +9,6 @@
 namespace rules {
 namespace {
 
-constexpr WideStringView kErrorCaption = u"Error";
-
 // What the defaults walk asks and tells, in terms of the model and the pending changes.
 class DefaultsOfModel final : public model::DefaultsHost {
  public:
@@ -39,17 +37,9 @@ class DefaultsOfModel final : public model::DefaultsHost {
 
 }  // namespace
 
-bool ChangeApplier::ApplyChanges(int& outcome, OpenEdit* edit) {
+bool ChangeApplier::ApplyChanges(int& outcome) {
   outcome = static_cast<int>(ApplyOutcome::kApplied);
-  if (edit != nullptr && !edit->Commit()) {
-    context_.boxes.Show(LoadText(TextId::kChangeNotSaved), kErrorCaption, values::kErrorBox);
-    return false;
-  }
   const bool submitted = queue_.Submit(outcome);
-  if (edit != nullptr) {
-    if (!submitted) edit->PutBack();
-    edit->ClearEdited();
-  }
   context_.edit.firstEdited = nullptr;
   PulseEvents();
   return submitted;
@@ -93,7 +83,7 @@ void ChangeApplier::RestoreAllDefaults() {
     restored = SubmitDefaults(outcome);
   }
   if (!restored) {
-    context_.boxes.Show(LoadText(TextId::kRestoreFailed), kErrorCaption, values::kWarningBox);
+    context_.boxes.Show(LoadText(TextId::kRestoreFailed), u"Error", values::kWarningBox);
     context_.shell.FocusList();
   } else if (outcome != static_cast<int>(ApplyOutcome::kNoMessage)) {
     ShowApplyResult(outcome);

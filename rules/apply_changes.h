@@ -7,18 +7,6 @@
 
 namespace rules {
 
-// The edit that is open while changes are applied.
-class OpenEdit {
- public:
-  virtual ~OpenEdit() = default;
-  // False when the value that is being edited cannot be taken. An edit that is committed already answers true.
-  virtual bool Commit() = 0;
-  // The property's line shows again what stood there before the edit.
-  virtual void PutBack() = 0;
-  // Nothing counts as edited any more.
-  virtual void ClearEdited() = 0;
-};
-
 // Codes of an outcome; any other than these is one of plain success.
 enum class ApplyOutcome {
   kApplied = 0,
@@ -33,8 +21,9 @@ class ChangeApplier {
   ChangeApplier(const Context& context, ChangeQueue& queue, Dependencies& dependencies, ItemOperations& items)
       : context_(context), queue_(queue), dependencies_(dependencies), items_(items) {}
 
-  // True when the device has taken all pending changes. The events are pulsed in either case. `edit` may be null.
-  bool ApplyChanges(int& outcome, OpenEdit* edit = nullptr);
+  // True when the device has taken all pending changes. In either case the first edited property is forgotten and the
+  // events are pulsed.
+  bool ApplyChanges(int& outcome);
 
   void ShowApplyResult(int outcome);
 

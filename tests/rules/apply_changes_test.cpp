@@ -9,24 +9,6 @@ using tests::Journal;
 using tests::Property;
 using tests::Tag;
 
-// An edit that logs what is asked of it.
-class Edit final : public rules::OpenEdit {
- public:
-  explicit Edit(Journal& journal) : journal_(journal) {}
-
-  bool Commit() override {
-    journal_.emplace_back(u"commit");
-    return commits;
-  }
-  void PutBack() override { journal_.emplace_back(u"put back"); }
-  void ClearEdited() override { journal_.emplace_back(u"clear"); }
-
-  bool commits = true;
-
- private:
-  Journal& journal_;
-};
-
 class ApplyTest : public tests::RulesTest {
  protected:
   void SetUp() override {
@@ -35,10 +17,9 @@ class ApplyTest : public tests::RulesTest {
     Build(Property("a", "1", "Integer") + Property("b", "2", "Integer"));
   }
 
-  bool Apply(rules::OpenEdit* edit = nullptr) { return rules_.applier.ApplyChanges(outcome_, edit); }
+  bool Apply() { return rules_.applier.ApplyChanges(outcome_); }
 
   int outcome_ = -1;
-  Edit edit_dialog_{journal_};
 };
 
 TEST_F(ApplyTest, SendsWhatIsPendingAndPulsesEachEventOnce) {
@@ -66,30 +47,17 @@ TEST_F(ApplyTest, AFailureGoesOnWithTheRestAndStillPulses) {
             TakeJournal());
 }
 
-TEST_F(ApplyTest, AnOpenEditIsCommittedFirstAndClearedAfterwards) {
-  rules_.queue.Add(u"1", u"Integer", u"5");
-  edit_.firstEdited = Item(u"a").Descriptor();
-  EXPECT_TRUE(Apply(&edit_dialog_));
-  EXPECT_EQ((Journal{u"commit", u"set 1 Integer 5", u"clear"}), TakeJournal());
-  EXPECT_EQ(nullptr, edit_.firstEdited);
-}
-
-TEST_F(ApplyTest, AnEditThatCannotBeCommittedStopsTheApply) {
-  rules_.queue.Add(u"1", u"Integer", u"5");
-  events_.Add(u"Changed");
-  edit_dialog_.commits = false;
-  EXPECT_FALSE(Apply(&edit_dialog_));
-  EXPECT_EQ((Journal{u"commit", u"box Error: An error occurred.  Change was not saved. [4]"}), TakeJournal());
-  EXPECT_EQ(1U, changes_.size());
-}
-
-TEST_F(ApplyTest, AFailedEditIsPutBack) {
-  fake_[u"1"].setResult = platform::kAccessDenied;
-  rules_.queue.Add(u"1", u"Integer", u"5");
-  EXPECT_FALSE(Apply(&edit_dialog_));
-  EXPECT_EQ((Journal{u"commit", u"set 1 Integer 5 refused",
-                     u"box Error: An error occurred.  Change was not saved. [48]", u"put back", u"clear"}),
-            TakeJournal());
+TEST_F(ApplyTest, TheFirstEditedPropertyIsForgottenAndTheEventsAreSignalledWhateverTheDeviceSays) {
+  for (const platform::ResultCode result : {platform::kOk, platform::kFailed}) {
+    fake_[u"1"].setResult = result;
+    rules_.queue.Add(u"1", u"Integer", u"5");
+    edit_.firstEdited = Item(u"a").Descriptor();
+    events_.Add(u"Changed");
+    EXPECT_EQ(result == platform::kOk, Apply());
+    EXPECT_EQ(nullptr, edit_.firstEdited);
+    EXPECT_EQ(u"pulse Changed", TakeJournal().back());
+    EXPECT_TRUE(events_.Names().empty());
+  }
 }
 
 TEST_F(ApplyTest, OutcomesHaveTheirWords) {
