@@ -8,7 +8,7 @@ void ChangeQueue::Add(const WideString& oid, const WideString& type, const WideS
   values::PendingChange change{oid, type, {}, values::KeyKind::kWepKey};
   values::ParseValueAs(type, text, change.value);
   if (change.value.IsEmpty()) change.value.SetText(text);  // a type that the program holds no values of
-  if (const auto* property = context_.model.FindDescriptor(oid)) change.kind = values::GetKeyKind(*property);
+  if (const auto* property = context_.model.FindDescriptor(oid)) change.kind = values::GetKeyKind(*property, type);
   context_.changes.push_back(std::move(change));
 }
 

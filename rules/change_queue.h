@@ -9,7 +9,7 @@ class ChangeQueue {
  public:
   ChangeQueue(const Context& context, SingleValues& singleValues) : context_(context), single_(singleValues) {}
 
-  // The text is read as a value of the type; a key is treated as the property of the OID asks.
+  // The text is read as a value of the type; a key is treated as the type and the property of the OID ask.
   void Add(const WideString& oid, const WideString& type, const WideString& text);
   void Clear() { context_.changes.clear(); }
   bool IsEmpty() const { return context_.changes.empty(); }

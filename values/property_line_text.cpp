@@ -19,10 +19,9 @@ bool ReadFlagText(const PropertyDescriptor& descriptor, WideStringView text, Pro
 
 }  // namespace
 
-KeyKind GetKeyKind(const PropertyDescriptor& descriptor) {
+KeyKind GetKeyKind(const PropertyDescriptor& descriptor, WideStringView type) {
   if (descriptor.Resolve(TextId::kWep).empty()) return KeyKind::kWepKey;
   const bool isFunk = descriptor.Resolve(TextId::kSubType) == LoadText(TextId::kFunk);
-  const WideString type = descriptor.GetType();
   if (type == LoadText(TextId::kHex)) return isFunk ? KeyKind::kWepKeyAsTyped : KeyKind::kWepKey;
   if (type == LoadText(TextId::kHex32)) return isFunk ? KeyKind::kPreSharedKeyAsTyped : KeyKind::kPreSharedKey;
   return KeyKind::kWepKey;
@@ -101,11 +100,7 @@ void ValueCommitter::SaveChoiceByIndex(PropertyLine* line, std::size_t index) {
   if (index >= choices.Count()) return;
 
   const ChoiceFormat::Entry& entry = choices.Entries()[index];
-  if (choices.Mode() == KeyMode::kNumeric) {
-    state_.edited.SetInteger(entry.number);
-  } else {
-    state_.edited.SetText(entry.key);
-  }
+  state_.edited.SetInteger(entry.number);
   UpdatePropertyLine(entry.text, true, line);
   RecordChange(*descriptor, state_.edited);
 }
@@ -121,7 +116,8 @@ void ValueCommitter::RecordChange(PropertyDescriptor& descriptor, const Property
       changes_.push_back({command->GetOID(), command->GetType(), command->GetValue(), KeyKind::kWepKey});
     }
   } else {
-    changes_.push_back({descriptor.GetOID(), descriptor.GetType(), value, GetKeyKind(descriptor)});
+    changes_.push_back(
+        {descriptor.GetOID(), descriptor.GetType(), value, GetKeyKind(descriptor, descriptor.GetType())});
   }
   events_.Add(descriptor.Resolve(TextId::kEvent));
 }

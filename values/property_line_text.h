@@ -24,8 +24,8 @@ struct EditState {
   bool repaintList = false;
 };
 
-// How a property's value is treated as a wireless key.
-KeyKind GetKeyKind(const PropertyDescriptor& descriptor);
+// How a value is treated as a wireless key when it is sent to the property as that type.
+KeyKind GetKeyKind(const PropertyDescriptor& descriptor, WideStringView type);
 
 // False, with `value` as it was, when the property has no choice of that text.
 bool ChoiceTextToValue(const PropertyDescriptor& descriptor, WideStringView text, PropertyValue& value);
@@ -43,6 +43,7 @@ class ValueCommitter {
 
   // Rewrites the line and records without a look at the range.
   void CommitValueNoRangeTest(PropertyLine* line, WideStringView text, EntryMode mode);
+  // Stores the number of the choice's key, whatever the property's type.
   void SaveChoiceByIndex(PropertyLine* line, std::size_t index);
 
   // Stores the value in the property and makes it a pending change, a command's field as part of its command.

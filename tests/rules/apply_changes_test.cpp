@@ -186,6 +186,13 @@ TEST_F(RestoreTest, ACommandsFieldsFollowItsDefault) {
   EXPECT_EQ(u"g  <111>", Item(u"g").LineText());
 }
 
+TEST_F(RestoreTest, AKeyIsJudgedByTheTypeThatItsDefaultIsSentAs) {
+  fake_.Put(u"1", u"");
+  Build(Property("a", "1", "Hex", Tag("DefVal", "abcde") + Tag("WEP", "Hidden")));
+  Item(u"a").Descriptor()->ReplaceType(u"Hex32");
+  EXPECT_EQ((Journal{u"set 1 Hex 6162636465", u"box Apply: Changes applied successfully [65537]"}), Restore());
+}
+
 TEST_F(RestoreTest, AWepKeyDefaultIsSentAsItsKindAsks) {
   fake_.Put(u"1", u"");
   Build(Property("a", "1", "Hex", Tag("DefVal", "abcde") + Tag("WEP", "Hidden")));

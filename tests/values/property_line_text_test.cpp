@@ -80,9 +80,15 @@ TEST_F(PropertyLineText, TheKindOfAKeyFollowsItsAttributes) {
   };
   for (const auto& c : cases) {
     const PropertyDescriptor& property = MakeWithValue(c.type, u"1", {{u"WEP", c.wep}, {u"SubType", c.subType}});
-    EXPECT_EQ(static_cast<int>(GetKeyKind(property)), c.kind)
+    EXPECT_EQ(static_cast<int>(GetKeyKind(property, c.type)), c.kind)
         << base::ToUtf8(c.wep) << " " << base::ToUtf8(c.type) << " " << base::ToUtf8(c.subType);
   }
+}
+
+TEST_F(PropertyLineText, TheKindOfAKeyMayBeAskedForAnotherType) {
+  const PropertyDescriptor& property = MakeWithValue(u"Hex32", u"1", {{u"WEP", u"x"}});
+  EXPECT_EQ(GetKeyKind(property, u"Hex"), KeyKind::kWepKey);
+  EXPECT_EQ(GetKeyKind(property, u"Hex32"), KeyKind::kPreSharedKey);
 }
 
 TEST_F(PropertyLineText, AChoiceTextBecomesItsKey) {
@@ -207,6 +213,16 @@ TEST_F(PropertyLineText, AChoiceIsSavedByItsPlaceInTheList) {
   EXPECT_EQ(Pending().size(), 1u);
 }
 
+TEST_F(PropertyLineText, AChoiceSavedByItsPlaceStoresTheNumberOfItsKeyForTextsToo) {
+  PropertyDescriptor& property = MakeWithValue(u"Octet String", u"b", {{u"ChoiceFmt", u"a#Open|02#Shared"}});
+  Line line(&property);
+  committer_.SaveChoiceByIndex(&line, 1);
+  EXPECT_EQ(line.text, u"Thing, <Shared>");
+  EXPECT_EQ(property.GetValue(), PropertyValue::OfInteger(2));
+  committer_.SaveChoiceByIndex(&line, 0);
+  EXPECT_EQ(Pending(), (Lines{u"1.2.3 Octet String 2 (0)", u"1.2.3 Octet String 0 (0)"}));
+}
+
 TEST_F(PropertyLineText, WithoutAPropertyNothingIsCommitted) {
   Line menu(nullptr);
   EXPECT_FALSE(committer_.CommitEditedValue(&menu, u"6", EntryMode::kTyped));
@@ -228,6 +244,14 @@ TEST_F(PropertyLineText, AFieldIsSentAsItsWholeCommand) {
   EXPECT_EQ(command.GetValue(), PropertyValue::OfText(u"0107"));
   EXPECT_TRUE(command.IsChanged());
   EXPECT_EQ(events_.Names(), (Lines{u"Scanner"}));
+}
+
+TEST_F(PropertyLineText, AFieldOutsideTheLayoutSendsItsCommandAsItIs) {
+  device_.Put(u"5.1", u"0102");
+  Make({{u"OID", u"5.1"}, {u"Type", u"ReaderCmd"}, {u"CmdString", u"2,2,2"}});
+  Line line(&Make({{u"CmdOID", u"5.1:3"}, {u"Ordinal", u"2"}, {u"Type", u"Integer"}}));
+  EXPECT_TRUE(committer_.CommitEditedValue(&line, u"7", EntryMode::kTyped));
+  EXPECT_EQ(Pending(), (Lines{u"5.1 ReaderCmd 0102 (0)"}));
 }
 
 TEST_F(PropertyLineText, AFieldWithoutItsCommandIsNotSent) {
