@@ -4,6 +4,7 @@
 #include "platform/events.h"
 
 #include <algorithm>
+#include <map>
 #include <vector>
 
 namespace rules {
@@ -109,6 +110,7 @@ bool ChangeApplier::SubmitDefaults(int& outcome) {
     const auto* property = context_.model.FindDescriptor(sent.change.oid);
     sent.taken = property != nullptr && (sent.taken || !property->IsChanged());
   }
+  std::map<WideString, int> fieldCounts;  // of the commands that have a new value
   for (const Sent& sent : all) {
     auto* property = context_.model.FindDescriptor(sent.change.oid);
     if (property == nullptr) continue;
@@ -117,8 +119,11 @@ bool ChangeApplier::SubmitDefaults(int& outcome) {
       continue;
     }
     property->SetNewValue(sent.change.value);
+    if (const auto* layout = property->CommandLayout()) fieldCounts[sent.change.oid] = layout->Count();
     items_.UpdateLine(*property);
-    items_.RereadFields(sent.change.oid);
+  }
+  for (const auto& [commandOid, count] : fieldCounts) {
+    for (int number = 1; number <= count; ++number) items_.RereadField(commandOid, number);
   }
   return submitted;
 }

@@ -25,18 +25,23 @@ bool ItemOperations::StoreValue(const WideString& oid, const WideString& type, c
   return true;
 }
 
-void ItemOperations::SetReadValue(values::PropertyDescriptor& property, WideStringView value) {
+void ItemOperations::SetReadValue(values::PropertyDescriptor& property, platform::ResultCode result,
+                                  WideStringView value) {
+  const bool wasRead = result == platform::kOk || !value.empty();
+  if (!wasRead) {
+    UpdateLine(property);
+    return;
+  }
   SetValue(property, value);
-  if (!value.empty()) property.SetChanged(false);
+  property.SetChanged(false);
 }
 
-void ItemOperations::RereadFields(const WideString& commandOid) {
-  for (int number = 1;; ++number) {
-    auto* field = context_.model.FindDescriptor(base::Format(u"%s:%d", commandOid, number));
-    if (field == nullptr) return;
-    field->InitFromCommand(context_.model.Descriptors());
-    UpdateLine(*field);
-  }
+bool ItemOperations::RereadField(const WideString& commandOid, int number) {
+  auto* field = context_.model.FindDescriptor(base::Format(u"%s:%d", commandOid, number));
+  if (field == nullptr) return false;
+  field->InitFromCommand(context_.model.Descriptors());
+  UpdateLine(*field);
+  return true;
 }
 
 void ItemOperations::UpdateLine(const values::PropertyDescriptor& property) {
@@ -53,7 +58,7 @@ void ItemOperations::SetState(WideStringView key, model::DisplayState state) {
 }
 
 void ItemOperations::SetValue(values::PropertyDescriptor& property, WideStringView value) {
-  values::PropertyValue parsed = property.GetValue();
+  values::PropertyValue parsed;  // an empty text leaves it empty
   property.ParseValue(value, parsed);
   property.SetNewValue(std::move(parsed));
   UpdateLine(property);

@@ -20,10 +20,10 @@ class ItemOperations {
   void ShowItem(WideStringView key) { SetState(key, model::DisplayState::kNormal); }
   void HideItem(WideStringView key) { SetState(key, model::DisplayState::kNotDisplayed); }
 
-  // Takes over a value that the device gave.
-  void SetReadValue(values::PropertyDescriptor& property, WideStringView value);
-  // Each field of a command in the model takes its value out of the command's anew.
-  void RereadFields(const WideString& commandOid);
+  // Takes over what DoSnmpGet answered for the property; where it failed, the value stays.
+  void SetReadValue(values::PropertyDescriptor& property, platform::ResultCode result, WideStringView value);
+  // A command's field, counted from 1, takes its value out of the command's anew. False: the model does not hold it.
+  bool RereadField(const WideString& commandOid, int number);
   // Makes the property's line show its value.
   void UpdateLine(const values::PropertyDescriptor& property);
 

@@ -107,10 +107,11 @@ void Wireless::RefreshEditedItem(const model::MenuItem& item) {
 
   values::PropertyDescriptor* property = context_.model.FindDescriptor(oid);
   WideString value;
-  context_.device.DoSnmpGet(property == nullptr ? oid : context_.device.FillOid(oid, property->Attributes()), type,
-                            value);
-  if (property != nullptr) items_.SetReadValue(*property, value);
-  if (type == readerCommand) items_.RereadFields(oid);
+  const platform::ResultCode result = context_.device.DoSnmpGet(
+      property == nullptr ? oid : context_.device.FillOid(oid, property->Attributes()), type, value);
+  if (property != nullptr) items_.SetReadValue(*property, result, value);
+  if (type != readerCommand) return;
+  for (int number = 1; items_.RereadField(oid, number);) ++number;
 }
 
 void Wireless::ApplyNetworkSettings(const model::MenuItem* item) {

@@ -186,6 +186,17 @@ TEST_F(RestoreTest, ACommandsFieldsFollowItsDefault) {
   EXPECT_EQ(u"g  <111>", Item(u"g").LineText());
 }
 
+TEST_F(RestoreTest, AFieldBehindAGapFollowsItsCommandToo) {
+  fake_.Put(u"7", u"AABBBCC");
+  Build(
+      Property("cmd", "7", "ReaderCmd", Tag("CmdString", "3,2,3,2") + Tag("DefVal", "0011122") + Tag("Ordinal", "1")) +
+      Group("last",
+            Tag("DisplayName", "last") + Tag("CmdOID", "7:3") + Tag("Ordinal", "2") + Tag("Type", "Octet String")));
+  EXPECT_EQ(u"last  <CC>", Item(u"last").LineText());
+  Restore();
+  EXPECT_EQ(u"last  <22>", Item(u"last").LineText());
+}
+
 TEST_F(RestoreTest, AKeyIsJudgedByTheTypeThatItsDefaultIsSentAs) {
   fake_.Put(u"1", u"");
   Build(Property("a", "1", "Hex", Tag("DefVal", "abcde") + Tag("WEP", "Hidden")));

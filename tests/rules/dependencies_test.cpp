@@ -276,6 +276,24 @@ TEST_F(DependenciesTest, ARefreshThatFailsKeepsTheValue) {
   fake_[u"9"].getResult = platform::kFailed;
   Evaluate();
   EXPECT_EQ(u"x  <5>", X().LineText());
+  fake_[u"9"].getResult = platform::kOk;
+  BuildWith(Tag("Dependency", "this||5|Refresh"));  // without a type nothing is asked for
+  Evaluate();
+  EXPECT_EQ(u"x  <5>", X().LineText());
+  device_.Release();
+  fake_.reachable = false;
+  Evaluate();
+  EXPECT_EQ(u"x  <5>", X().LineText());
+}
+
+TEST_F(DependenciesTest, ARefreshThatReadsAnEmptyTextEmptiesTheValue) {
+  BuildWith(Tag("Dependency", "this|Integer|5|Refresh"));
+  X().Descriptor()->SetChanged(true);
+  fake_.Put(u"9", u"");
+  Evaluate();
+  EXPECT_EQ(u"x  <>", X().LineText());
+  EXPECT_TRUE(X().Descriptor()->GetValue().IsEmpty());
+  EXPECT_FALSE(X().Descriptor()->IsChanged());
 }
 
 TEST_F(DependenciesTest, ANarrowedChoiceListLivesInTheProperty) {
@@ -286,6 +304,16 @@ TEST_F(DependenciesTest, ANarrowedChoiceListLivesInTheProperty) {
   Edit(Item(u"Mode"), u"2");
   Evaluate();
   EXPECT_EQ(u"5#E|6#F", X().Descriptor()->ChoiceText());  // until a rule sets others
+  EXPECT_EQ(Journal(), TakeJournal());
+}
+
+TEST_F(DependenciesTest, AnEmptyFallbackEmptiesTheValueAndIsStoredOnce) {
+  fake_.Put(u"9", u"old");
+  Build(Property("x", "9", "Octet String", Tag("Dependency", "IF x NEQ 1 THEN \"ChoiceFmt=#None|6#F:\"")));
+  Evaluate();
+  EXPECT_EQ((Journal{u"set 9 Octet String "}), TakeJournal());
+  EXPECT_EQ(u"x  <None>", X().LineText());
+  Evaluate();
   EXPECT_EQ(Journal(), TakeJournal());
 }
 

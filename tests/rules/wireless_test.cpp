@@ -341,6 +341,14 @@ TEST_F(RefreshTest, AFieldRefreshesItsWholeCommandWithAllItsFields) {
   EXPECT_EQ(u"f2  <YYY>", Item(u"f2").LineText());
 }
 
+TEST_F(RefreshTest, AnEmptyTextThatWasReadEmptiesTheValue) {
+  fake_.Put(u"1", u"word");
+  Build(Property("a", "1", "Octet String"));
+  fake_.Put(u"1", u"");
+  rules_.wireless.RefreshEditedItem(Item(u"a"));
+  EXPECT_EQ(u"a  <>", Item(u"a").LineText());
+}
+
 TEST_F(RefreshTest, WithoutAnOidNothingHappens) {
   Build(Group("a", Tag("DisplayName", "a")) + Property("p", "_Local", "Integer"));
   calls_.logGets = true;
