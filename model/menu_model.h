@@ -62,6 +62,8 @@ class MenuModel {
   WideString TypeByOid(WideStringView oid) const;
   const PropertyPage* FindPage(WideStringView name) const;
 
+  // Waits until the device may be read: before a descriptor is made or its value shown. A failure is shown.
+  void WaitForDevice() const;
   // The text between the angle brackets of a property's line: choice text, dotted address, masked secret.
   WideString ShownValue(const values::PropertyDescriptor& descriptor) const;
   // Makes an item's suffix anew from its property's shown value; an item that shows no value keeps none.
@@ -71,7 +73,6 @@ class MenuModel {
   using TextMap = std::unordered_map<WideString, WideString, values::TextHash, std::equal_to<>>;
 
   const config::ConfigKey* StartFrom(std::shared_ptr<const config::PDataStore> tree, WideString rootPath);
-  void WaitForDevice() const;
   std::vector<WideString> OrderedChildren(const config::ConfigKey& key, WideStringView path) const;
   void AddItem(MenuItem& parent, const WideString& path, const config::ConfigKey& key);
   void AddDescriptor(MenuItem& item, const WideString& oid, const config::ConfigKey& key);

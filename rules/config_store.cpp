@@ -45,11 +45,25 @@ class UnitWriter {
   bool ok_ = true;
 };
 
+// What is a field of a command is read out of that command, as in the model, even if it has an OID of its own.
+void ReadFromCommand(const Context& context, const WideString& commandOid, values::PropertyDescriptor& field,
+                     values::DescriptorMap& own) {
+  const auto tree = context.model.Tree();  // stays while a message is shown
+  const values::PropertyDescriptor* inModel = context.model.FindDescriptor(commandOid);
+  if (inModel == nullptr) return;
+  const WideString path = inModel->Path();
+  context.model.WaitForDevice();
+  const values::PropertyDescriptor command(path, tree->Find(path), context.device, context.symbols, own);
+  field.InitFromCommand(own);
+}
+
 void WriteProperty(const Context& context, const WideString& path, const config::ConfigKey& key, WideStringView oid,
                    UnitWriter& writer) {
   // A property of its own, whose value is the device's and no pending edit.
-  values::DescriptorMap itself;
-  const values::PropertyDescriptor property(path, &key, context.device, context.symbols, itself);
+  values::DescriptorMap own;
+  context.model.WaitForDevice();
+  values::PropertyDescriptor property(path, &key, context.device, context.symbols, own);
+  if (const auto field = property.GetCommandField()) ReadFromCommand(context, field->commandOid, property, own);
   writer.Record(path);
   writer.Put(u"\n");
   writer.Record(oid);

@@ -75,6 +75,55 @@ TEST_F(StoreTest, ValuesAreReadAnewAndUnreadOnesAreEmpty) {
   EXPECT_EQ(u"9", Item(u"a").Descriptor()->GetValue().AsText());
 }
 
+TEST_F(StoreTest, AFieldWithAnOidOfItsOwnHasTheValueThatTheModelGivesIt) {
+  fake_.Put(u"7", u"AABBB");
+  fake_.Put(u"1", u"its own");
+  Build(Property("f", "1", "Octet String", Tag("CmdOID", "7:2") + Tag("Ordinal", "2")) +
+        Property("cmd", "7", "ReaderCmd", Tag("CmdString", "2,2,3") + Tag("Ordinal", "1")) +
+        Property("orphan", "1", "Octet String", Tag("CmdOID", "8:1") + Tag("Ordinal", "3")) +
+        Property("unordered", "1", "Octet String", Tag("CmdOID", "7:1")));
+  EXPECT_EQ(u"BBB", Item(u"f").Descriptor()->GetValue().AsText());
+  EXPECT_EQ(u"", Item(u"orphan").Descriptor()->GetValue().AsText());
+  EXPECT_EQ(u"", Item(u"unordered").Descriptor()->GetValue().AsText());
+
+  Item(u"cmd").Descriptor()->SetNewValue(values::PropertyValue::OfText(u"XXYYY"));  // an edit that is not applied
+  EXPECT_TRUE(Store());
+  EXPECT_EQ(Bytes(u"<Tag>R\\f<\\Tag>\n<Tag>1<\\Tag><Tag>BBB<\\Tag>"
+                  u"<Tag>R\\cmd<\\Tag>\n<Tag>7<\\Tag><Tag>AABBB<\\Tag>"
+                  u"<Tag>R\\orphan<\\Tag>\n<Tag>1<\\Tag><Tag><\\Tag>"
+                  u"<Tag>R\\unordered<\\Tag>\n<Tag>1<\\Tag><Tag><\\Tag>"),
+            Stored());
+}
+
+TEST_F(StoreTest, APropertyThatNamesItselfAsItsCommandIsStoredEmpty) {
+  fake_.Put(u"7", u"AABBB");
+  Build(Property("a", "7", "ReaderCmd", Tag("CmdOID", "7") + Tag("CmdString", "1,5") + Tag("Ordinal", "1")));
+  EXPECT_TRUE(Store());
+  EXPECT_EQ(Bytes(u"<Tag>R\\a<\\Tag>\n<Tag>7<\\Tag><Tag><\\Tag>"), Stored());
+}
+
+TEST_F(StoreTest, TheDeviceIsNotAskedBeforeItMayBeRead) {
+  fake_.Put(u"1", u"5");
+  Build(Property("a", "1", "Integer"));
+  platform::Event asked(u"", false);
+  values::DeviceAccess device([&] {
+    asked.Set();
+    return fake_.Connector()();
+  });
+  const rules::Context context{model_, device, symbols_, changes_, events_, edit_, boxes_, shell_, flashWrite_};
+  bool askedTooEarly = false;
+  deviceGate_.Reset();
+  {
+    const platform::Thread other([&] {
+      askedTooEarly = asked.Wait(50);
+      deviceGate_.Set();
+    });
+    EXPECT_TRUE(rules::StoreConfig(context));
+  }
+  EXPECT_FALSE(askedTooEarly);
+  EXPECT_EQ(Bytes(u"<Tag>R\\a<\\Tag>\n<Tag>1<\\Tag><Tag>5<\\Tag>"), Stored());
+}
+
 TEST_F(StoreTest, NothingToWriteGivesAnEmptyFile) {
   Build(Group("menu", Group("empty", "")));
   EXPECT_TRUE(Store());
