@@ -22,7 +22,7 @@ function(kel_test name)
   if(KEL_SANITIZE OR NOT CMAKE_BUILD_TYPE STREQUAL "Debug")
     target_compile_options(${name} PRIVATE -O0)
   endif()
-  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 280)
+  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST NO_PRETTY_VALUES PROPERTIES TIMEOUT 280)
 endfunction()
 
 # kel_fuzz(NAME [USES TARGETS...]): the fuzz target of NAME_fuzz.cpp. As a test it starts from the seeds in seeds/NAME and

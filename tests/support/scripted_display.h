@@ -12,7 +12,6 @@
 #include <string>
 #include <string_view>
 #include <utility>
-#include <variant>
 
 namespace tests {
 
@@ -30,7 +29,7 @@ class ScriptedDisplay : public platform::host::Display {
     return *this;
   }
   ScriptedDisplay& Press(const KeyStroke& stroke) {
-    steps_.push_back(stroke);
+    steps_.push_back({stroke, {}});
     return *this;
   }
   // A key by number, what it types derived from it.
@@ -39,7 +38,7 @@ class ScriptedDisplay : public platform::host::Display {
   }
   // Something to be done when all that was pressed before has been dealt with.
   ScriptedDisplay& Then(std::function<void()> action) {
-    steps_.push_back(std::move(action));
+    steps_.push_back({{}, std::move(action)});
     return *this;
   }
   void Forget() { steps_.clear(); }
@@ -52,8 +51,8 @@ class ScriptedDisplay : public platform::host::Display {
     if (steps_.empty()) return AtEnd();
     const Step step = std::move(steps_.front());
     steps_.pop_front();
-    if (const auto* stroke = std::get_if<KeyStroke>(&step)) return *stroke;
-    std::get<std::function<void()>>(step)();
+    if (!step.action) return step.stroke;
+    step.action();
     return std::nullopt;
   }
   void Wake() override { ++wakes; }
@@ -75,7 +74,10 @@ class ScriptedDisplay : public platform::host::Display {
   }
 
  private:
-  using Step = std::variant<KeyStroke, std::function<void()>>;
+  struct Step {
+    KeyStroke stroke;
+    std::function<void()> action;  // none: the key is pressed
+  };
 
   static KeyStroke NamedKey(std::string_view name) {
     namespace key = platform::key;
