@@ -1,3 +1,18 @@
+# kel_precompile(TARGET FAMILY HEADERS...): TARGET's sources find these headers compiled, once for a family of targets with
+# the same flags.
+function(kel_precompile target family)
+  if(NOT KEL_PRECOMPILE)
+    return()
+  endif()
+  get_property(owner GLOBAL PROPERTY kel_precompiled_${family})
+  if(owner)
+    target_precompile_headers(${target} REUSE_FROM ${owner})
+  else()
+    target_precompile_headers(${target} PRIVATE ${ARGN})
+    set_property(GLOBAL PROPERTY kel_precompiled_${family} ${target})
+  endif()
+endfunction()
+
 # kel_floor(NAME SOURCES... [BELOW TARGETS...]): one folder of the product as a static library. What it links is what it
 # may include.
 function(kel_floor name)
@@ -6,6 +21,8 @@ function(kel_floor name)
     add_library(kel_${name} STATIC ${FLOOR_UNPARSED_ARGUMENTS})
     target_include_directories(kel_${name} PUBLIC ${PROJECT_SOURCE_DIR})
     target_link_libraries(kel_${name} PUBLIC ${FLOOR_BELOW})
+    kel_precompile(kel_${name} floors
+      <algorithm> <cstdint> <functional> <map> <memory> <optional> <string> <unordered_map> <utility> <vector>)
   else()
     add_library(kel_${name} INTERFACE)
     target_include_directories(kel_${name} INTERFACE ${PROJECT_SOURCE_DIR})
@@ -22,6 +39,8 @@ function(kel_test name)
   if(KEL_SANITIZE OR NOT CMAKE_BUILD_TYPE STREQUAL "Debug")
     target_compile_options(${name} PRIVATE -O0)
   endif()
+  kel_precompile(${name} tests
+    <gtest/gtest.h> <algorithm> <filesystem> <fstream> <functional> <map> <memory> <optional> <string> <utility> <vector>)
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST NO_PRETTY_VALUES PROPERTIES TIMEOUT 280)
 endfunction()
 

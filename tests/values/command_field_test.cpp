@@ -138,7 +138,7 @@ TEST_F(CommandField, AWriteOutsideTheLayoutIsDoneAndChangesNothing) {
 }
 
 TEST_F(CommandField, ANumberFillsAFieldOfAnyWidth) {
-  for (const std::size_t width : {260, 261, 300, 5000}) {
+  for (const std::size_t width : {260u, 261u, 300u, 5000u}) {
     const WideString layout = u"2," + base::ToText(static_cast<std::int64_t>(width)) + u",3";
     PropertyDescriptor& command = MakeCommand(WideString(width, u'x') + u"abc", layout);
     EXPECT_TRUE(MakeField(u"5.1:1").WriteToCommand(&command, PropertyValue::OfInteger(42)));

@@ -80,7 +80,7 @@ TEST_F(ShownValueTest, APasswordShowsAStarForEachCharacter) {
 
 TEST_F(ShownValueTest, AMaskHas1023StarsAtMost) {
   const PropertyDescriptor& password = MakeWithValue(u"Password", u"", {{u"PassWordChar", u"*"}});
-  for (const std::size_t length : {1022, 1023, 1024, 5000}) {
+  for (const std::size_t length : {1022u, 1023u, 1024u, 5000u}) {
     const WideString mask(std::min<std::size_t>(length, 1023), u'*');
     EXPECT_EQ(MaskedText(password, WideString(length, u'a')), mask) << length;
     EXPECT_EQ(Shown(u"Octet String", WideString(length, u'a'), {{u"PassWordChar", u"*"}}), mask) << length;
