@@ -1,5 +1,6 @@
 #include "config/registry_key_reader.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace config {
