@@ -1,8 +1,12 @@
 #include "config/config_key.h"
 
+#include "config/path_table.h"
+
 #include <algorithm>
 
 namespace config {
+
+WideString ConfigKey::FullPath() const { return PathOf(*node_); }
 
 WideStringView ConfigKey::Value(WideStringView name) const {
   const std::span<const NamedText> values = Values();

@@ -12,6 +12,8 @@
 
 namespace config {
 
+struct PathNode;
+
 struct NamedText {
   WideStringView name;
   WideStringView text;
@@ -23,8 +25,11 @@ class ConfigKey {
   // Multi-string values by name; only a registry has them.
   using Lists = std::map<WideString, std::vector<WideString>, std::less<>>;
 
-  // The full path of a key that was read from the registry; empty for a key of an XML document.
-  WideStringView Path() const { return path_; }
+  // The path under which the tree has the key. It is put together anew each time: held with every key, the paths of
+  // deep menus would need far more room than the menus themselves.
+  WideString FullPath() const;
+  // The same of a key that was read from the registry; empty for a key of an XML document.
+  WideString Path() const { return fromRegistry_ ? FullPath() : WideString(); }
 
   // A value's text, empty when the key has no value of exactly that name.
   WideStringView Value(WideStringView name) const;
@@ -45,12 +50,15 @@ class ConfigKey {
 
  private:
   friend class KeyWriter;
+  friend class PathTable;
+  friend class PDataStore;
 
   const NamedText* values_ = nullptr;  // ordered by NameLess() when there are many
   const WideStringView* subkeys_ = nullptr;
   std::uint32_t valueCount_ = 0;
   std::uint32_t subkeyCount_ = 0;
-  WideStringView path_;
+  bool fromRegistry_ = false;
+  const PathNode* node_ = nullptr;  // which holds this key
   std::unique_ptr<const Lists> lists_;
 };
 

@@ -18,6 +18,12 @@ struct PDataStore::Storage {
   std::size_t count = 0;
 };
 
+namespace {
+
+const ConfigKey* KeyOf(const PathNode* node) { return node != nullptr && node->isKey ? &node->key : nullptr; }
+
+}  // namespace
+
 PDataStore::PDataStore(WideStringView rootPath, std::shared_ptr<const XmlDocument> document,
                        std::span<const WideString> adapterNames, std::uint32_t maxDepth)
     : storage_(std::make_unique<Storage>()) {
@@ -40,9 +46,10 @@ void PDataStore::Build(WideStringView rootPath, const XmlDocument* document, std
 
 PDataStore::~PDataStore() = default;
 
-const ConfigKey* PDataStore::Find(WideStringView path) const {
-  const PathNode* const node = storage_->paths.Find(path);
-  return node != nullptr && node->isKey ? &node->key : nullptr;
+const ConfigKey* PDataStore::Find(WideStringView path) const { return KeyOf(storage_->paths.Find(path)); }
+
+const ConfigKey* PDataStore::FindBelow(const ConfigKey& key, WideStringView path) const {
+  return KeyOf(storage_->paths.FindBelow(*key.node_, path));
 }
 
 std::size_t PDataStore::Count() const { return storage_->count; }

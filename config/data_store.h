@@ -30,6 +30,8 @@ class PDataStore {
 
   // Null when no key has exactly this path. Keys live as long as the tree.
   const ConfigKey* Find(WideStringView path) const;
+  // The same for a path that goes on from a key of this tree.
+  const ConfigKey* FindBelow(const ConfigKey& key, WideStringView path) const;
 
   // How many keys were loaded; 0: the tree is of no use.
   std::size_t Count() const;

@@ -29,13 +29,13 @@ void KeyWriter::Finish(ConfigKey& key) {
   MakeValuesUnique();
   key.values_ = arena_.Copy(std::span<const NamedText>(values_));
   key.valueCount_ = static_cast<std::uint32_t>(values_.size());
-  key.path_ = path_;
+  key.fromRegistry_ = fromRegistry_;
   key.lists_ = std::move(lists_);
   const WideStringView descendent = key.Value(u"Descendent");
   if (!descendent.empty()) subkeys_.push_back(descendent);
   key.subkeys_ = arena_.Copy(std::span<const WideStringView>(subkeys_));
   key.subkeyCount_ = static_cast<std::uint32_t>(subkeys_.size());
-  path_ = {};
+  fromRegistry_ = false;
   values_.clear();
   subkeys_.clear();
 }

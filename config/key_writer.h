@@ -13,7 +13,7 @@ class KeyWriter {
  public:
   explicit KeyWriter(Arena& arena) : arena_(arena) {}
 
-  void SetPath(WideStringView path) { path_ = path; }
+  void SetFromRegistry() { fromRegistry_ = true; }
   // Of two values of one name the later one stays.
   void AddValue(WideStringView name, WideStringView text) { values_.push_back({name, text}); }
   void AddSubkey(WideStringView name) { subkeys_.push_back(name); }
@@ -26,7 +26,7 @@ class KeyWriter {
   void MakeValuesUnique();
 
   Arena& arena_;
-  WideStringView path_;
+  bool fromRegistry_ = false;
   std::vector<NamedText> values_;
   std::vector<WideStringView> subkeys_;
   std::unique_ptr<const ConfigKey::Lists> lists_;

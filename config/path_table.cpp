@@ -36,11 +36,24 @@ bool IsPath(const PathNode* node, WideStringView path) {
 
 }  // namespace
 
+WideString PathOf(const PathNode& node) {
+  std::size_t length = node.name.size();
+  for (const PathNode* n = node.parent; n->parent != nullptr; n = n->parent) length += n->name.size() + 1;
+  WideString path(length, u'\\');
+  std::size_t end = length;
+  for (const PathNode* n = &node; n->parent != nullptr; n = n->parent) {
+    end -= n->name.size();
+    n->name.copy(path.data() + end, n->name.size());
+    if (end > 0) --end;  // the backslash
+  }
+  return path;
+}
+
 PathTable::PathTable() : slots_(std::size_t{1} << kFirstSlotBits), shift_(64 - kFirstSlotBits) {
   nodes_.Add().hash = kSeed;
 }
 
-PathNode& PathTable::Child(PathNode& parent, WideStringView name) {
+PathTable::Place PathTable::PlaceOf(const PathNode& parent, WideStringView name) const {
   const std::uint64_t start = parent.parent == nullptr ? parent.hash : Extend(parent.hash, u'\\');
   const std::uint64_t hash = Extend(start, name);
   const std::uint64_t spread = Spread(hash);
@@ -48,14 +61,21 @@ PathNode& PathTable::Child(PathNode& parent, WideStringView name) {
   std::size_t slot = FirstSlot(spread);
   for (; slots_[slot].node != 0; slot = (slot + 1) & (slots_.size() - 1)) {
     if (slots_[slot].hash != lowerHalf) continue;
-    PathNode& node = nodes_[slots_[slot].node];
-    if (node.hash == hash && node.parent == &parent && node.name == name) return node;
+    const PathNode& node = nodes_[slots_[slot].node];
+    if (node.hash == hash && node.parent == &parent && node.name == name) break;
   }
-  slots_[slot] = {static_cast<std::uint32_t>(nodes_.Size()), lowerHalf};
+  return {hash, slot};
+}
+
+PathNode& PathTable::Child(PathNode& parent, WideStringView name) {
+  const auto [hash, slot] = PlaceOf(parent, name);
+  if (slots_[slot].node != 0) return nodes_[slots_[slot].node];
+  slots_[slot] = {static_cast<std::uint32_t>(nodes_.Size()), static_cast<std::uint32_t>(Spread(hash))};
   PathNode& node = nodes_.Add();
   node.parent = &parent;
   node.name = name;
   node.hash = hash;
+  node.key.node_ = &node;
   if (nodes_.Size() * 2 > slots_.size()) Grow();
   return node;
 }
@@ -70,6 +90,16 @@ const PathNode* PathTable::Find(WideStringView path) const {
     if (node.hash == hash && IsPath(&node, path)) return &node;
   }
   return nullptr;
+}
+
+const PathNode* PathTable::FindBelow(const PathNode& from, WideStringView path) const {
+  const PathNode* node = &from;
+  ForEachName(path, [&](WideStringView name) {
+    if (node == nullptr) return;
+    const std::uint32_t found = slots_[PlaceOf(*node, name).slot].node;
+    node = found == 0 ? nullptr : &nodes_[found];
+  });
+  return node;
 }
 
 void PathTable::Grow() {

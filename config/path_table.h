@@ -27,6 +27,20 @@ struct PathNode {
   ConfigKey key;
 };
 
+// The names down to a node, put together.
+WideString PathOf(const PathNode& node);
+
+// Calls step(name) for each name of a path.
+template <typename Step>
+void ForEachName(WideStringView path, Step step) {
+  for (;;) {
+    const std::size_t end = path.find(u'\\');
+    step(path.substr(0, end));
+    if (end == WideStringView::npos) return;
+    path.remove_prefix(end + 1);
+  }
+}
+
 class PathTable {
  public:
   PathTable();
@@ -38,6 +52,8 @@ class PathTable {
 
   // Null when there is no such path.
   const PathNode* Find(WideStringView path) const;
+  // The same for a path that goes on from a node.
+  const PathNode* FindBelow(const PathNode& from, WideStringView path) const;
 
  private:
   struct Slot {
@@ -45,6 +61,12 @@ class PathTable {
     std::uint32_t hash = 0;  // the lower half
   };
 
+  // What is needed to find a node: the hash of its path, and the slot where it is or would be.
+  struct Place {
+    std::uint64_t hash;
+    std::size_t slot;
+  };
+  Place PlaceOf(const PathNode& parent, WideStringView name) const;
   std::size_t FirstSlot(std::uint64_t hash) const { return static_cast<std::size_t>(hash >> shift_); }
   void Grow();
 

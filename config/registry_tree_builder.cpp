@@ -20,9 +20,8 @@ class RegistryTreeBuilder {
 
  private:
   void Read(PathNode& node, bool hasChildren) {
-    const WideString path = PathOf(node);
-    RegistryKeyReader reader(path);
-    writer_.SetPath(arena_.Copy(path));
+    RegistryKeyReader reader(PathOf(node));
+    writer_.SetFromRegistry();
     for (const auto& [name, text] : reader.values) writer_.AddValue(arena_.Copy(name), arena_.Copy(text));
     for (const WideString& name : reader.subkeys) writer_.AddSubkey(arena_.Copy(name));
     writer_.SetLists(std::move(reader.lists));
@@ -35,19 +34,6 @@ class RegistryTreeBuilder {
     PathNode* node = &from;
     ForEachName(path, [&](WideStringView name) { node = &paths_.Child(*node, name); });
     return *node;
-  }
-
-  static WideString PathOf(const PathNode& node) {
-    std::size_t length = node.name.size();
-    for (const PathNode* n = node.parent; n->parent != nullptr; n = n->parent) length += n->name.size() + 1;
-    WideString path(length, u'\\');
-    std::size_t end = length;
-    for (const PathNode* n = &node; n->parent != nullptr; n = n->parent) {
-      end -= n->name.size();
-      n->name.copy(path.data() + end, n->name.size());
-      if (end > 0) --end;  // the backslash
-    }
-    return path;
   }
 
   PathTable& paths_;

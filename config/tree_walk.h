@@ -37,15 +37,4 @@ class TreeWalk {
   std::size_t count_ = 0;
 };
 
-// Calls step(name) for each name of a path.
-template <typename Step>
-void ForEachName(WideStringView path, Step step) {
-  for (;;) {
-    const std::size_t end = path.find(u'\\');
-    step(path.substr(0, end));
-    if (end == WideStringView::npos) return;
-    path.remove_prefix(end + 1);
-  }
-}
-
 }  // namespace config

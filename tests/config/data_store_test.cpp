@@ -33,6 +33,17 @@ TEST(PDataStore, PathsAreExact) {
   }
 }
 
+TEST(PDataStore, KeysAreFoundBelowOneAnother) {
+  const auto tree = XmlTree(kMenu, u"Root");
+  const ConfigKey& root = *tree->Find(u"Root");
+  EXPECT_EQ(tree->Find(u"Root\\Network"), tree->FindBelow(root, u"Network"));
+  EXPECT_EQ(tree->Find(u"Root\\Network\\DHCP"), tree->FindBelow(root, u"Network\\DHCP"));
+  EXPECT_EQ(u"Root\\Network\\DHCP", tree->FindBelow(root, u"Network\\DHCP")->FullPath());
+  for (const char16_t* path : {u"", u"network", u"Network\\", u"\\Network", u"DHCP", u"Root", u"Lost\\DHCP"}) {
+    EXPECT_EQ(nullptr, tree->FindBelow(root, path)) << base::ToUtf8(path);
+  }
+}
+
 TEST(PDataStore, AKeyOfADocumentHasNoPath) { EXPECT_EQ(u"", XmlTree(kMenu, u"Root")->Find(u"Root\\Network")->Path()); }
 
 TEST(PDataStore, AValueThatIsAbsentIsEmpty) {

@@ -145,6 +145,10 @@ TEST(TreeBuilding, OneWalkGivesWhatMatchingEveryPathFromTheTopGives) {
       const ConfigKey* const found = tree.Find(path);
       ASSERT_NE(nullptr, found) << "seed " << seed << " " << base::ToUtf8(path) << " in " << base::ToUtf8(text);
       ASSERT_EQ(key, Plain(*found)) << "seed " << seed << " " << base::ToUtf8(path) << " in " << base::ToUtf8(text);
+      ASSERT_EQ(path, found->FullPath());
+      for (const WideString& name : key.subkeys) {
+        ASSERT_EQ(tree.Find(path + u"\\" + name), tree.FindBelow(*found, name)) << base::ToUtf8(path + u"\\" + name);
+      }
       ASSERT_EQ(plain.contains(path + u"\\a"), tree.Find(path + u"\\a") != nullptr) << "seed " << seed;
     }
     keys += plain.size();
