@@ -1,6 +1,7 @@
 #include "model/defaults_walk.h"
 
 #include "base/string_table.h"
+#include "model/child_key.h"
 #include "model/set_triple.h"
 #include "values/field_width_list.h"
 
@@ -16,10 +17,10 @@ constexpr WideStringView kIfChanges = u"IfChanges:";
 WideString Text(const config::ConfigKey& key, TextId name) { return WideString(key.Value(name)); }
 
 // False: the rules leave the key out.
-bool QueueDefault(const config::ConfigKey& key, WideStringView path, DefaultsHost& host) {
+bool QueueDefault(const config::ConfigKey& key, DefaultsHost& host) {
   WideString value = Text(key, TextId::kDefVal);
   if (value.empty()) return true;
-  if (!host.IsActive(path)) return false;
+  if (!host.IsActive(key)) return false;
   MergeReaderCommand(key, host, value);
   const WideString oid = Text(key, TextId::kOid);
   if (!oid.empty()) host.QueueChange(oid, Text(key, TextId::kType), value);
@@ -34,10 +35,7 @@ void QueueExitRule(const config::ConfigKey& key, DefaultsHost& host) {
   if (const auto triple = ParseSetTriple(rule)) host.QueueChange(triple->oid, triple->type, triple->value);
 }
 
-WideStringView BeforeBar(WideStringView text) {
-  const std::size_t bar = text.find(u'|');
-  return bar == WideStringView::npos ? WideStringView() : text.substr(0, bar);
-}
+WideStringView UpToBar(WideStringView text) { return text.substr(0, text.find(u'|')); }
 
 WideStringView WithoutLeading(WideStringView text, WideStringView prefix) {
   while (text.starts_with(prefix)) text.remove_prefix(prefix.size());
@@ -46,14 +44,12 @@ WideStringView WithoutLeading(WideStringView text, WideStringView prefix) {
 
 }  // namespace
 
+// Both times the text is taken off the whole dependency. So a second part that equals the first goes with the first
+// one's repetitions; then "first|second|" stands nowhere, and the third part is the first one.
 WideStringView ThirdPart(WideStringView dependency) {
-  const WideStringView first = BeforeBar(dependency);
-  const WideString firstAndBar = WideString(first) + u"|";
-  const WideStringView second = BeforeBar(WithoutLeading(dependency, firstAndBar));
-  const WideString bothAndBars = firstAndBar + WideString(second) + u"|";
-  if (!dependency.starts_with(bothAndBars)) return {};
-  const WideStringView third = WithoutLeading(dependency, bothAndBars);
-  return third.substr(0, third.find(u'|'));
+  const WideString first = WideString(UpToBar(dependency)) + u"|";
+  const WideString both = first + WideString(UpToBar(WithoutLeading(dependency, first))) + u"|";
+  return UpToBar(WithoutLeading(dependency, both));
 }
 
 void MergeReaderCommand(const config::ConfigKey& key, DefaultsHost& host, WideString& defaultValue) {
@@ -77,32 +73,31 @@ void MergeReaderCommand(const config::ConfigKey& key, DefaultsHost& host, WideSt
 
 void WalkDefaults(const config::PDataStore& tree, WideStringView path, DefaultsMode mode, DefaultsHost& host) {
   struct OpenKey {
-    WideString path;
     const config::ConfigKey* key;
     std::size_t next = 0;
   };
   std::vector<OpenKey> open;
-  const auto visit = [&](WideString keyPath) {
-    const config::ConfigKey* key = tree.Find(keyPath);
+  KeyVisits visits(u"WalkDefaults");
+  const auto visit = [&](const config::ConfigKey* key, WideStringView name) {
     if (key == nullptr) return;
     if (mode == DefaultsMode::kExitRules) {
       QueueExitRule(*key, host);
-    } else if (!QueueDefault(*key, keyPath, host)) {
+    } else if (!QueueDefault(*key, host)) {
       return;
     }
-    if (!key->Subkeys().empty()) open.push_back({std::move(keyPath), key});
+    if (!key->Subkeys().empty() && visits.Enter(*key, name)) open.push_back({key});
   };
 
-  visit(WideString(path));
+  visit(tree.Find(path), path);
   while (!open.empty()) {
     OpenKey& parent = open.back();
     if (parent.next == parent.key->Subkeys().size()) {
+      visits.Leave(*parent.key);
       open.pop_back();
       continue;
     }
-    WideString child = parent.path;
-    child.append(u"\\").append(parent.key->Subkeys()[parent.next++]);
-    visit(std::move(child));
+    const WideStringView name = parent.key->Subkeys()[parent.next++];
+    visit(tree.FindBelow(*parent.key, name), name);
   }
 }
 

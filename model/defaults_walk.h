@@ -14,19 +14,20 @@ enum class DefaultsMode { kRestore, kExitRules };
 class DefaultsHost {
  public:
   virtual ~DefaultsHost() = default;
-  // The verdict of the rules on the key of a path.
-  virtual bool IsActive(WideStringView path) = 0;
+  // The verdict of the rules on a key.
+  virtual bool IsActive(const config::ConfigKey& key) = 0;
   // The device's value; empty when it cannot be read.
   virtual WideString ReadValue(const WideString& oid, const WideString& type) = 0;
   virtual void QueueChange(const WideString& oid, const WideString& type, const WideString& value) = 0;
 };
 
 // Keys come before their children, children in the order of the source. A key with a default that the rules leave out
-// is left out with all below it.
+// is left out with all below it. What is below a key that several paths lead to is gone through KeyVisits::kMost times
+// at most.
 void WalkDefaults(const config::PDataStore& tree, WideStringView path, DefaultsMode mode, DefaultsHost& host);
 
-// The third part of a reader command's "first|second|third". A part is taken off with all its immediate repetitions;
-// a missing part is empty.
+// The third part of a reader command's "first|second|third": what stands up to the next bar behind the text
+// "first|second|" and its immediate repetitions. Where that text is not found at the front, it is what stands there.
 WideStringView ThirdPart(WideStringView dependency);
 
 // In the default of a reader command, every field in which the device's value already equals the third part of the

@@ -1,16 +1,20 @@
 #include "model/menu_item.h"
 
+#include "model/child_key.h"
+
+#include <algorithm>
+
 namespace model {
 
-MenuItem::MenuItem(MenuItem* parent, WideString path, WideString displayName, WideString title)
+MenuItem::MenuItem(MenuItem* parent, WideString name, WideString displayName, WideString title)
     : parent_(parent),
-      path_(std::move(path)),
+      name_(std::move(name)),
       displayName_(std::move(displayName)),
       title_(std::move(title)),
       text_(title_) {}
 
-void MenuItem::Rename(WideString path, WideString displayName, WideString title) {
-  path_ = std::move(path);
+void MenuItem::Rename(WideString name, WideString displayName, WideString title) {
+  name_ = std::move(name);
   displayName_ = std::move(displayName);
   title_ = std::move(title);
   SetLineText(title_);
@@ -18,8 +22,16 @@ void MenuItem::Rename(WideString path, WideString displayName, WideString title)
 
 MenuItem::~MenuItem() { RemoveChildren(); }
 
-MenuItem& MenuItem::AddChild(WideString path, WideString displayName, WideString title) {
-  children_.push_back(std::make_unique<MenuItem>(this, std::move(path), std::move(displayName), std::move(title)));
+WideString MenuItem::Path() const {
+  std::vector<const MenuItem*> way{this};
+  while (way.back()->parent_ != nullptr && !IsAbsoluteName(way.back()->name_)) way.push_back(way.back()->parent_);
+  WideString path = way.back()->name_;
+  std::for_each(way.rbegin() + 1, way.rend(), [&](const MenuItem* item) { path.append(u"\\").append(item->name_); });
+  return path;
+}
+
+MenuItem& MenuItem::AddChild(WideString name, WideString displayName, WideString title) {
+  children_.push_back(std::make_unique<MenuItem>(this, std::move(name), std::move(displayName), std::move(title)));
   return *children_.back();
 }
 

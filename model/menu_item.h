@@ -18,14 +18,16 @@ enum class DisplayState { kNormal = 0, kNotDisplayed = 1, kBlank = 2, kNoEdit = 
 
 class MenuItem final : public values::PropertyLine {
  public:
-  MenuItem(MenuItem* parent, WideString path, WideString displayName, WideString title);
+  MenuItem(MenuItem* parent, WideString name, WideString displayName, WideString title);
   ~MenuItem() override;
 
   // Makes the item that of another key; its children stay.
-  void Rename(WideString path, WideString displayName, WideString title);
+  void Rename(WideString name, WideString displayName, WideString title);
 
-  // The key behind the item: its full path and its display name as the key has it.
-  const WideString& Path() const { return path_; }
+  // The key behind the item: its name below the parent's (of the root item: its path), its full path, put together anew
+  // each time, and its display name as the key has it.
+  const WideString& Name() const { return name_; }
+  WideString Path() const;
   const WideString& DisplayName() const { return displayName_; }
   // The display name as it is shown, its symbol replaced; above the menu when the item is shown as one.
   const WideString& Title() const { return title_; }
@@ -33,7 +35,7 @@ class MenuItem final : public values::PropertyLine {
   MenuItem* Parent() const { return parent_; }  // null: the root
   const std::vector<std::unique_ptr<MenuItem>>& Children() const { return children_; }
   bool IsLeaf() const { return children_.empty(); }
-  MenuItem& AddChild(WideString path, WideString displayName, WideString title);
+  MenuItem& AddChild(WideString name, WideString displayName, WideString title);
   void RemoveChildren();
 
   // The line reads: text, then suffix ("  <value>"). Setting the whole text clears the suffix.
@@ -72,7 +74,7 @@ class MenuItem final : public values::PropertyLine {
 
  private:
   MenuItem* parent_;
-  WideString path_;
+  WideString name_;
   WideString displayName_;
   WideString title_;
   WideString text_;

@@ -2,8 +2,8 @@
 
 #include "base/format.h"
 #include "base/string_table.h"
+#include "model/child_key.h"
 #include "model/ordered_menu_items.h"
-#include "platform/debug.h"
 #include "values/shown_value.h"
 
 namespace model {
@@ -47,68 +47,57 @@ const config::ConfigKey* MenuModel::StartFrom(std::shared_ptr<const config::PDat
   return rootKey;
 }
 
-std::vector<WideString> MenuModel::OrderedChildren(const config::ConfigKey& key, WideStringView path) const {
-  std::vector<WideString> names;
-  for (const WideStringView name : key.Subkeys()) names.emplace_back(name);
-  InitOrderedMenuItems(names, path, *tree_);
+std::vector<WideStringView> MenuModel::OrderedChildren(const config::ConfigKey& key) const {
+  std::vector<WideStringView> names(key.Subkeys().begin(), key.Subkeys().end());
+  InitOrderedMenuItems(names, key, *tree_);
   return names;
 }
 
 void MenuModel::BuildTopLevel(std::shared_ptr<const config::PDataStore> tree, WideString rootPath) {
   const config::ConfigKey* rootKey = StartFrom(std::move(tree), std::move(rootPath));
   if (rootKey == nullptr) return;
-  for (const WideString& name : OrderedChildren(*rootKey, rootPath_)) {
-    const WideString path = ChildPath(rootPath_, name);
-    const config::ConfigKey* key = FindKey(path);
+  for (const WideStringView name : OrderedChildren(*rootKey)) {
+    const config::ConfigKey* key = FindChild(*tree_, *rootKey, name);
     if (key == nullptr || IsCommand(*key)) continue;
     const WideStringView displayName = key->Value(TextId::kDisplayName);
-    root_->AddChild(path, WideString(displayName), environment_.symbols.TextOf(displayName)).topLevel = true;
+    MenuItem& item =
+        root_->AddChild(WideString(name), WideString(displayName), environment_.symbols.TextOf(displayName));
+    item.topLevel = true;
   }
 }
 
 bool MenuModel::Build(std::shared_ptr<const config::PDataStore> tree, WideString rootPath, std::uint32_t maxDepth) {
-  if (StartFrom(std::move(tree), std::move(rootPath)) == nullptr) return false;
+  const config::ConfigKey* rootKey = StartFrom(std::move(tree), std::move(rootPath));
+  if (rootKey == nullptr) return false;
 
   // Depth first in menu order, so that a command stands before its fields; on a stack of its own.
   struct OpenMenu {
     MenuItem* item;
-    std::vector<WideString> names;
+    const config::ConfigKey* key;
+    std::vector<WideStringView> names;
     std::size_t next;
   };
   std::vector<OpenMenu> open;
-  const auto openMenu = [&](MenuItem& item, const WideString& path) {
-    open.push_back({&item, OrderedChildren(*FindKey(path), path), 0});
+  KeyVisits visits(u"MenuModel::Build");
+  const auto openMenu = [&](MenuItem& item, WideStringView name, const config::ConfigKey& key) {
+    if (visits.Enter(key, name)) open.push_back({&item, &key, OrderedChildren(key), 0});
   };
-  openMenu(*root_, rootPath_);
+  openMenu(*root_, rootPath_, *rootKey);
   while (!open.empty()) {
     OpenMenu& menu = open.back();
     if (menu.next == menu.names.size()) {
+      visits.Leave(*menu.key);
       open.pop_back();
       continue;
     }
     const std::size_t depth = open.size() - 1;
-    MenuItem& parent = *menu.item;
-    const WideString path = ChildPath(parent.Path(), menu.names[menu.next++]);
-    const config::ConfigKey* key = FindKey(path);
-    if (key == nullptr) continue;
-    if (IsOpenAbove(parent, path)) {
-      platform::DebugOutput(base::Format(u"ERROR 5 CKelConfigApp::InitOrderedMenuItems [%s]\r\n", path));
-      continue;
-    }
-    AddItem(parent, path, *key);
-    if (depth < maxDepth && !key->Subkeys().empty()) openMenu(*parent.Children().back(), path);
+    const WideStringView name = menu.names[menu.next++];
+    const config::ConfigKey* key = FindChild(*tree_, *menu.key, name);
+    if (key == nullptr || visits.LeadsBack(*key, name)) continue;
+    MenuItem& item = AddItem(*menu.item, name, *key);
+    if (depth < maxDepth && !key->Subkeys().empty()) openMenu(item, name, *key);
   }
   return true;
-}
-
-// A name with "HKEY" can lead back to a menu that is being built.
-bool MenuModel::IsOpenAbove(const MenuItem& parent, WideStringView path) const {
-  // Only a path that is no longer than its parent's can be one of its ancestors.
-  if (path.size() > parent.Path().size()) return false;
-  for (const MenuItem* item = &parent; item != nullptr; item = item->Parent()) {
-    if (item->Path() == path) return true;
-  }
-  return false;
 }
 
 void MenuModel::WaitForDevice() const {
@@ -116,18 +105,19 @@ void MenuModel::WaitForDevice() const {
   environment_.boxes.Show(u"WaitForSingleObject Error", u"Error", values::kErrorBox);
 }
 
-void MenuModel::AddItem(MenuItem& parent, const WideString& path, const config::ConfigKey& key) {
+MenuItem& MenuModel::AddItem(MenuItem& parent, WideStringView name, const config::ConfigKey& key) {
   const WideStringView displayName = key.Value(TextId::kDisplayName);
-  MenuItem& item = parent.AddChild(path, WideString(displayName), environment_.symbols.TextOf(displayName));
+  MenuItem& item = parent.AddChild(WideString(name), WideString(displayName), environment_.symbols.TextOf(displayName));
   item.topLevel = parent.Parent() == nullptr;
   const WideString oid = OidOf(key);
   if (!oid.empty()) AddDescriptor(item, oid, key);
+  return item;
 }
 
 void MenuModel::AddDescriptor(MenuItem& item, const WideString& oid, const config::ConfigKey& key) {
   WaitForDevice();
-  owned_.push_back(std::make_unique<values::PropertyDescriptor>(item.Path(), &key, environment_.device,
-                                                                environment_.symbols, descriptors_));
+  owned_.push_back(
+      std::make_unique<values::PropertyDescriptor>(&key, environment_.device, environment_.symbols, descriptors_));
   values::PropertyDescriptor& descriptor = *owned_.back();
   oidByName_.insert_or_assign(item.DisplayName(), oid);
   typeByOid_.insert_or_assign(oid, WideString(key.Value(TextId::kType)));

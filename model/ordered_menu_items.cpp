@@ -2,16 +2,16 @@
 
 #include "base/number.h"
 #include "base/string_table.h"
+#include "model/child_key.h"
 #include "platform/debug.h"
 
-#include <optional>
+#include <utility>
 
 namespace model {
 namespace {
 
 // 0 when the child has no usable position.
-std::size_t OrdinalOf(WideStringView childPath, const config::PDataStore& tree) {
-  const config::ConfigKey* key = tree.Find(childPath);
+std::size_t OrdinalOf(const config::ConfigKey* key) {
   if (key == nullptr) {
     platform::DebugOutput(u"ERROR 4 CKelConfigApp::InitOrderedMenuItems\r\n");
     return 0;
@@ -22,31 +22,24 @@ std::size_t OrdinalOf(WideStringView childPath, const config::PDataStore& tree) 
 
 }  // namespace
 
-WideString ChildPath(WideStringView parentPath, WideStringView name) {
-  if (name.find(LoadText(TextId::kHkey)) != WideStringView::npos) return WideString(name);
-  WideString path;
-  path.reserve(parentPath.size() + 1 + name.size());
-  path.append(parentPath).append(u"\\").append(name);
-  return path;
-}
-
-void InitOrderedMenuItems(std::vector<WideString>& names, WideStringView parentPath, const config::PDataStore& tree) {
-  std::vector<std::optional<WideString>> slots(names.size());
-  std::vector<WideString> unplaced;
-  for (WideString& name : names) {
-    const std::size_t ordinal = OrdinalOf(ChildPath(parentPath, name), tree);
-    const bool usable = ordinal >= 1 && ordinal <= slots.size() && !slots[ordinal - 1];
+void InitOrderedMenuItems(std::vector<WideStringView>& names, const config::ConfigKey& parent,
+                          const config::PDataStore& tree) {
+  std::vector<WideStringView> slots(names.size());  // the empty name takes a place and leaves it free
+  std::vector<WideStringView> unplaced;
+  for (const WideStringView name : names) {
+    const std::size_t ordinal = OrdinalOf(FindChild(tree, parent, name));
+    const bool usable = ordinal >= 1 && ordinal <= slots.size() && slots[ordinal - 1].empty();
     if (usable) {
-      slots[ordinal - 1] = std::move(name);
+      slots[ordinal - 1] = name;
     } else {
-      unplaced.push_back(std::move(name));
+      unplaced.push_back(name);
     }
   }
-  names.clear();
-  for (auto& slot : slots) {
-    if (slot) names.push_back(std::move(*slot));
-  }
-  for (WideString& name : unplaced) names.push_back(std::move(name));
+  const std::size_t count = names.size();
+  names = std::move(slots);
+  names.insert(names.end(), unplaced.begin(), unplaced.end());
+  std::erase(names, WideStringView());
+  names.resize(count);
 }
 
 }  // namespace model

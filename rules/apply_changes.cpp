@@ -16,7 +16,7 @@ class DefaultsOfModel final : public model::DefaultsHost {
   DefaultsOfModel(const Context& context, Dependencies& dependencies, ChangeQueue& queue)
       : context_(context), dependencies_(dependencies), queue_(queue) {}
 
-  bool IsActive(WideStringView path) override { return dependencies_.EvaluateDependencies(path); }
+  bool IsActive(const config::ConfigKey& key) override { return dependencies_.EvaluateDependencies(key); }
 
   WideString ReadValue(const WideString& oid, const WideString& type) override {
     const auto* property = context_.model.FindDescriptor(oid);

@@ -1,12 +1,9 @@
 #include "rules/config_store.h"
 
-#include "base/format.h"
 #include "base/string_table.h"
-#include "model/ordered_menu_items.h"
-#include "platform/debug.h"
+#include "model/child_key.h"
 
 #include <string>
-#include <unordered_set>
 #include <vector>
 
 namespace rules {
@@ -51,20 +48,19 @@ void ReadFromCommand(const Context& context, const WideString& commandOid, value
   const auto tree = context.model.Tree();  // stays while a message is shown
   const values::PropertyDescriptor* inModel = context.model.FindDescriptor(commandOid);
   if (inModel == nullptr) return;
-  const WideString path = inModel->Path();
+  const config::ConfigKey* key = tree->Find(inModel->Path());
   context.model.WaitForDevice();
-  const values::PropertyDescriptor command(path, tree->Find(path), context.device, context.symbols, own);
+  const values::PropertyDescriptor command(key, context.device, context.symbols, own);
   field.InitFromCommand(own);
 }
 
-void WriteProperty(const Context& context, const WideString& path, const config::ConfigKey& key, WideStringView oid,
-                   UnitWriter& writer) {
+void WriteProperty(const Context& context, const config::ConfigKey& key, WideStringView oid, UnitWriter& writer) {
   // A property of its own, whose value is the device's and no pending edit.
   values::DescriptorMap own;
   context.model.WaitForDevice();
-  values::PropertyDescriptor property(path, &key, context.device, context.symbols, own);
+  values::PropertyDescriptor property(&key, context.device, context.symbols, own);
   if (const auto field = property.GetCommandField()) ReadFromCommand(context, field->commandOid, property, own);
-  writer.Record(path);
+  writer.Record(property.Path());
   writer.Put(u"\n");
   writer.Record(oid);
   writer.Record(property.GetValue().AsText());
@@ -74,7 +70,6 @@ void WriteProperty(const Context& context, const WideString& path, const config:
 
 bool WriteConfigTree(const Context& context, WideStringView path, platform::OutputFile& file) {
   struct OpenKey {
-    WideString path;
     const config::ConfigKey* key;
     std::size_t next = 0;
   };
@@ -84,25 +79,26 @@ bool WriteConfigTree(const Context& context, WideStringView path, platform::Outp
 
   UnitWriter writer(file);
   std::vector<OpenKey> open;
-  open.push_back({WideString(path), root});
-  std::unordered_set<WideString> openPaths{open.back().path};
+  model::KeyVisits visits(u"WriteConfigTree");
+  const auto enter = [&](const config::ConfigKey& key, WideStringView name) {
+    if (!key.Subkeys().empty() && visits.Enter(key, name)) open.push_back({&key});
+  };
+  enter(*root, path);
   while (!open.empty()) {
     OpenKey& parent = open.back();
     if (parent.next == parent.key->Subkeys().size()) {
-      openPaths.erase(parent.path);
+      visits.Leave(*parent.key);
       open.pop_back();
       continue;
     }
-    WideString childPath = model::ChildPath(parent.path, parent.key->Subkeys()[parent.next++]);
-    const config::ConfigKey* child = tree->Find(childPath);
+    const WideStringView name = parent.key->Subkeys()[parent.next++];
+    const config::ConfigKey* child = model::FindChild(*tree, *parent.key, name);
     if (child == nullptr) continue;
     const WideStringView oid = child->Value(TextId::kOid);
     if (!oid.empty()) {
-      WriteProperty(context, childPath, *child, oid, writer);
-    } else if (!openPaths.insert(childPath).second) {
-      platform::DebugOutput(base::Format(u"ERROR 6 CKelConfigApp::WriteConfigTree [%s]\r\n", childPath));
-    } else {
-      open.push_back({std::move(childPath), child});
+      WriteProperty(context, *child, oid, writer);
+    } else if (!visits.LeadsBack(*child, name)) {
+      enter(*child, name);
     }
   }
   return writer.Flush();

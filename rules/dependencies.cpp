@@ -43,12 +43,6 @@ bool Dependencies::EvaluateDependencies(model::MenuItem& item) {
   return Evaluate(&item, *node);
 }
 
-bool Dependencies::EvaluateDependencies(WideStringView path) {
-  const auto tree = context_.model.Tree();
-  const config::ConfigKey* node = tree ? tree->Find(path) : nullptr;
-  return node == nullptr || Evaluate(nullptr, *node);
-}
-
 bool Dependencies::Evaluate(model::MenuItem* item, const config::ConfigKey& node) {
   bool shown = true;
   WideStringView rule = node.Value(kFirstRule);

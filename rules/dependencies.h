@@ -12,10 +12,10 @@ class Dependencies {
   Dependencies(const Context& context, ItemOperations& items, Operands& operands)
       : context_(context), items_(items), operands_(operands) {}
 
-  // Runs all rules of an item, or only takes the verdict on the key of a path. False: a flag rule hides or blanks it.
-  // A node that the tree does not hold is shown.
+  // Runs all rules of an item, or only takes the verdict on a key. False: a flag rule hides or blanks it.
+  // An item whose key the tree does not hold is shown.
   bool EvaluateDependencies(model::MenuItem& item);
-  bool EvaluateDependencies(WideStringView path);
+  bool EvaluateDependencies(const config::ConfigKey& node) { return Evaluate(nullptr, node); }
 
   // False: the text is no well-formed conditional rule, and nothing was done. `item` may be null.
   bool EvaluateRule(model::MenuItem* item, WideStringView rule);

@@ -57,7 +57,7 @@ void PropertyDescriptor::InitFromCommand(const DescriptorMap& descriptors) {
     ParseValue(*text, value_);
     return;
   }
-  platform::DebugOutput(base::Format(u"KEL_ZEP_INVALID_READERCMD_VALUE_E  m_sPath[%s]\r\n", path_));
+  platform::DebugOutput(base::Format(u"KEL_ZEP_INVALID_READERCMD_VALUE_E  m_sPath[%s]\r\n", Path()));
   platform::DebugOutput(base::Format(u"nChars[%d] startPos[%d] sCmdValue.GetLength[%d]\r\n", layout.Width(field->index),
                                      layout.Start(field->index), static_cast<std::int32_t>(record.size())));
 }

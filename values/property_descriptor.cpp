@@ -20,9 +20,9 @@ std::atomic<int> liveCount = 0;
 
 int PropertyDescriptor::LiveCount() { return liveCount; }
 
-PropertyDescriptor::PropertyDescriptor(WideString path, const config::ConfigKey* key, DeviceAccess& device,
-                                       const SymbolTable& symbols, DescriptorMap& descriptors)
-    : device_(device), symbols_(symbols), path_(std::move(path)) {
+PropertyDescriptor::PropertyDescriptor(const config::ConfigKey* key, DeviceAccess& device, const SymbolTable& symbols,
+                                       DescriptorMap& descriptors)
+    : device_(device), symbols_(symbols), key_(key) {
   ++liveCount;
   if (key != nullptr) {
     for (const auto& [name, text] : key->Values()) attributes_.Set(name, WideString(text));
@@ -51,6 +51,8 @@ PropertyDescriptor::PropertyDescriptor(WideString path, const config::ConfigKey*
 }
 
 PropertyDescriptor::~PropertyDescriptor() { --liveCount; }
+
+WideString PropertyDescriptor::Path() const { return key_ == nullptr ? WideString() : key_->FullPath(); }
 
 void PropertyDescriptor::InitFromPseudoOid(WideStringView oid) {
   if (oid != LoadText(TextId::kGetIpAddress)) return;  // the rules know the others

@@ -26,8 +26,8 @@ class PropertyDescriptor {
   // Takes its attributes from `key` (null: it has none), enters itself into `descriptors` under its OID or command OID,
   // in place of an earlier one, and reads its value: from the device, from the command that it is a field of (when
   // that is in `descriptors` already), or from the program for a pseudo-OID. A value that cannot be read makes it
-  // unavailable and read only. Device and symbols must outlive it.
-  PropertyDescriptor(WideString path, const config::ConfigKey* key, DeviceAccess& device, const SymbolTable& symbols,
+  // unavailable and read only. Key, device and symbols must outlive it.
+  PropertyDescriptor(const config::ConfigKey* key, DeviceAccess& device, const SymbolTable& symbols,
                      DescriptorMap& descriptors);
   ~PropertyDescriptor();
   PropertyDescriptor(const PropertyDescriptor&) = delete;
@@ -36,7 +36,7 @@ class PropertyDescriptor {
   // Descriptors alive in this process.
   static int LiveCount();
 
-  const WideString& Path() const { return path_; }
+  WideString Path() const;  // of its key; empty without one
   const WideString& DisplayName() const { return displayName_; }
   void SetDisplayName(WideString text) { displayName_ = std::move(text); }
   // "None" when there is no type or the value is not available.
@@ -108,7 +108,7 @@ class PropertyDescriptor {
 
   DeviceAccess& device_;
   const SymbolTable& symbols_;
-  WideString path_;
+  const config::ConfigKey* key_;
   AttributeMap attributes_;
   WideString displayName_;
   WideString type_;

@@ -48,6 +48,7 @@ struct Environment {
   std::string hostName;                 // empty: the machine's
   std::string hostAddress;              // of `hostName`, dotted
   std::function<bool(Use)> refuses;     // whether a use fails now, as on a broken or full disk; none: it does not
+  std::function<bool(WideStringView eventName)> failsWait;  // whether waiting for an event fails; none: it does not
 };
 
 // The environment in force. Exactly one is installed at a time, before the program runs.

@@ -85,6 +85,8 @@ void Event::Pulse() {
 }
 
 bool Event::Wait(std::optional<int> timeoutMs) {
+  const auto& fails = host::CurrentEnvironment().failsWait;
+  if (fails && fails(state_->name)) return false;
   SharedEvent& event = *state_->shared;
   std::unique_lock lock(event.mutex);
   const std::uint64_t pulsesBefore = event.pulses;

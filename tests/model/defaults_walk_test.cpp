@@ -1,6 +1,8 @@
 #include "model/defaults_walk.h"
 
+#include "model/child_key.h"
 #include "tests/printing.h"
+#include "tests/support/test_terminal.h"
 #include "tests/support/trees.h"
 
 #include <map>
@@ -21,9 +23,9 @@ class Host final : public model::DefaultsHost {
   std::vector<WideString> queued;
   int reads = 0;
 
-  bool IsActive(WideStringView path) override {
-    asked.emplace_back(path);
-    return !inactive.contains(WideString(path));
+  bool IsActive(const config::ConfigKey& key) override {
+    asked.push_back(key.FullPath());
+    return !inactive.contains(asked.back());
   }
   WideString ReadValue(const WideString& oid, const WideString& type) override {
     EXPECT_EQ(u"ReaderCmd", type);
@@ -94,6 +96,28 @@ TEST(DefaultsWalk, TheWordBeforeAnExitRuleGoesAsASetOfCharacters) {
             Queued(Property("a", "<_OnExit>IfChanges:IfChanges:1|Integer|2</_OnExit>"), DefaultsMode::kExitRules));
 }
 
+TEST(DefaultsWalk, SiblingsOfOneNameAreTheFirstOfThemTwice) {
+  const std::string groups =
+      Property("a", "<DefVal>menu</DefVal>", Property("x", "<OID>1</OID><Type>Integer</Type><DefVal>1</DefVal>")) +
+      Property("a", "", Property("y", "<OID>2</OID><Type>Integer</Type><DefVal>2</DefVal>"));
+  EXPECT_EQ((Lines{u"1 Integer 1", u"1 Integer 1"}), Queued(groups, DefaultsMode::kRestore));
+}
+
+TEST(DefaultsWalk, MenusThatAreMetOverAndOverDoNotMultiplyIt) {
+  tests::TestTerminal terminal;
+  constexpr int kLevels = 60;
+  const std::string property = "<OID>1</OID><Type>Integer</Type><DefVal>1</DefVal>";
+  std::string groups;
+  for (int i = 0; i < kLevels; ++i) groups += "<GROUP name='a'>" + property;
+  for (int i = 0; i < kLevels; ++i) groups += "</GROUP><GROUP name='a'/>";
+  const std::size_t queued = Queued(groups, DefaultsMode::kRestore).size();
+  EXPECT_GE(queued, std::size_t{kLevels});
+  EXPECT_LE(queued, std::size_t{kLevels} * 2 * model::KeyVisits::kMost);
+  const std::vector<WideString> lines = terminal.TakeDebugLines();
+  ASSERT_FALSE(lines.empty());
+  EXPECT_EQ(u"FAILED: WalkDefaults  [a] is met too often, nothing below it is taken\r\n", lines.front());
+}
+
 TEST(DefaultsWalk, StartsNowhereWithoutAKey) {
   const auto tree = tests::TreeOf("<GROUP name='R'/>");
   Host host;
@@ -150,13 +174,31 @@ TEST(ReaderCommandDefault, FieldsBeyondItsEndAreLeftOut) {
   EXPECT_EQ(u"A", value);
 }
 
-TEST(ReaderCommandDefault, ThirdPartsAreFoundAfterTheirRepeatedFirstParts) {
+TEST(ReaderCommandDefault, TheThirdPartIsWhatIsLeftOfTheDependency) {
   const struct {
     WideStringView dependency;
     WideStringView third;
   } cases[] = {
-      {u"a|b|c", u"c"}, {u"a|b|c|d", u"c"}, {u"a|b|a|b|c", u"c"}, {u"||c", u"c"}, {u"a|b|", u""},
-      {u"a|b", u""},    {u"a", u""},        {u"", u""},           {u"|", u""},
+      {u"a|b|c", u"c"},
+      {u"a|b|c|d", u"c"},
+      {u"a|b|", u""},
+      {u"a|b|a|b|c", u"c"},  // the first two parts go with
+                             // their repetitions
+      {u"a|b|a|c", u"a"},
+      {u"a|a|b|c", u"a"},  // a repeated first part goes before the second is looked for, and "a|b|"
+                           // stands nowhere
+      {u"a|a|a|b", u"a"},
+      {u"0|0|0123", u"0"},
+      {u"0|0|", u"0"},
+      {u"a|a|a", u"a"},
+      {u"a|b", u"a"},  // nothing is
+                       // taken off
+      {u"a|", u"a"},
+      {u"a", u"a"},
+      {u"|b|c", u"c"},
+      {u"||c", u""},
+      {u"|", u""},
+      {u"", u""},
   };
   for (const auto& c : cases) EXPECT_EQ(c.third, model::ThirdPart(c.dependency)) << base::ToUtf8(c.dependency);
 }

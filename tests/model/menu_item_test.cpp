@@ -8,7 +8,7 @@ using model::DisplayState;
 using model::MenuItem;
 
 TEST(MenuItem, ItsLineIsTextAndSuffix) {
-  MenuItem item(nullptr, u"R\\a", u"SYM", u"Name");
+  MenuItem item(nullptr, u"a", u"SYM", u"Name");
   EXPECT_EQ(u"Name", item.LineText());
   item.SetSuffix(u"  <5>");
   EXPECT_EQ(u"Name  <5>", item.LineText());
@@ -17,18 +17,35 @@ TEST(MenuItem, ItsLineIsTextAndSuffix) {
   EXPECT_EQ(u"", item.Suffix());
 }
 
+TEST(MenuItem, ItsPathLeadsThroughTheNamesAboveIt) {
+  MenuItem root(nullptr, u"R\\S", u"", u"");
+  MenuItem& menu = root.AddChild(u"menu", u"", u"");
+  EXPECT_EQ(u"R\\S", root.Path());
+  EXPECT_EQ(u"R\\S\\menu", menu.Path());
+  EXPECT_EQ(u"R\\S\\menu\\deep\\item", menu.AddChild(u"deep\\item", u"", u"").Path());
+  EXPECT_EQ(u"R\\S\\menu\\", menu.AddChild(u"", u"", u"").Path());
+  EXPECT_EQ(u"R\\S\\menu\\hkey", menu.AddChild(u"hkey", u"", u"").Path());
+}
+
+TEST(MenuItem, ANameWithHkeyIsAPathOfItsOwn) {
+  MenuItem root(nullptr, u"R", u"", u"");
+  MenuItem& menu = root.AddChild(u"HKEY_LOCAL_MACHINE\\X", u"", u"");
+  EXPECT_EQ(u"HKEY_LOCAL_MACHINE\\X", menu.Path());
+  EXPECT_EQ(u"HKEY_LOCAL_MACHINE\\X\\item", menu.AddChild(u"item", u"", u"").Path());
+}
+
 TEST(MenuItem, AMarkReplacesTheFirstColumn) {
-  MenuItem item(nullptr, u"R\\a", u" Beep", u" Beep");
+  MenuItem item(nullptr, u"a", u" Beep", u" Beep");
   item.SetFirstColumn(u'\u221A');
   EXPECT_EQ(u"\u221ABeep", item.LineText());
-  MenuItem empty(nullptr, u"R\\b", u"", u"");
+  MenuItem empty(nullptr, u"b", u"", u"");
   empty.SetFirstColumn(u' ');
   EXPECT_EQ(u" ", empty.LineText());
 }
 
 TEST(MenuItem, NormalAndHiddenTravelToTheLinkedItemAndTheOthersDoNot) {
-  MenuItem linked(nullptr, u"R\\b", u"b", u"b");
-  MenuItem item(nullptr, u"R\\a", u"a", u"a");
+  MenuItem linked(nullptr, u"b", u"b", u"b");
+  MenuItem item(nullptr, u"a", u"a", u"a");
   item.SetLinkedItem(&linked);
   item.SetState(DisplayState::kNotDisplayed);
   EXPECT_EQ(DisplayState::kNotDisplayed, linked.State());

@@ -1,11 +1,14 @@
 #include "model/menu_model.h"
 
+#include "base/number.h"
+#include "model/child_key.h"
 #include "tests/printing.h"
 #include "tests/support/fake_boxes.h"
 #include "tests/support/fake_device.h"
 #include "tests/support/test_terminal.h"
 #include "tests/support/trees.h"
 
+#include <algorithm>
 #include <string>
 
 namespace {
@@ -152,7 +155,90 @@ TEST_F(MenuModelTest, AChildNameThatLeadsBackToAnOpenMenuIsSkipped) {
   ASSERT_TRUE(menu_.Build(tree, u"HKEY_R"));
   // Below the root "a" names the root itself; and every other way round ends as well.
   EXPECT_EQ("A\n", Dump());
-  EXPECT_FALSE(terminal_.TakeDebugLines().empty());
+  EXPECT_EQ((std::vector<WideString>{u"FAILED: MenuModel::Build  [HKEY_R] leads back to a key above it\r\n"}),
+            terminal_.TakeDebugLines());
+}
+
+TEST_F(MenuModelTest, AnAbsoluteNameStandsWhereItsOwnOrdinalPutsIt) {
+  using platform::host::RegistryTree;
+  const WideString root = u"HKEY_LOCAL_MACHINE\\Menu";
+  const auto add = [&](WideStringView path, WideStringView displayName, WideStringView ordinal) {
+    auto& key = terminal_.Registry().Add(RegistryTree::kLocalMachine, path);
+    RegistryTree::SetText(key, u"DisplayName", displayName);
+    RegistryTree::SetText(key, u"Ordinal", ordinal);
+    return &key;
+  };
+  RegistryTree::SetText(*add(u"Menu", u"Main", u""), u"Descendent", root + u"\\a\\deep");
+  add(u"Menu\\a", u"A", u"3");
+  add(u"Menu\\a\\deep", u"Deep", u"2");
+  add(u"Menu\\a\\deep\\x", u"X", u"");
+  add(u"Menu\\b", u"B", u"1");
+  ASSERT_TRUE(menu_.Build(std::make_shared<const config::PDataStore>(root, nullptr, std::span<const WideString>(),
+                                                                     config::PDataStore::kWholeTree),
+                          root));
+  EXPECT_EQ("B\nDeep\n  X\nA\n  Deep\n    X\n", Dump());
+  EXPECT_EQ(root + u"\\a\\deep\\x", menu_.Root().Children()[1]->Children()[0]->Path());
+}
+
+TEST_F(MenuModelTest, SiblingsOfOneNameAreBothTheFirstOfThem) {
+  Build(
+      "<GROUP name='R'><GROUP name='a'><DisplayName>A</DisplayName><GROUP name='x'><DisplayName>X</DisplayName></GROUP>"
+      "</GROUP><GROUP name='a'><DisplayName>B</DisplayName></GROUP></GROUP>");
+  EXPECT_EQ("A\n  X\nA\n  X\n", Dump());
+  EXPECT_EQ(std::vector<WideString>(), terminal_.TakeDebugLines());
+}
+
+TEST_F(MenuModelTest, MenusThatAreMetOverAndOverDoNotMultiplyIt) {
+  constexpr int kLevels = 60;
+  std::string siblings;
+  std::string descendents;
+  for (int i = 0; i < kLevels; ++i) {
+    siblings += "<GROUP name='a'>";
+    descendents += "<GROUP name='x'><Descendent>x\\x</Descendent>";
+  }
+  for (int i = 0; i < kLevels; ++i) {
+    siblings += "</GROUP><GROUP name='a'/>";
+    descendents += "</GROUP>";
+  }
+  for (const std::string& groups : {siblings, descendents}) {
+    Build("<GROUP name='R'>" + groups + "</GROUP>");
+    const auto items = static_cast<std::size_t>(std::ranges::count(Dump(), '\n'));
+    EXPECT_GE(items, std::size_t{kLevels});
+    EXPECT_LE(items, std::size_t{kLevels} * 2 * model::KeyVisits::kMost);
+    const WideString name = groups == siblings ? u"a" : u"x";
+    const std::vector<WideString> lines = terminal_.TakeDebugLines();
+    EXPECT_NE(lines.end(), std::ranges::find(lines, u"FAILED: MenuModel::Build  [" + name +
+                                                        u"] is met too often, nothing below it is taken\r\n"));
+  }
+}
+
+TEST_F(MenuModelTest, ADeepMenuHoldsEachOfItsNamesOnce) {
+  constexpr std::size_t kLevels = 3000;
+  const std::string name(200, 'n');
+  std::string xml = "<GROUP name='R'>";
+  for (std::size_t i = 0; i < kLevels; ++i) xml += "<GROUP name='" + name + "'><OID>1</OID>";
+  for (std::size_t i = 0; i <= kLevels; ++i) xml += "</GROUP>";
+  Build(xml);
+  std::size_t units = 0;
+  std::size_t levels = 0;
+  const MenuItem* item = &menu_.Root();
+  for (; !item->IsLeaf(); item = item->Children()[0].get()) {
+    units += item->Name().capacity();
+    ++levels;
+  }
+  EXPECT_EQ(kLevels, levels);
+  EXPECT_LE(units, kLevels * name.size() * 2);
+  EXPECT_EQ(1 + kLevels * (1 + name.size()), item->Path().size());
+  EXPECT_EQ(item->Path(), item->Descriptor()->Path());
+}
+
+TEST_F(MenuModelTest, AWaitForTheDeviceThatFailsIsShownAndTheModelIsBuiltAllTheSame) {
+  fake_.Put(u"1", u"5");
+  platform::host::CurrentEnvironment().failsWait = [](WideStringView) { return true; };
+  Build("<GROUP name='R'><GROUP name='a'><DisplayName>A</DisplayName><OID>1</OID><Type>Integer</Type></GROUP></GROUP>");
+  EXPECT_EQ("A  <5>\n", Dump());
+  const WideString box = u"Error: WaitForSingleObject Error [" + base::ToText(values::kErrorBox) + u"]";
+  EXPECT_EQ((std::vector<WideString>{box, box}), boxes_.TakeShown());  // before the reading and the showing
 }
 
 TEST_F(MenuModelTest, WithoutARootKeyThereIsNoModel) {

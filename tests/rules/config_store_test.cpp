@@ -1,5 +1,6 @@
 #include "rules/config_store.h"
 
+#include "model/child_key.h"
 #include "rules/summary.h"
 #include "tests/rules/rules_fixture.h"
 
@@ -148,8 +149,25 @@ TEST_F(StoreTest, AnAbsoluteNameIsThePathItselfAndNeverLeadsRoundInACircle) {
   EXPECT_TRUE(Store());
   const WideString a = u"<Tag>HKEY_LOCAL_MACHINE\\Menu\\a<\\Tag>\n<Tag>1<\\Tag><Tag>5<\\Tag>";
   EXPECT_EQ(Bytes(a + a), Stored());
-  EXPECT_EQ((std::vector<WideString>{u"ERROR 6 CKelConfigApp::WriteConfigTree [HKEY_LOCAL_MACHINE\\Menu]\r\n"}),
+  EXPECT_EQ((std::vector<WideString>{
+                u"FAILED: WriteConfigTree  [HKEY_LOCAL_MACHINE\\Menu] leads back to a key above it\r\n"}),
             observer_.debugLines);
+}
+
+TEST_F(StoreTest, MenusThatAreMetOverAndOverDoNotMultiplyIt) {
+  constexpr int kLevels = 60;
+  fake_.Put(u"1", u"5");
+  std::string groups;
+  for (int i = 0; i < kLevels; ++i) groups += "<GROUP name='a'>" + Property("p", "1", "Integer");
+  for (int i = 0; i < kLevels; ++i) groups += "</GROUP><GROUP name='a'/>";
+  Build(groups);
+  calls_.count = 0;
+  EXPECT_TRUE(Store());
+  EXPECT_GE(calls_.count, kLevels);
+  EXPECT_LE(calls_.count, kLevels * model::KeyVisits::kMost);
+  ASSERT_FALSE(observer_.debugLines.empty());
+  EXPECT_EQ(u"FAILED: WriteConfigTree  [a] is met too often, nothing below it is taken\r\n",
+            observer_.debugLines.front());
 }
 
 TEST_F(StoreTest, AnUnknownPathWritesNothing) {

@@ -158,20 +158,19 @@ TEST_F(DependenciesTest, WithoutAnItemOnlyTheVerdictCounts) {
   BuildWith(Tag("Dependency", "IF Mode EQ 1 THEN NoDisplay") + Tag("Dependency1", "1|Integer|1|CheckMark") +
             Tag("Dependency2", "1|Integer|1|Refresh"));
   calls_.logGets = true;
-  EXPECT_TRUE(rules_.dependencies.EvaluateDependencies(u"R\\x"));
+  EXPECT_TRUE(rules_.dependencies.EvaluateDependencies(*model_.FindKey(u"R\\x")));
   EXPECT_EQ(DisplayState::kNormal, X().State());
   EXPECT_EQ(u"x  <5>", X().LineText());
   EXPECT_EQ(Journal(), TakeJournal());
 
   BuildWith(Tag("Dependency", "1|Integer|1|NoDisplay"));
-  EXPECT_FALSE(rules_.dependencies.EvaluateDependencies(u"R\\x"));
+  EXPECT_FALSE(rules_.dependencies.EvaluateDependencies(*model_.FindKey(u"R\\x")));
   EXPECT_EQ(DisplayState::kNormal, X().State());
   rules_.dependencies.ExecuteRuleAction(nullptr, u"NoDisplay");
 }
 
 TEST_F(DependenciesTest, ANodeThatIsNotThereIsShown) {
   BuildWith("");
-  EXPECT_TRUE(rules_.dependencies.EvaluateDependencies(u"R\\nowhere"));
   model::MenuItem stray(nullptr, u"R\\nowhere", u"", u"");
   stray.SetState(DisplayState::kBlank);
   EXPECT_TRUE(rules_.dependencies.EvaluateDependencies(stray));

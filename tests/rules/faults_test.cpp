@@ -35,7 +35,6 @@ const std::vector<std::pair<const char16_t*, const char16_t*>> kSettings = {
 
 const Flow kFlows[] = {
     {"evaluate", [](auto& rules, auto& item) { rules.dependencies.EvaluateDependencies(item); }},
-    {"evaluate a path", [](auto& rules, auto& item) { rules.dependencies.EvaluateDependencies(item.Path()); }},
     {"refresh action", [](auto& rules, auto& item) { rules.dependencies.ExecuteRuleAction(&item, u"Refresh"); }},
     {"narrow choices",
      [](auto& rules, auto& item) { rules.dependencies.ExecuteRuleAction(&item, u"ChoiceFmt=2#B|3#C:3"); }},

@@ -73,7 +73,7 @@ class EditBench : public ui_test::PropertyBench {
 
   // The line of a property, as it is built.
   model::MenuItem& Line(values::PropertyDescriptor& descriptor) {
-    model::MenuItem& item = root_.AddChild(u"Root\\P", u"Thing", u"Thing");
+    model::MenuItem& item = root_.AddChild(u"P", u"Thing", u"Thing");
     item.SetDescriptor(&descriptor);
     item.SetSuffix(u"  <old>");
     device.TakeLog();

@@ -74,9 +74,7 @@ class MenuListTest : public testing::Test {
     ShowRoot();
   }
 
-  static MenuItem& Add(MenuItem& menu, const WideString& name) {
-    return menu.AddChild(menu.Path() + u"\\" + name, name, name);
-  }
+  static MenuItem& Add(MenuItem& menu, const WideString& name) { return menu.AddChild(name, name, name); }
 
   void ShowRoot() {
     ASSERT_TRUE(list_.Create(window_, root_, title_, {.x = 10, .y = 30, .width = 210, .height = 180}));

@@ -15,7 +15,7 @@ std::unique_ptr<MenuItem> MenuOf(int count) {
   auto menu = std::make_unique<MenuItem>(nullptr, u"R", u"Root", u"Root");
   for (int i = 1; i <= count; ++i) {
     const WideString name = u"a" + base::ToText(i);
-    menu->AddChild(u"R\\" + name, name, name);
+    menu->AddChild(name, name, name);
   }
   return menu;
 }

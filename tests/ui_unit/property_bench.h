@@ -31,8 +31,8 @@ class PropertyBench {
   values::PropertyDescriptor& MakeFrom(tests::KeyValues values) {
     const std::vector<std::pair<WideString, tests::KeyValues>> keys = {{u"P", std::move(values)}};
     trees_.push_back(std::make_unique<tests::ConfigTree>(keys));
-    owned_.push_back(std::make_unique<values::PropertyDescriptor>(u"Root\\P", trees_.back()->Key(u"P"), access, symbols,
-                                                                  descriptors));
+    owned_.push_back(
+        std::make_unique<values::PropertyDescriptor>(trees_.back()->Key(u"P"), access, symbols, descriptors));
     return *owned_.back();
   }
 

@@ -39,7 +39,8 @@ TEST_F(PropertyDescriptorTest, TakesItsAttributesFromItsKey) {
 }
 
 TEST_F(PropertyDescriptorTest, WithoutAKeyItIsEmptyAndSilent) {
-  const PropertyDescriptor property(u"Root\\Missing", nullptr, access_, symbols_, descriptors_);
+  const PropertyDescriptor property(nullptr, access_, symbols_, descriptors_);
+  EXPECT_EQ(property.Path(), u"");
   EXPECT_EQ(property.DisplayName(), u"No Display Name");
   EXPECT_EQ(property.Type(), u"None");
   EXPECT_EQ(property.EditorName(), u"None");
@@ -53,7 +54,7 @@ TEST_F(PropertyDescriptorTest, WithoutAKeyItIsEmptyAndSilent) {
 TEST_F(PropertyDescriptorTest, LivePropertiesAreCounted) {
   const int before = PropertyDescriptor::LiveCount();
   {
-    const PropertyDescriptor property(u"Root", nullptr, access_, symbols_, descriptors_);
+    const PropertyDescriptor property(nullptr, access_, symbols_, descriptors_);
     EXPECT_EQ(PropertyDescriptor::LiveCount(), before + 1);
   }
   EXPECT_EQ(PropertyDescriptor::LiveCount(), before);
@@ -266,10 +267,10 @@ TEST_F(PropertyDescriptorTest, ReplacedChoicesStayInTheLivePropertyAlone) {
   const tests::KeyValues values = {{u"OID", u"1.2.3"}, {u"Type", u"Integer"}, {u"ChoiceFmt", u"0#Off|1#On"}};
   device_.Put(u"1.2.3", u"1");
   const tests::ConfigTree tree({{u"Choice", values}});
-  PropertyDescriptor property(u"Root\\Choice", tree.Key(u"Choice"), access_, symbols_, descriptors_);
+  PropertyDescriptor property(tree.Key(u"Choice"), access_, symbols_, descriptors_);
   property.ReplaceChoices(u"1#On");
   EXPECT_EQ(property.Choices().Count(), 1u);
-  const PropertyDescriptor again(u"Root\\Choice", tree.Key(u"Choice"), access_, symbols_, descriptors_);
+  const PropertyDescriptor again(tree.Key(u"Choice"), access_, symbols_, descriptors_);
   EXPECT_EQ(again.Choices().Count(), 2u);
 }
 

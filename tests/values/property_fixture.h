@@ -19,8 +19,8 @@ class PropertyTest : public testing::Test {
   values::PropertyDescriptor& Make(KeyValues values) {
     trees_.push_back(
         std::make_unique<ConfigTree>(std::vector<std::pair<WideString, KeyValues>>{{u"Property", std::move(values)}}));
-    owned_.push_back(std::make_unique<values::PropertyDescriptor>(u"Root\\Property", trees_.back()->Key(u"Property"),
-                                                                  access_, symbols_, descriptors_));
+    owned_.push_back(
+        std::make_unique<values::PropertyDescriptor>(trees_.back()->Key(u"Property"), access_, symbols_, descriptors_));
     return *owned_.back();
   }
 
