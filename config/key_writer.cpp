@@ -32,7 +32,7 @@ void KeyWriter::Finish(ConfigKey& key) {
   key.fromRegistry_ = fromRegistry_;
   key.lists_ = std::move(lists_);
   const WideStringView descendent = key.Value(u"Descendent");
-  if (!descendent.empty()) subkeys_.push_back(descendent);
+  if (!descendent.empty() && !key.fromRegistry_) subkeys_.push_back(descendent);
   key.subkeys_ = arena_.Copy(std::span<const WideStringView>(subkeys_));
   key.subkeyCount_ = static_cast<std::uint32_t>(subkeys_.size());
   fromRegistry_ = false;

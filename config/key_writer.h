@@ -13,13 +13,15 @@ class KeyWriter {
  public:
   explicit KeyWriter(Arena& arena) : arena_(arena) {}
 
+  // Its "Descendent" is among the subkeys that are added.
   void SetFromRegistry() { fromRegistry_ = true; }
   // Of two values of one name the later one stays.
   void AddValue(WideStringView name, WideStringView text) { values_.push_back({name, text}); }
   void AddSubkey(WideStringView name) { subkeys_.push_back(name); }
   void SetLists(std::unique_ptr<const ConfigKey::Lists> lists) { lists_ = std::move(lists); }
 
-  // Puts all of that into the key and starts afresh. A value "Descendent" that is not empty names one more subkey.
+  // Puts all of that into the key and starts afresh. In a document, a value "Descendent" that is not
+  // empty names one more subkey.
   void Finish(ConfigKey& key);
 
  private:

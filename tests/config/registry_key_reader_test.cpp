@@ -1,14 +1,13 @@
 #include "config/registry_key_reader.h"
 
 #include "config/data_store.h"
-#include "platform/host/environment.h"
 #include "platform/host/registry_tree.h"
 #include "tests/config/xml_tree.h"
 #include "tests/printing.h"
+#include "tests/support/test_terminal.h"
 
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <string>
 
 namespace config {
@@ -23,20 +22,11 @@ constexpr std::uint32_t kTextList = 7;
 
 class RegistryTest : public testing::Test {
  protected:
-  RegistryTest() {
-    platform::host::Environment environment;
-    environment.registry = registry_;
-    installed_ = std::make_unique<platform::host::InstalledEnvironment>(std::move(environment));
-  }
-
   platform::host::RegistryTreeKey& Add(WideStringView path) {
-    return registry_->Add(RegistryTree::kLocalMachine, path);
+    return terminal_.Registry().Add(RegistryTree::kLocalMachine, path);
   }
 
-  const std::shared_ptr<RegistryTree> registry_ = std::make_shared<RegistryTree>();
-
- private:
-  std::unique_ptr<platform::host::InstalledEnvironment> installed_;
+  tests::TestTerminal terminal_;
 };
 
 using OpenKeyTest = RegistryTest;
@@ -65,7 +55,7 @@ TEST_F(OpenKeyTest, EachRootNameStandsForItsRoot) {
                {u"HKEY_CURRENT_USER", 0x80000001},
                {u"HKEY_LOCAL_MACHINE", 0x80000002},
                {u"HKEY_USERS", 0x80000003}};
-  for (const auto& r : roots) registry_->Add(r.root, u"Of " + WideString(r.name));
+  for (const auto& r : roots) terminal_.Registry().Add(r.root, u"Of " + WideString(r.name));
   for (const auto& r : roots) {
     EXPECT_EQ((Names{u"Of " + WideString(r.name)}), RegistryKeyReader(r.name).subkeys);  // the name alone is the root
     EXPECT_TRUE(Opens(WideString(r.name) + u"\\Of " + r.name));
@@ -218,6 +208,51 @@ TEST_F(RegistrySourceTest, ADescendentOfTheRegistryMayBeDeep) {
   const PDataStore tree(u"HKEY_LOCAL_MACHINE\\Menu", nullptr, {}, PDataStore::kTopLevelOnly);
   EXPECT_EQ(3u, tree.Count());
   EXPECT_EQ(u"1.2", tree.Find(u"HKEY_LOCAL_MACHINE\\Menu\\Network\\DHCP")->Value(u"OID"));
+}
+
+TEST_F(RegistrySourceTest, ADescendentNeverLeadsBackToItsOwnKey) {
+  for (const char16_t* descendent : {u"\\", u"\\\\", u"\\\\\\"}) {
+    RegistryTree::SetText(Add(u"Menu"), u"Descendent", descendent);
+    RegistryTree::SetText(Add(u"Menu\\a"), u"Descendent", descendent);
+    const PDataStore tree(u"HKEY_LOCAL_MACHINE\\Menu", nullptr, {}, PDataStore::kWholeTree);
+    EXPECT_EQ(2u, tree.Count());
+    EXPECT_EQ((Names{u"a"}), SubkeysOf(tree, u"HKEY_LOCAL_MACHINE\\Menu"));
+    EXPECT_EQ((Names{}), SubkeysOf(tree, u"HKEY_LOCAL_MACHINE\\Menu\\a"));
+    const WideString failed = u"FAILED: RegistryTreeBuilder::Read  Descendent[" + WideString(descendent);
+    EXPECT_EQ((Names{failed + u"] leads back to [HKEY_LOCAL_MACHINE\\Menu]\r\n",
+                     failed + u"] leads back to [HKEY_LOCAL_MACHINE\\Menu\\a]\r\n"}),
+              terminal_.TakeDebugLines());
+  }
+}
+
+TEST_F(RegistrySourceTest, ADescendentIsSpelledAsTheRegistrySpellsIt) {
+  const struct {
+    const char16_t* descendent;
+    const char16_t* spelled;
+  } cases[] = {
+      {u"Network\\DHCP", u"Network\\DHCP"},
+      {u"network\\dhcp", u"Network\\DHCP"},
+      {u"\\Network\\\\DHCP\\", u"Network\\DHCP"},
+      {u"lost\\DHCP", u"lost\\DHCP"},
+      {u"HKEY_LOCAL_MACHINE\\Menu", u"HKEY_LOCAL_MACHINE\\Menu"},
+  };
+  Add(u"Menu\\Network\\DHCP\\x");
+  for (const auto& c : cases) {
+    RegistryTree::SetText(Add(u"Menu"), u"Descendent", c.descendent);
+    const PDataStore tree(u"HKEY_LOCAL_MACHINE\\Menu", nullptr, {}, PDataStore::kWholeTree);
+    EXPECT_EQ((Names{u"Network", c.spelled}), SubkeysOf(tree, u"HKEY_LOCAL_MACHINE\\Menu"));
+    EXPECT_EQ(c.descendent, tree.Find(u"HKEY_LOCAL_MACHINE\\Menu")->Value(u"Descendent"));
+  }
+}
+
+TEST_F(RegistrySourceTest, SpellingsOfOneKeyDoNotMultiplyTheTree) {
+  constexpr std::size_t kLevels = 40;
+  WideString path = u"Menu";
+  for (std::size_t i = 0; i < kLevels; ++i) {
+    RegistryTree::SetText(Add(path), u"Descendent", i % 2 == 0 ? u"A" : u"\\a\\A");
+    path += u"\\a";
+  }
+  EXPECT_EQ(kLevels + 1, PDataStore(u"HKEY_LOCAL_MACHINE\\Menu", nullptr, {}, 100).Count());
 }
 
 TEST_F(RegistrySourceTest, AKeyThatCannotBeOpenedIsAnEmptyKeyWithItsPath) {
