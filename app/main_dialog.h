@@ -34,7 +34,6 @@ class MainDialog final : public platform::MessageHandler, public rules::Shell {
 
   // rules::Shell
   model::MenuItem* CurrentMenu() override { return list_.Menu(); }
-  model::MenuItem* CurrentItem() override { return list_.SelectedItem(); }
   void LineChanged(model::MenuItem& item) override { list_.UpdateLine(item); }
   void Refill() override { list_.Refill(); }
   void FocusList() override { platform::Focus(list_.Handle()); }

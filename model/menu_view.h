@@ -10,7 +10,6 @@ class MenuView {
   virtual ~MenuView() = default;
 
   virtual MenuItem* CurrentMenu() = 0;  // the menu shown
-  virtual MenuItem* CurrentItem() = 0;  // the selected line's item, null: none
 
   // An item's text or suffix changed: its line is rewritten when it is on the screen.
   virtual void LineChanged(MenuItem& item) = 0;

@@ -13,7 +13,7 @@ inline constexpr Id kCreate = 0x0001;
 inline constexpr Id kDestroy = 0x0002;
 inline constexpr Id kMove = 0x0003;
 inline constexpr Id kSize = 0x0005;
-inline constexpr Id kActivate = 0x0006;  // wParam: kInactive, kActive or kClickActive
+inline constexpr Id kActivate = 0x0006;  // wParam: kInactive, kActive or a click
 inline constexpr Id kSetFocus = 0x0007;  // wParam: the window that loses the focus
 inline constexpr Id kKillFocus = 0x0008;
 inline constexpr Id kEnable = 0x000A;
@@ -36,7 +36,6 @@ inline constexpr Id kKeyUp = 0x0101;
 inline constexpr Id kChar = 0x0102;
 inline constexpr Id kInitDialog = 0x0110;  // wParam: the control that is to get the focus
 inline constexpr Id kCommand = 0x0111;     // wParam: control id and notification code; lParam: the control
-inline constexpr Id kTimer = 0x0113;
 inline constexpr Id kControlColorEdit = 0x0133;
 inline constexpr Id kControlColorListBox = 0x0134;
 inline constexpr Id kControlColorButton = 0x0135;
@@ -105,7 +104,6 @@ inline constexpr std::uintptr_t kScrollPageDown = 3;
 // wParam of message::kActivate, low word.
 inline constexpr std::uintptr_t kInactive = 0;
 inline constexpr std::uintptr_t kActive = 1;
-inline constexpr std::uintptr_t kClickActive = 2;
 
 // Answers to message::kGetDialogCode.
 namespace dialog_code {

@@ -21,12 +21,9 @@ inline constexpr Bits kGroup = 0x00020000;
 inline constexpr Bits kTabStop = 0x00010000;
 
 inline constexpr Bits kExtendedModalFrame = 0x00000001;
-inline constexpr Bits kExtendedTopMost = 0x00000008;
 
 inline constexpr Bits kDialogSetFont = 0x40;
 inline constexpr Bits kDialogModalFrame = 0x80;
-inline constexpr Bits kDialogControl = 0x400;
-inline constexpr Bits kDialogSetForeground = 0x200;
 
 inline constexpr Bits kStaticCentre = 0x1;
 inline constexpr Bits kStaticNoPrefix = 0x80;  // "&" is a character like any other

@@ -38,9 +38,7 @@ class MainDialogTest : public testing::Test {
     Add(*root_.Children().front(), u"inner");
   }
 
-  static void Add(model::MenuItem& menu, const WideString& name) {
-    menu.AddChild(menu.Path() + u"\\" + name, name, name);
-  }
+  static void Add(model::MenuItem& menu, const WideString& name) { menu.AddChild(name, name, name); }
 
   void Run(bool largeLayout = true) {
     dialog_.Run(root_, largeLayout);

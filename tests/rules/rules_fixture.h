@@ -52,7 +52,6 @@ class JournalShell final : public rules::Shell {
   explicit JournalShell(Journal& journal) : journal_(journal) {}
 
   model::MenuItem* CurrentMenu() override { return menu; }
-  model::MenuItem* CurrentItem() override { return nullptr; }
   void LineChanged(model::MenuItem& item) override { changedLines.push_back(item.Path()); }
   void Refill() override { journal_.emplace_back(u"refill"); }
   void FocusList() override { journal_.emplace_back(u"focus"); }

@@ -138,7 +138,6 @@ class EditBench : public ui_test::PropertyBench {
    public:
     explicit View(EditBench& bench) : bench_(bench) {}
     model::MenuItem* CurrentMenu() override { return &bench_.root_; }
-    model::MenuItem* CurrentItem() override { return bench_.root_.Children().front().get(); }
     void LineChanged(model::MenuItem& item) override { bench_.log_.push_back("line " + base::ToUtf8(item.LineText())); }
     void Refill() override { bench_.log_.push_back("refill"); }
     void FocusList() override {}
