@@ -26,8 +26,9 @@ std::string OrderOf(std::initializer_list<const char*> ordinals) {
     xml += std::string("<GROUP name='") + name + "'><Ordinal>" + ordinal + "</Ordinal></GROUP>";
     ++name;
   }
+  const auto tree = tests::TreeOf(xml + "</GROUP>");
   std::string order;
-  for (const WideStringView ordered : Ordered(*tests::TreeOf(xml + "</GROUP>"))) order += base::ToUtf8(ordered);
+  for (const WideStringView ordered : Ordered(*tree)) order += base::ToUtf8(ordered);
   return order;
 }
 
