@@ -23,8 +23,11 @@ export WINEDEBUG=-all LC_ALL=C.UTF-8
 unset DISPLAY
 windows_path() { echo "Z:${1//\//\\}"; }
 
-# The sessions SEED, SEED + 2 ... of one prefix, each on a fresh terminal.
-play_half() {
+# Programs under Wine wait more than they work: twice as many at a time as the machine has cores.
+lanes=$((2 * $(nproc)))
+
+# Every `lanes`-th session from seed first + $1 on, in one prefix, each on a fresh terminal.
+play_lane() {
   local lane=$work/$1 seed session status
   export WINEPREFIX=$lane/prefix
   mkdir -p "$lane"
@@ -32,7 +35,7 @@ play_half() {
   KEL_RECORDER=$build/tests/windows/recorder.exe "$home/scripts/wine-copy.sh" "$build/wine/base-screenless" \
     "$WINEPREFIX" "$lane/fresh"
   ln -sfn "$lane/windows" "$WINEPREFIX/dosdevices/d:"
-  for ((seed = first + $1; seed < first + count; seed += 2)); do
+  for ((seed = first + $1; seed < first + count; seed += lanes)); do
     session=$lane/$seed
     "$here/random_session.py" "$seed" "$keys" >"$session.script"
     rm -rf "$lane/linux" "$lane/windows"
@@ -57,8 +60,7 @@ play_half() {
   wineserver -k 2>/dev/null
 }
 
-play_half 0 &
-play_half 1 &
+for ((lane = 0; lane < lanes; ++lane)); do play_lane "$lane" & done
 wait
 played=$(wc -l <"$work/played")
 echo "$played sessions of $keys keys"
