@@ -1,6 +1,6 @@
 #include "app/inline_editors.h"
 
-#include "app/screen_actions.h"
+#include "tests/app/recording_actions.h"
 #include "tests/printing.h"
 #include "tests/support/scripted_terminal.h"
 #include "ui/ip_address_control.h"
@@ -9,27 +9,6 @@ namespace {
 
 using platform::Message;
 using platform::WindowHandle;
-
-class RecordingActions final : public app::ScreenActions {
- public:
-  void BringModelUpToDate() override {}
-  void StartTreeRebuild() override {}
-  bool MayEnter(model::MenuItem&) override { return true; }
-  bool MayLeave(model::MenuItem&) override { return true; }
-  void Activate(model::MenuItem&) override {}
-  void EvaluateItem(model::MenuItem&) override {}
-  void BeforeFill(model::MenuItem&) override {}
-  void FlipToggle() override {}
-  void LeavingRoot() override {}
-  void InlineTextChanged(model::MenuItem& item, WideStringView text, bool isChoice) override {
-    log += base::ToUtf8(item.Title()) + (isChoice ? "#" : "=") + base::ToUtf8(text) + ";";
-  }
-  void InlineCheckChanged(model::MenuItem& item, bool checked) override {
-    log += base::ToUtf8(item.Title()) + (checked ? " on;" : " off;");
-  }
-
-  std::string log;
-};
 
 // Answers the messages of an inline value field.
 class ValueField final : public platform::MessageHandler {
@@ -81,7 +60,7 @@ class InlineEditorsTest : public testing::Test {
   ui::InsertFlag insertFlag_;
   WindowHandle main_ = nullptr;
   app::InlineEditors editors_;
-  RecordingActions actions_;
+  tests::RecordingActions actions_;
   model::MenuItem item_{nullptr, u"R\\a", u"Item", u"Item"};
 };
 

@@ -2,6 +2,7 @@
 
 #include "app/dialog_templates.h"
 #include "platform/host/desktop.h"
+#include "tests/app/recording_actions.h"
 #include "tests/printing.h"
 #include "tests/support/scripted_terminal.h"
 #include "ui/private_messages.h"
@@ -10,25 +11,6 @@ namespace {
 
 using platform::WindowHandle;
 using namespace ui::private_message;
-
-class RecordingActions final : public app::ScreenActions {
- public:
-  void BringModelUpToDate() override {}
-  void StartTreeRebuild() override {}
-  bool MayEnter(model::MenuItem&) override { return true; }
-  bool MayLeave(model::MenuItem&) override { return true; }
-  void Activate(model::MenuItem& leaf) override { log += "activate " + base::ToUtf8(leaf.Title()) + ";"; }
-  void EvaluateItem(model::MenuItem&) override {}
-  void BeforeFill(model::MenuItem&) override {}
-  void FlipToggle() override { log += "toggle;"; }
-  void LeavingRoot() override { log += "leaving root;"; }
-  void InlineTextChanged(model::MenuItem&, WideStringView, bool) override {}
-  void InlineCheckChanged(model::MenuItem& item, bool checked) override {
-    log += base::ToUtf8(item.Title()) + (checked ? " on;" : " off;");
-  }
-
-  std::string log;
-};
 
 // The screen over a root menu of 12 entries; the first is a menu itself.
 class MainDialogTest : public testing::Test {
@@ -61,7 +43,7 @@ class MainDialogTest : public testing::Test {
   }
 
   tests::ScriptedTerminal terminal_;
-  RecordingActions actions_;
+  tests::RecordingActions actions_;
   model::MenuItem root_{nullptr, u"R", u"Root", u"Root"};
   WindowHandle window_ = nullptr;
   app::MainDialog dialog_{actions_, terminal_.boxes, [this](WindowHandle window) { window_ = window; }};

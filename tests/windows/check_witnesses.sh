@@ -6,20 +6,11 @@
 # says.
 set -u
 
-build=$(cd "$1" && pwd)
+source "$(dirname "$0")/own_prefix.sh" "$1"
 script=$(realpath "$2")
 expected=${script%.script}.expected
-home=$(cd "$(dirname "$0")/../.." && pwd)
 root=$(sed -n 's/^# root: *//p' "$script" | head -1)
-work=$(mktemp -d "${TMPDIR:-/tmp}/kel-wine.XXXXXX")
-export WINEPREFIX=$work/prefix WINEDEBUG=-all LC_ALL=C.UTF-8
-unset DISPLAY
-finish() {
-  wineserver -k 2>/dev/null
-  rm -rf "$work"
-}
-trap finish EXIT
-windows_path() { echo "Z:${1//\//\\}"; }
+
 # until_true COMMAND...: false when it does not hold within a minute
 until_true() {
   local tries=0
