@@ -121,13 +121,8 @@ void Dependencies::Mark(model::MenuItem& item, char16_t mark) {
 
 void Dependencies::Refresh(model::MenuItem& item, const Reading& reading) {
   if (reading.oid.empty() || values::IsPseudoOid(reading.oid)) return;
-  values::PropertyDescriptor* property = context_.model.FindDescriptor(reading.oid);
-  WideString text;
-  const platform::ResultCode result = context_.device.DoSnmpGet(
-      property == nullptr ? reading.oid : context_.device.FillOid(reading.oid, property->Attributes()), reading.type,
-      text);
-  if (property != nullptr) {
-    items_.SetReadValue(*property, result, text);
+  WideString text = items_.Reread(reading.oid, reading.type);
+  if (const auto* property = context_.model.FindDescriptor(reading.oid)) {
     text = context_.model.ShownValue(*property);
   } else if (item.Descriptor() != nullptr) {
     text = values::MaskedText(*item.Descriptor(), text);  // no secret stands on a line in clear

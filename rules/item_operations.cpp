@@ -25,6 +25,15 @@ bool ItemOperations::StoreValue(const WideString& oid, const WideString& type, c
   return true;
 }
 
+WideString ItemOperations::Reread(const WideString& oid, const WideString& type) {
+  auto* property = context_.model.FindDescriptor(oid);
+  WideString text;
+  const platform::ResultCode result = context_.device.DoSnmpGet(
+      property == nullptr ? oid : context_.device.FillOid(oid, property->Attributes()), type, text);
+  if (property != nullptr) SetReadValue(*property, result, text);
+  return text;
+}
+
 void ItemOperations::SetReadValue(values::PropertyDescriptor& property, platform::ResultCode result,
                                   WideStringView value) {
   const bool wasRead = result == platform::kOk || !value.empty();

@@ -20,8 +20,9 @@ class ItemOperations {
   void ShowItem(WideStringView key) { SetState(key, model::DisplayState::kNormal); }
   void HideItem(WideStringView key) { SetState(key, model::DisplayState::kNotDisplayed); }
 
-  // Takes over what DoSnmpGet answered for the property; where it failed, the value stays.
-  void SetReadValue(values::PropertyDescriptor& property, platform::ResultCode result, WideStringView value);
+  // Reads a value from the device. The property of the OID, if there is one, takes it over, or keeps its own where the
+  // read failed. The text that was read.
+  WideString Reread(const WideString& oid, const WideString& type);
   // A command's field, counted from 1, takes its value out of the command's anew. False: the model does not hold it.
   bool RereadField(const WideString& commandOid, int number);
   // Makes the property's line show its value.
@@ -29,6 +30,7 @@ class ItemOperations {
 
  private:
   void SetState(WideStringView key, model::DisplayState state);
+  void SetReadValue(values::PropertyDescriptor& property, platform::ResultCode result, WideStringView value);
   void SetValue(values::PropertyDescriptor& property, WideStringView value);
 
   Context context_;

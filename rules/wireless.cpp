@@ -105,11 +105,7 @@ void Wireless::RefreshEditedItem(const model::MenuItem& item) {
   const WideString type(isField ? readerCommand : node->Value(TextId::kType));
   if (oid.empty() || values::IsPseudoOid(oid)) return;
 
-  values::PropertyDescriptor* property = context_.model.FindDescriptor(oid);
-  WideString value;
-  const platform::ResultCode result = context_.device.DoSnmpGet(
-      property == nullptr ? oid : context_.device.FillOid(oid, property->Attributes()), type, value);
-  if (property != nullptr) items_.SetReadValue(*property, result, value);
+  items_.Reread(oid, type);
   if (type != readerCommand) return;
   for (int number = 1; items_.RereadField(oid, number);) ++number;
 }
