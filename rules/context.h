@@ -2,6 +2,7 @@
 #pragma once
 
 #include "model/menu_model.h"
+#include "rules/rule_listener.h"
 #include "rules/shell.h"
 #include "values/device_access.h"
 #include "values/message_boxes.h"
@@ -20,7 +21,8 @@ struct Context {
   values::EditState& edit;
   values::MessageBoxes& boxes;
   Shell& shell;
-  bool& flashWrite;  // the device has taken a value that the flash writer is to keep
+  bool& flashWrite;                  // the device has taken a value that the flash writer is to keep
+  RuleListener* listener = nullptr;  // null: nobody listens
 };
 
 }  // namespace rules

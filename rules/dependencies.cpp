@@ -45,8 +45,10 @@ bool Dependencies::EvaluateDependencies(model::MenuItem& item) {
 
 bool Dependencies::Evaluate(model::MenuItem* item, const config::ConfigKey& node) {
   bool shown = true;
+  if (context_.listener != nullptr) context_.listener->OnNode(node, item);
   WideStringView rule = node.Value(kFirstRule);
   for (int number = 1; !rule.empty(); ++number) {
+    if (context_.listener != nullptr) context_.listener->OnRule(number - 1, rule);
     if (!EvaluateRule(item, rule) && !EvaluateFlagRule(item, node, rule)) shown = false;
     rule = node.Value(base::Format(u"Dependency%d", number));
   }
@@ -54,7 +56,7 @@ bool Dependencies::Evaluate(model::MenuItem* item, const config::ConfigKey& node
 }
 
 bool Dependencies::EvaluateRule(model::MenuItem* item, WideStringView rule) {
-  const std::optional<WideString> action = ChooseAction(rule, operands_);
+  const std::optional<WideString> action = ChooseAction(rule, operands_, context_.listener);
   if (!action) return false;
   ExecuteRuleAction(item, *action);
   return true;
@@ -72,12 +74,21 @@ bool Dependencies::EvaluateFlagRule(model::MenuItem* item, const config::ConfigK
   WideStringView wanted = TakeField(rule);
   const WideStringView flag = TakeField(rule);
   if (base::EqualsIgnoringCase(wanted, kEmptyName)) wanted = {};
-  const bool matches = operands_.GetOperandValue(name, type, &node) == wanted;
+  const WideString value = operands_.GetOperandValue(name, type, &node);
+  const bool matches = value == wanted;
+  if (context_.listener != nullptr) {
+    context_.listener->OnComparison({Comparison::Join::kFirst, name, value, wanted, true, true, matches, matches});
+    context_.listener->OnDecided(false, matches);
+  }
 
   const auto* row = std::find_if(std::begin(kFlags), std::end(kFlags),
                                  [&](const FlagRow& known) { return base::EqualsIgnoringCase(known.name, flag); });
-  if (row == std::end(kFlags)) return true;
+  if (row == std::end(kFlags)) {
+    TellAction(flag, nullptr);
+    return true;
+  }
   const Effect effect = matches ? row->whenMatched : row->otherwise;
+  TellAction(flag, &effect);
   if (item != nullptr) Apply(effect, *item, {Operands::OidOfName(name, &node), WideString(type)});
   return effect != Effect::kHide && effect != Effect::kBlank;
 }
@@ -92,26 +103,39 @@ void Dependencies::ExecuteRuleAction(model::MenuItem* item, WideStringView actio
   const config::ConfigKey* node = item == nullptr ? nullptr : context_.model.FindKey(item->Path());
   if (node == nullptr) return;
   if (base::EqualsIgnoringCase(action.substr(0, kChoicesAction.size()), kChoicesAction)) {
+    const Effect effect = Effect::kNothing;
+    TellAction(action, &effect);
     NarrowChoices(*item, *node, action.substr(kChoicesAction.size()));
     return;
   }
   const auto* row = std::find_if(std::begin(kActions), std::end(kActions),
                                  [&](const ActionRow& known) { return base::EqualsIgnoringCase(known.name, action); });
+  TellAction(action, row == std::end(kActions) ? nullptr : &row->effect);
   if (row == std::end(kActions)) return;
   Apply(row->effect, *item, {WideString(node->Value(TextId::kOid)), WideString(node->Value(TextId::kType))});
 }
 
-void Dependencies::Apply(Effect effect, model::MenuItem& item, const Reading& reading) {
+std::optional<model::DisplayState> Dependencies::StateOf(Effect effect) {
   switch (effect) {
-    case Effect::kNothing: break;
-    case Effect::kShow: item.SetState(model::DisplayState::kNormal); break;
-    case Effect::kHide: item.SetState(model::DisplayState::kNotDisplayed); break;
-    case Effect::kBlank: item.SetState(model::DisplayState::kBlank); break;
-    case Effect::kLock: item.SetState(model::DisplayState::kNoEdit); break;
-    case Effect::kMark: Mark(item, kCheckMark); break;
-    case Effect::kUnmark: Mark(item, u' '); break;
-    case Effect::kRefresh: Refresh(item, reading); break;
+    case Effect::kShow: return model::DisplayState::kNormal;
+    case Effect::kHide: return model::DisplayState::kNotDisplayed;
+    case Effect::kBlank: return model::DisplayState::kBlank;
+    case Effect::kLock: return model::DisplayState::kNoEdit;
+    default: return std::nullopt;
   }
+}
+
+// `effect` is null for a text that is no known flag or action.
+void Dependencies::TellAction(WideStringView text, const Effect* effect) const {
+  if (context_.listener == nullptr) return;
+  context_.listener->OnAction({text, effect != nullptr, effect == nullptr ? std::nullopt : StateOf(*effect)});
+}
+
+void Dependencies::Apply(Effect effect, model::MenuItem& item, const Reading& reading) {
+  if (const auto state = StateOf(effect)) item.SetState(*state);
+  if (effect == Effect::kMark) Mark(item, kCheckMark);
+  if (effect == Effect::kUnmark) Mark(item, u' ');
+  if (effect == Effect::kRefresh) Refresh(item, reading);
 }
 
 void Dependencies::Mark(model::MenuItem& item, char16_t mark) {
@@ -131,6 +155,12 @@ void Dependencies::Refresh(model::MenuItem& item, const Reading& reading) {
   context_.shell.LineChanged(item);
 }
 
+// Whether the property of the item's name has one of the choices.
+bool Dependencies::IsChosen(const model::MenuItem& item, const values::PropertyDescriptor& property) {
+  const values::ChoiceFormat choices(property.ChoiceText(), values::KeyMode::kText);
+  return choices.IndexOfKey(operands_.ResolveOperand(item.DisplayName())).has_value();
+}
+
 // text: CHOICES [":" FALLBACK], perhaps in quotes.
 void Dependencies::NarrowChoices(model::MenuItem& item, const config::ConfigKey& node, WideStringView text) {
   values::PropertyDescriptor* property = item.Descriptor();
@@ -138,12 +168,14 @@ void Dependencies::NarrowChoices(model::MenuItem& item, const config::ConfigKey&
   text.remove_prefix(std::min(text.find_first_not_of(u'"'), text.size()));
   text = text.substr(0, text.find(u'"'));
   const std::size_t colon = text.find(u':');
-  property->ReplaceChoices(WideString(text.substr(0, colon)));
-  if (colon == WideStringView::npos) return;
-
-  const values::ChoiceFormat choices(property->ChoiceText(), values::KeyMode::kText);
-  if (choices.IndexOfKey(operands_.ResolveOperand(item.DisplayName()))) return;
-  const WideStringView fallback = text.substr(colon + 1);
+  const WideStringView choiceText = text.substr(0, colon);
+  property->ReplaceChoices(WideString(choiceText));
+  const WideStringView fallback = colon == WideStringView::npos ? WideStringView() : text.substr(colon + 1);
+  const bool stores = colon != WideStringView::npos && !IsChosen(item, *property);
+  if (context_.listener != nullptr) {
+    context_.listener->OnChoices(item, choiceText, stores ? fallback : WideStringView());
+  }
+  if (!stores) return;
   items_.StoreValue(WideString(node.Value(TextId::kOid)), WideString(node.Value(TextId::kType)), WideString(fallback));
 }
 

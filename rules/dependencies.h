@@ -34,9 +34,12 @@ class Dependencies {
 
   bool Evaluate(model::MenuItem* item, const config::ConfigKey& node);
   bool EvaluateFlagRule(model::MenuItem* item, const config::ConfigKey& node, WideStringView rule);
+  static std::optional<model::DisplayState> StateOf(Effect effect);
+  void TellAction(WideStringView text, const Effect* effect) const;
   void Apply(Effect effect, model::MenuItem& item, const Reading& reading);
   void Mark(model::MenuItem& item, char16_t mark);
   void Refresh(model::MenuItem& item, const Reading& reading);
+  bool IsChosen(const model::MenuItem& item, const values::PropertyDescriptor& property);
   void NarrowChoices(model::MenuItem& item, const config::ConfigKey& node, WideStringView text);
 
   Context context_;

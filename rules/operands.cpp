@@ -7,7 +7,8 @@ namespace rules {
 
 WideString Operands::ResolveOperand(WideStringView displayName) {
   const WideString oid = context_.model.OidByName(displayName);
-  return GetOperandValue(oid, context_.model.TypeByOid(oid));
+  // A display name of a property whose OID reads "this" or "Empty" goes the way of those names.
+  return Read(displayName, OidOfName(oid, nullptr), context_.model.TypeByOid(oid));
 }
 
 WideString Operands::OidOfName(WideStringView name, const config::ConfigKey* node) {
@@ -19,9 +20,22 @@ WideString Operands::OidOfName(WideStringView name, const config::ConfigKey* nod
 }
 
 WideString Operands::GetOperandValue(WideStringView name, WideStringView type, const config::ConfigKey* node) const {
-  const WideString oid = OidOfName(name, node);
+  return Read(name, OidOfName(name, node), type);
+}
+
+WideString Operands::Read(WideStringView name, const WideString& oid, WideStringView type) const {
+  Found found = Find(oid, type);
+  if (context_.listener != nullptr) {
+    context_.listener->OnOperand({name, oid, found.value, found.origin, found.property});
+  }
+  return std::move(found.value);
+}
+
+Operands::Found Operands::Find(const WideString& oid, WideStringView type) const {
   if (oid.empty()) return {};
-  if (const auto* property = context_.model.FindDescriptor(oid)) return property->GetValue().AsText();
+  if (const auto* property = context_.model.FindDescriptor(oid)) {
+    return {property->GetValue().AsText(), OperandOrigin::kProperty, property};
+  }
 
   const std::size_t colon = oid.find(u':');
   if (colon != WideString::npos) {
@@ -30,14 +44,15 @@ WideString Operands::GetOperandValue(WideStringView name, WideStringView type, c
       const values::FieldWidthList* layout = command->CommandLayout();
       const std::int32_t number = base::ToLong(whole.substr(colon + 1));
       if (layout == nullptr || number < 1) return {};
-      return layout->Field(command->GetValue().AsText(), number - 1).value_or(WideString());
+      return {layout->Field(command->GetValue().AsText(), number - 1).value_or(WideString()), OperandOrigin::kField,
+              command};
     }
   }
 
   if (values::IsPseudoOid(oid)) return {};
-  WideString value;
-  context_.device.DoSnmpGet(oid, WideString(type), value);
-  return value;
+  Found found{{}, OperandOrigin::kDevice, nullptr};
+  context_.device.DoSnmpGet(oid, WideString(type), found.value);
+  return found;
 }
 
 }  // namespace rules

@@ -24,6 +24,14 @@ class Operands final : public OperandSource {
   static WideString OidOfName(WideStringView name, const config::ConfigKey* node);
 
  private:
+  struct Found {
+    WideString value;
+    OperandOrigin origin = OperandOrigin::kNowhere;
+    const values::PropertyDescriptor* property = nullptr;
+  };
+  Found Find(const WideString& oid, WideStringView type) const;
+  WideString Read(WideStringView name, const WideString& oid, WideStringView type) const;
+
   Context context_;
 };
 

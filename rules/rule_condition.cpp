@@ -1,5 +1,6 @@
 #include "rules/rule_condition.h"
 
+#include "rules/rule_listener.h"
 #include "rules/rule_tokens.h"
 
 #include <algorithm>
@@ -9,23 +10,34 @@
 namespace rules {
 namespace {
 
-// The comparison that begins with `left`; nothing without a comparing word.
-std::optional<bool> Compare(const RuleToken& left, WideStringView& rest, OperandSource& operands) {
+using Join = Comparison::Join;
+
+// The result so far with the comparison that begins with `left`; nothing without a comparing word.
+std::optional<bool> Compare(std::optional<bool> soFar, Join join, const RuleToken& left, WideStringView& rest,
+                            OperandSource& operands, RuleListener* listener) {
   const WideString value = operands.ResolveOperand(left.text);
   const RuleToken relation = NextRuleToken(rest);
   const bool wantsEqual = relation.text == u"EQ";
   if (!wantsEqual && relation.text != u"NEQ") return std::nullopt;
   const RuleToken right = NextRuleToken(rest);
-  return base::EqualsIgnoringCase(value, right.text) == wantsEqual;
+  const bool holds = base::EqualsIgnoringCase(value, right.text) == wantsEqual;
+
+  bool joined = holds;
+  if (join == Join::kAnd) joined = *soFar && holds;
+  if (join == Join::kOr) joined = *soFar || holds;
+  if (listener != nullptr) {
+    listener->OnComparison({join, left.text, value, right.text, wantsEqual, false, holds, joined});
+  }
+  return joined;
 }
 
 }  // namespace
 
-std::optional<bool> EvaluateCondition(WideStringView& rest, OperandSource& operands) {
+std::optional<bool> EvaluateCondition(WideStringView& rest, OperandSource& operands, RuleListener* listener) {
   // A group stands first in its level, so the level around it has no result of its own yet and takes the group's over:
   // one result and the number of open groups are all that is to be remembered.
   std::optional<bool> result;
-  bool joinWithAnd = false;
+  Join join = Join::kFirst;
   std::size_t openGroups = 0;
 
   for (;;) {
@@ -39,13 +51,8 @@ std::optional<bool> EvaluateCondition(WideStringView& rest, OperandSource& opera
       continue;
     }
 
-    const std::optional<bool> comparison = Compare(left, rest, operands);
-    if (!comparison) return std::nullopt;
-    if (!result) {
-      result = comparison;
-    } else {
-      result = joinWithAnd ? *result && *comparison : *result || *comparison;
-    }
+    result = Compare(result, join, left, rest, operands, listener);
+    if (!result) return std::nullopt;
 
     RuleToken next = NextRuleToken(rest);
     // THEN ends whatever level is open, as a parenthesis does.
@@ -54,16 +61,17 @@ std::optional<bool> EvaluateCondition(WideStringView& rest, OperandSource& opera
       --openGroups;
       next = NextRuleToken(rest);
     }
-    joinWithAnd = next.text == u"AND";
-    if (!joinWithAnd && next.text != u"OR") return std::nullopt;
+    join = next.text == u"AND" ? Join::kAnd : Join::kOr;
+    if (join == Join::kOr && next.text != u"OR") return std::nullopt;
   }
 }
 
-std::optional<WideString> ChooseAction(WideStringView rule, OperandSource& operands) {
+std::optional<WideString> ChooseAction(WideStringView rule, OperandSource& operands, RuleListener* listener) {
   WideStringView rest = rule;
   if (NextRuleToken(rest).text != u"IF") return std::nullopt;
-  const std::optional<bool> holds = EvaluateCondition(rest, operands);
+  const std::optional<bool> holds = EvaluateCondition(rest, operands, listener);
   if (!holds) return std::nullopt;
+  if (listener != nullptr) listener->OnDecided(true, *holds);
 
   RuleToken action = NextRuleToken(rest);
   if (*holds) return std::move(action.text);

@@ -8,6 +8,8 @@
 
 namespace rules {
 
+class RuleListener;
+
 // Knows the current value of what a rule names.
 class OperandSource {
  public:
@@ -16,10 +18,10 @@ class OperandSource {
 };
 
 // Takes a condition up to and including its THEN from `rest`. Nothing when it is malformed.
-std::optional<bool> EvaluateCondition(WideStringView& rest, OperandSource& operands);
+std::optional<bool> EvaluateCondition(WideStringView& rest, OperandSource& operands, RuleListener* listener = nullptr);
 
 // The action that a conditional rule asks for now, empty for none. Nothing when the text is no conditional rule or its
 // condition is malformed.
-std::optional<WideString> ChooseAction(WideStringView rule, OperandSource& operands);
+std::optional<WideString> ChooseAction(WideStringView rule, OperandSource& operands, RuleListener* listener = nullptr);
 
 }  // namespace rules

@@ -35,10 +35,11 @@ void Wireless::VerifyNetUI() {
   Couple(kEncryption, EncryptionCouplings(), settings, settings.encryption);
   settings.keyIndex = Read(kKeyIndex);
   items_.SetItemType(kKeyValue, LoadText(TextId::kHex));
+  Tell(WirelessChange::Kind::kType, kKeyValue, LoadText(TextId::kHex), settings);
   CoupleKeyItems(settings);
   settings.method8021X = Read(kMethod8021X);
   Couple(kMethod8021X, Method8021XCouplings(), settings, settings.method8021X);
-  SetVisibility(kSecurityProperties, settings.method8021X == u'0' ? Visibility::kHidden : Visibility::kShown);
+  SetVisibility(kSecurityProperties, settings.method8021X == u'0' ? Visibility::kHidden : Visibility::kShown, settings);
   queue_.Submit();
 }
 
@@ -49,7 +50,9 @@ void Wireless::Couple(WideStringView oid, std::span<const Coupling> rows, const 
   });
   if (row == nullptr) return;
   items_.SetItemChoices(oid, row->choices);
+  Tell(WirelessChange::Kind::kChoices, oid, row->choices, settings);
   if (!row->notAllowed.Holds(setting)) return;
+  Tell(WirelessChange::Kind::kValue, oid, row->becomes, settings);
   setting = FirstOf(row->becomes);
   const bool corrected = items_.StoreValue(WideString(oid), Integer(), WideString(row->becomes));
   if (corrected && !row->alert.empty()) Alert(row->alert);
@@ -61,21 +64,42 @@ void Wireless::CoupleKeyItems(Settings& settings) {
            candidate.keyIndex.Holds(settings.keyIndex);
   });
   if (row == nullptr) return;
-  if (!row->settingChoices.empty()) items_.SetItemChoices(kKeySetting, row->settingChoices);
-  if (row->isPreSharedKey) items_.SetItemType(kKeyValue, LoadText(TextId::kHex32));
+  if (!row->settingChoices.empty()) {
+    items_.SetItemChoices(kKeySetting, row->settingChoices);
+    Tell(WirelessChange::Kind::kChoices, kKeySetting, row->settingChoices, settings);
+  }
+  if (row->isPreSharedKey) {
+    items_.SetItemType(kKeyValue, LoadText(TextId::kHex32));
+    Tell(WirelessChange::Kind::kType, kKeyValue, LoadText(TextId::kHex32), settings);
+  }
   if (!row->keyIndexBecomes.empty() && settings.keyIndex != FirstOf(row->keyIndexBecomes)) {
+    Tell(WirelessChange::Kind::kValue, kKeyIndex, row->keyIndexBecomes, settings);
     settings.keyIndex = FirstOf(row->keyIndexBecomes);
     items_.StoreValue(WideString(kKeyIndex), Integer(), WideString(row->keyIndexBecomes));
   }
-  if (!row->settingValue.empty()) items_.SetItemValue(kKeySetting, row->settingValue);
-  SetVisibility(kKeyValue, row->keyValue);
-  SetVisibility(kKeyIndex, row->keyIndexItem);
-  SetVisibility(kKeySetting, row->setting);
+  if (!row->settingValue.empty()) {
+    items_.SetItemValue(kKeySetting, row->settingValue);
+    Tell(WirelessChange::Kind::kValue, kKeySetting, row->settingValue, settings);
+  }
+  SetVisibility(kKeyValue, row->keyValue, settings);
+  SetVisibility(kKeyIndex, row->keyIndexItem, settings);
+  SetVisibility(kKeySetting, row->setting, settings);
 }
 
-void Wireless::SetVisibility(WideStringView key, Visibility visibility) {
-  if (visibility == Visibility::kShown) items_.ShowItem(key);
-  if (visibility == Visibility::kHidden) items_.HideItem(key);
+void Wireless::SetVisibility(WideStringView key, Visibility visibility, const Settings& settings) {
+  if (visibility == Visibility::kAsItIs) return;
+  const bool shown = visibility == Visibility::kShown;
+  Tell(shown ? WirelessChange::Kind::kShown : WirelessChange::Kind::kHidden, key, {}, settings);
+  if (shown) {
+    items_.ShowItem(key);
+  } else {
+    items_.HideItem(key);
+  }
+}
+
+void Wireless::Tell(WirelessChange::Kind kind, WideStringView oid, WideStringView text,
+                    const Settings& settings) const {
+  if (context_.listener != nullptr) context_.listener->OnWireless({oid, kind, text, settings});
 }
 
 void Wireless::CheckWEPKey() {

@@ -40,7 +40,9 @@ class Wireless {
   void Couple(WideStringView oid, std::span<const wireless::Coupling> rows, const wireless::Settings& settings,
               char16_t& setting);
   void CoupleKeyItems(wireless::Settings& settings);
-  void SetVisibility(WideStringView key, wireless::Visibility visibility);
+  void SetVisibility(WideStringView key, wireless::Visibility visibility, const wireless::Settings& settings);
+  void Tell(WirelessChange::Kind kind, WideStringView oid, WideStringView text,
+            const wireless::Settings& settings) const;
   WideString ReadText(WideStringView oid);
 
   Context context_;
