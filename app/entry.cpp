@@ -19,15 +19,15 @@ platform::WindowHandle RunningInstance() {
 
 }  // namespace
 
-int RunUtility(WideStringView commandLine) {
+RunReport RunUtility(WideStringView commandLine) {
   if (const platform::WindowHandle other = RunningInstance()) {
     platform::BringToForeground(other);
-    return 0;
+    return {};
   }
   platform::InitDateTimeControls();
   CKelConfigApp application;
   application.Run(commandLine);
-  return 0;
+  return application.Report();
 }
 
 }  // namespace app

@@ -1,6 +1,7 @@
 #include "app/kel_config_app.h"
 
 #include "app/layout.h"
+#include "base/format.h"
 #include "base/string_table.h"
 #include "config/config_source.h"
 #include "rules/program_start.h"
@@ -12,16 +13,6 @@ namespace {
 
 // Has no entry, on purpose: the event that guards reads from the device belongs to this process alone.
 constexpr TextId kDeviceGateName{6092};
-
-// The configuration's loader says in its own words what the boxes then show.
-class LoaderMessages final : public config::SourceMessages {
- public:
-  explicit LoaderMessages(values::MessageBoxes& boxes) : boxes_(boxes) {}
-  void Show(WideStringView text, WideStringView caption, int kind) override { boxes_.Show(text, caption, kind); }
-
- private:
-  values::MessageBoxes& boxes_;
-};
 
 }  // namespace
 
@@ -44,11 +35,15 @@ platform::LResult CKelConfigApp::Run(WideStringView commandLine) {
 }
 
 bool CKelConfigApp::LoadConfiguration(WideStringView commandLine) {
-  LoaderMessages messages(boxes_);
-  auto source = config::SelectSource(commandLine, messages);
-  if (!source) return false;
-  tree_.SetSource(std::move(*source));
-  if (!tree_.BuildFirst()) {
+  config::SelectedSource selected = config::SelectSource(commandLine);
+  report_.refusals = std::move(selected.refusals);
+  for (const config::SourceRefusal& refusal : report_.refusals) {
+    if (!refusal.isMalformed) continue;
+    boxes_.Show(base::Format(u"%s document is not well formed", refusal.source), u"Error", values::kErrorBox);
+  }
+  if (selected.source) tree_.SetSource(std::move(*selected.source));
+  report_.isLoaded = selected.source && tree_.BuildFirst();
+  if (!report_.isLoaded) {
     ShowConfigurationError();
     return false;
   }

@@ -4,6 +4,7 @@
 #include "app/key_tree.h"
 #include "app/main_dialog.h"
 #include "app/message_box.h"
+#include "app/run_report.h"
 #include "app/screen_actions.h"
 #include "model/menu_model.h"
 #include "platform/events.h"
@@ -28,6 +29,7 @@ class CKelConfigApp final : private ScreenActions, private ui::EditActions {
   // Loads the configuration and runs the main screen until the user leaves. The main dialog's result, 0 when there was
   // nothing to show; the user has then been told.
   platform::LResult Run(WideStringView commandLine);
+  const RunReport& Report() const { return report_; }
 
  private:
   void BringModelUpToDate() override;
@@ -56,6 +58,7 @@ class CKelConfigApp final : private ScreenActions, private ui::EditActions {
   values::EventNames events_;
   values::EditState edit_;
   bool flashWrite_ = false;
+  RunReport report_;
   KeyTree tree_;
   std::atomic<bool> rebuildFailed_ = false;  // set by the worker thread; the user is told on the next occasion
   platform::Event deviceGate_;

@@ -230,7 +230,11 @@ Result Measured(int properties) {
     simulator::LineLog effects(false);
     simulator::DebugLog debug(false);
     StopwatchDisplay display(Plan());
-    simulator::Terminal terminal({storage, instance, effects, debug, display}, 240, 320, app::RunUtility);
+    const auto utility = [](WideStringView commandLine) {
+      app::RunUtility(commandLine);
+      return 0;
+    };
+    simulator::Terminal terminal({storage, instance, effects, debug, display}, 240, 320, utility);
     terminal.Run({});
     result = {display.Of(Measure::kMove).Quantile(0.99), display.Of(Measure::kRulePage).Quantile(0.5),
               display.Of(Measure::kRestore).Quantile(0.5), display.Of(Measure::kStore).Quantile(0.5),

@@ -4,6 +4,7 @@
 #include "base/string_table.h"
 #include "config/registry_key_reader.h"
 #include "config/shared_text.h"
+#include "platform/debug.h"
 
 #include <new>
 #include <utility>
@@ -13,19 +14,27 @@ namespace {
 
 constexpr WideStringView kRegistryPrefix = u"HKEY_LOCAL_MACHINE";
 constexpr WideStringView kGroupFile = u"\\windows\\ekt.xml";
-constexpr WideStringView kErrorCaption = u"Error";
 
-// Null when the file cannot be read, and, once that has been shown, when it is not well formed.
-std::shared_ptr<XmlDocument> ReadDocument(WideStringView filePath, SourceMessages& messages) {
-  std::optional<SharedText> text = ReadTextFile(filePath);
-  if (!text) return nullptr;
-  try {
-    auto document = std::make_shared<XmlDocument>();
-    if (document->SetDocument(std::move(*text))) return document;
-  } catch (const std::bad_alloc&) {
-    return nullptr;
+using Refusals = std::vector<SourceRefusal>;
+
+void RefuseMalformed(WideStringView filePath, const XmlRefusal& why, Refusals& refusals) {
+  refusals.push_back({WideString(filePath), why.reason, why.place, true});
+  platform::DebugOutput(base::Format(u"FAILED: ReadDocument  %s\r\n", refusals.back().Line()));
+}
+
+// Null for a file that is refused.
+std::shared_ptr<XmlDocument> ReadDocument(WideStringView filePath, Refusals& refusals) {
+  if (std::optional<SharedText> text = ReadTextFile(filePath)) {
+    try {
+      auto document = std::make_shared<XmlDocument>();
+      if (document->SetDocument(std::move(*text))) return document;
+      RefuseMalformed(filePath, document->Refusal(), refusals);
+      return nullptr;
+    } catch (const std::bad_alloc&) {
+      platform::DebugOutput(u"EXCEPTION: ReadDocument()\r\n");
+    }
   }
-  messages.Show(base::Format(u"%s document is not well formed", filePath), kErrorCaption, SourceMessages::kErrorKind);
+  refusals.push_back({WideString(filePath), u"Cannot be read", {}});
   return nullptr;
 }
 
@@ -38,42 +47,58 @@ std::optional<WideString> RootName(XmlDocument& document) {
 
 // The group file names a group of the configuration. Whether that is there makes no difference; the file is read for
 // the complaint about one that is not well formed.
-void ReadGroupFile(XmlDocument& configuration, SourceMessages& messages) {
-  const std::shared_ptr<XmlDocument> document = ReadDocument(kGroupFile, messages);
+void ReadGroupFile(XmlDocument& configuration, Refusals& refusals) {
+  const std::shared_ptr<XmlDocument> document = ReadDocument(kGroupFile, refusals);
   if (!document) return;
   if (const std::optional<WideString> name = RootName(*document)) configuration.FindGroup(*name);
   configuration.ResetPosition();
 }
 
-std::optional<ConfigSource> OpenRegistrySource(WideStringView path) {
-  if (!OpenKey(path, false, platform::kKeyAllAccess)) return std::nullopt;
-  return ConfigSource{SourceKind::kRegistry, WideString(path), nullptr};
+SourceRefusal WithoutRoot(WideStringView filePath, const XmlIndex& index) {
+  const std::uint32_t element = index[XmlIndex::kDocument].firstChildIndex;
+  return {WideString(filePath), base::Format(u"The first element is %s instead of GROUP", index.TagName(element)),
+          PlaceIn(index.Text().View(), index[element].startTagStart)};
 }
 
-std::optional<ConfigSource> TrySource(WideStringView commandLine, SourceMessages& messages) {
-  if (commandLine.starts_with(kRegistryPrefix)) return OpenRegistrySource(commandLine);
-  if (!commandLine.empty()) return LoadXmlSource(commandLine, messages);
-  std::optional<ConfigSource> source = LoadXmlSource(LoadText(TextId::kDefaultXmlSource), messages);
-  return source ? std::move(source) : OpenRegistrySource(LoadText(TextId::kDefaultRegistrySource));
+std::optional<ConfigSource> OpenXmlSource(WideStringView filePath, Refusals& refusals) {
+  const std::shared_ptr<XmlDocument> document = ReadDocument(filePath, refusals);
+  if (!document) return std::nullopt;
+  std::optional<WideString> rootName = RootName(*document);
+  if (!rootName) {
+    refusals.push_back(WithoutRoot(filePath, document->Index()));
+    return std::nullopt;
+  }
+  ReadGroupFile(*document, refusals);
+  return ConfigSource{std::move(*rootName), document};
+}
+
+std::optional<ConfigSource> OpenRegistrySource(WideStringView path, Refusals& refusals) {
+  if (OpenKey(path, false, platform::kKeyAllAccess)) return ConfigSource{WideString(path), nullptr};
+  refusals.push_back({WideString(path), u"Cannot be opened", {}});
+  return std::nullopt;
+}
+
+std::optional<ConfigSource> TrySource(WideStringView commandLine, Refusals& refusals) {
+  if (commandLine.starts_with(kRegistryPrefix)) return OpenRegistrySource(commandLine, refusals);
+  if (!commandLine.empty()) return OpenXmlSource(commandLine, refusals);
+  std::optional<ConfigSource> source = OpenXmlSource(LoadText(TextId::kDefaultXmlSource), refusals);
+  return source ? std::move(source) : OpenRegistrySource(LoadText(TextId::kDefaultRegistrySource), refusals);
 }
 
 }  // namespace
 
-std::optional<ConfigSource> LoadXmlSource(WideStringView filePath, SourceMessages& messages) {
-  const std::shared_ptr<XmlDocument> document = ReadDocument(filePath, messages);
-  if (!document) return std::nullopt;
-  std::optional<WideString> rootName = RootName(*document);
-  if (!rootName) return std::nullopt;
-  ReadGroupFile(*document, messages);
-  return ConfigSource{SourceKind::kXmlFile, std::move(*rootName), document};
+WideString SourceRefusal::Line() const {
+  return place.line == 0 ? base::Format(u"%s: %s", source, reason)
+                         : base::Format(u"%s:%s: %s", source, TextOf(place), reason);
 }
 
-std::optional<ConfigSource> SelectSource(WideStringView commandLine, SourceMessages& messages) {
-  std::optional<ConfigSource> source = TrySource(commandLine, messages);
-  if (!source) {
-    messages.Show(LoadText(TextId::kConfigurationDataError), kErrorCaption, SourceMessages::kErrorKind);
+SelectedSource SelectSource(WideStringView commandLine) {
+  SelectedSource selected;
+  selected.source = TrySource(commandLine, selected.refusals);
+  if (selected.source) {
+    std::erase_if(selected.refusals, [](const SourceRefusal& refusal) { return !refusal.isMalformed; });
   }
-  return source;
+  return selected;
 }
 
 }  // namespace config

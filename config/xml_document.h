@@ -17,6 +17,7 @@ class XmlDocument {
   bool SetDocument(WideStringView text) { return SetDocument(SharedText(text)); }
   // Why the last text was refused; empty when it was not.
   const WideString& Error() const { return index_.Error(); }
+  const XmlRefusal& Refusal() const { return index_.Refusal(); }
   const XmlIndex& Index() const { return index_; }
 
   void ResetPosition();      // to the top of the document

@@ -54,21 +54,35 @@ void XmlIndex::Clear() {
   elements_.Clear();
   elements_.Add() = {};  // the document
   error_.clear();
+  refusal_ = {};
 }
 
 bool XmlIndex::Parse(SharedText text) {
   Clear();
-  if (text.View().size() > kMaxLength) return false;
-  const XmlScanResult result = ScanElements(text.View(), elements_);
-  if (result.error == XmlError::kNone) {
-    text_ = std::move(text);
-    return true;
+  if (text.View().size() > kMaxLength) {
+    refusal_ = {base::Format(u"Longer than %u characters", kMaxLength), PlaceIn(text.View(), 0)};
+    return false;
   }
-  const WideString tagName(
-      result.element == kDocument ? WideStringView() : TagNameAt(text.View(), elements_[result.element].startTagStart));
+  const XmlScanResult result = ScanElements(text.View(), elements_);
+  if (result.error != XmlError::kNone) {
+    Refuse(text.View(), result);
+    return false;
+  }
+  text_ = std::move(text);
+  return true;
+}
+
+void XmlIndex::Refuse(WideStringView text, const XmlScanResult& result) {
+  const bool inElement = result.element != kDocument;
+  const std::size_t start = elements_[result.element].startTagStart;
+  const WideStringView tagName =
+      inElement ? TagNameAt(text, elements_[result.element].startTagStart) : WideStringView();
   Clear();
   error_ = base::Format(TextOf(result.error), tagName);
-  return false;
+  refusal_.reason = error_.empty() ? u"Begins with an end tag" : error_;
+  if (inElement)
+    refusal_.reason += base::Format(u" (inside %s, which begins at %s)", tagName, TextOf(PlaceIn(text, start)));
+  refusal_.place = PlaceIn(text, result.at);
 }
 
 WideStringView XmlIndex::TagName(std::uint32_t element) const {

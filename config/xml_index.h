@@ -6,10 +6,13 @@
 #include "base/wide_string.h"
 #include "config/block_list.h"
 #include "config/shared_text.h"
+#include "config/text_place.h"
 
 #include <cstdint>
 
 namespace config {
+
+struct XmlScanResult;
 
 // Positions are indexes into the text, the last three fields indexes of elements; 0 stands for none (of the parent: for
 // the document).
@@ -31,6 +34,12 @@ struct XmlText {
   WideString Decoded() const;
 };
 
+// Why a text was refused, for those who are to mend it.
+struct XmlRefusal {
+  WideString reason;  // the parser's own words, and in which element: "Invalid node (inside Item, which begins at 3:5)"
+  TextPlace place;    // of the tag that could not be read, or of the end of the text
+};
+
 class XmlIndex {
  public:
   static constexpr std::uint32_t kDocument = 0;  // the element that stands for the whole document
@@ -38,10 +47,13 @@ class XmlIndex {
 
   XmlIndex() { Clear(); }
 
-  // False when the text holds no well-formed element; Error() then says why, and the index is that of an empty
-  // document. Only the first element of the top level is read.
+  // False when the text holds no well-formed element; the index is then that of an empty document. Only the first
+  // element of the top level is read.
   bool Parse(SharedText text);
+  // Why the last text was refused, in the parser's own words; it has none for a text that begins with an end tag.
   const WideString& Error() const { return error_; }
+  // The same in full; of no meaning when the text was taken.
+  const XmlRefusal& Refusal() const { return refusal_; }
 
   const SharedText& Text() const { return text_; }
   std::size_t Count() const { return elements_.Size(); }  // the document's own element included
@@ -57,10 +69,12 @@ class XmlIndex {
 
  private:
   void Clear();
+  void Refuse(WideStringView text, const XmlScanResult& result);
 
   SharedText text_;
   BlockList<XmlElement> elements_;
   WideString error_;
+  XmlRefusal refusal_;
 };
 
 }  // namespace config

@@ -148,20 +148,20 @@ XmlScanResult ScanElements(WideStringView text, BlockList<XmlElement>& elements)
   std::uint32_t* link = &open->firstChildIndex;  // where the next element inside it is entered
 
   for (std::size_t start = tags.Next();;) {
-    if (start == text.size()) return {XmlError::kTagNotFound, openIndex};
+    if (start == text.size()) return {XmlError::kTagNotFound, openIndex, start};
     std::size_t token = start + 1;
     if (IsXmlBlank(units[token])) token = SkipXmlBlanks(text, token);
-    if (token == text.size()) return {XmlError::kAbruptEnd, openIndex};
+    if (token == text.size()) return {XmlError::kAbruptEnd, openIndex, start};
 
     const char16_t first = units[token];
     if (first == u'/') {
-      if (openIndex == XmlIndex::kDocument) return {XmlError::kBeginsWithEndTag, openIndex};
+      if (openIndex == XmlIndex::kDocument) return {XmlError::kBeginsWithEndTag, openIndex, start};
       const std::size_t name = token + 1;
       const std::size_t length = PlainEndTagLength(units + open->startTagStart + 1, units + name);
       std::size_t end = name + length;
       if (length == 0) {
         const EndTag endTag = ReadEndTag(text, name, TagNameAt(text, open->startTagStart));
-        if (endTag.error != XmlError::kNone) return {endTag.error, openIndex};
+        if (endTag.error != XmlError::kNone) return {endTag.error, openIndex, start};
         end = endTag.end;
       }
       open->endTagStart = static_cast<std::uint32_t>(start);
@@ -175,14 +175,14 @@ XmlScanResult ScanElements(WideStringView text, BlockList<XmlElement>& elements)
     }
     if (first == u'?' || first == u'!') {
       const std::size_t end = EndOfNode(text, token);
-      if (end == kNotFound) return {XmlError::kInvalidNode, openIndex};
+      if (end == kNotFound) return {XmlError::kInvalidNode, openIndex, start};
       start = tags.NextFrom(end);
       continue;
     }
-    if (first == u'"' || first == u'\'') return {XmlError::kQuotedTag, openIndex};
+    if (first == u'"' || first == u'\'') return {XmlError::kQuotedTag, openIndex, start};
 
     const std::size_t end = FindTagEnd(text, token + 1);
-    if (end == text.size()) return {XmlError::kTagNotClosed, openIndex};
+    if (end == text.size()) return {XmlError::kTagNotClosed, openIndex, start};
     const auto index = static_cast<std::uint32_t>(elements.Size());
     XmlElement& element = elements.Add();
     *link = index;

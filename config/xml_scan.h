@@ -4,6 +4,7 @@
 #include "base/wide_string.h"
 #include "config/block_list.h"
 
+#include <cstddef>
 #include <cstdint>
 
 namespace config {
@@ -29,7 +30,8 @@ WideStringView TextOf(XmlError error);
 
 struct XmlScanResult {
   XmlError error = XmlError::kNone;
-  std::uint32_t element = 0;  // the one that the error is about, 0: none
+  std::uint32_t element = 0;  // the innermost one that is open there, 0: none
+  std::size_t at = 0;         // the "<" of the tag that the error is in, else the end of the text
 };
 
 // In all of these SharedText::kPadding units behind the text are readable.

@@ -1,5 +1,6 @@
 // kelterm: the utility inside a simulated terminal.
 #include "app/entry.h"
+#include "base/utf8.h"
 #include "simulator/demonstration.h"
 #include "simulator/instance_lock.h"
 #include "simulator/options.h"
@@ -53,7 +54,7 @@ std::optional<std::string> ReadScript(const std::string& name) {
   return readAll(file);
 }
 
-int Run(const Options& options) {
+int Run(const Options& options, app::RunReport& report) {
   std::string problem;
   const auto scriptText = ReadScript(options.script);
   if (!scriptText) return Complain(kUnusable, options.script + ": cannot be read");
@@ -88,11 +89,21 @@ int Run(const Options& options) {
   if (!scripted) problem = text.Start();
   if (!problem.empty()) return Complain(kUnusable, problem);
 
+  const auto utility = [&report](WideStringView commandLine) {
+    report = app::RunUtility(commandLine);
+    return 0;
+  };
   Terminal terminal({storage, instance, effects, debug, *display}, options.screenWidthPx, options.screenHeightPx,
-                    app::RunUtility);
+                    utility);
   terminal.Run(options.commandLine);
   player.PlayRest();
   return player.Player().Failure().empty() ? kRan : Complain(kScriptFailed, player.Player().Failure());
+}
+
+// Says why a configuration was not taken, when the display no longer needs the screen.
+int Conclude(int status, const app::RunReport& report) {
+  for (const config::SourceRefusal& refusal : report.refusals) Complain(kUnusable, base::ToUtf8(refusal.Line()));
+  return status == kRan && !report.isLoaded ? kUnusable : status;
 }
 
 int Main(int count, char** arguments) {
@@ -108,7 +119,9 @@ int Main(int count, char** arguments) {
     std::fputs(kUsage, stdout);
     return kRan;
   }
-  return Run(*options);
+  app::RunReport report;
+  const int status = Run(*options, report);
+  return Conclude(status, report);
 }
 
 }  // namespace

@@ -13,7 +13,7 @@ class KeyTreeTest : public testing::Test {
     ASSERT_TRUE(
         document->SetDocument(WideStringView(u"<GROUP name='R'><GROUP name='a'><GROUP name='b'/></GROUP></GROUP>")));
     document_ = document;
-    tree_.SetSource({config::SourceKind::kXmlFile, u"R", document});
+    tree_.SetSource({u"R", document});
     document.reset();
   }
 

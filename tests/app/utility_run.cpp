@@ -16,7 +16,8 @@ std::string RunUtilityOn(const UtilityRun& run, Keypad& keypad, FailingCalls& ca
   simulator::DebugLog debug(false);
   const auto program = [&calls](WideStringView commandLine) {
     calls.Install(platform::host::CurrentEnvironment());
-    return app::RunUtility(commandLine);
+    app::RunUtility(commandLine);
+    return 0;
   };
   simulator::Terminal terminal({storage, instance, effects, debug, keypad}, run.widthPx, run.heightPx, program);
   terminal.Run(base::FromUtf8(run.commandLine));

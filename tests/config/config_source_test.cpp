@@ -1,6 +1,5 @@
 #include "config/config_source.h"
 
-#include "base/string_table.h"
 #include "base/utf8.h"
 #include "config/data_store.h"
 #include "config/shared_text.h"
@@ -14,6 +13,7 @@
 #include <fstream>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace config {
@@ -22,15 +22,9 @@ namespace {
 using platform::host::RegistryTree;
 
 constexpr WideStringView kDefaultKey = u"SOFTWARE\\Valtorix\\ZEP\\CONFIGAPP";
-const WideString kNoData = u"4 Error: Error getting configuration data. Warm boot and try again.";
+constexpr WideStringView kDefaultRegistryPath = u"HKEY_LOCAL_MACHINE\\SOFTWARE\\Valtorix\\ZEP\\CONFIGAPP";
 
-class ShownMessages final : public SourceMessages {
- public:
-  void Show(WideStringView text, WideStringView caption, int kind) override {
-    shown.push_back(base::FromUtf8(std::to_string(kind)) + u" " + WideString(caption) + u": " + WideString(text));
-  }
-  std::vector<WideString> shown;
-};
+using Lines = std::vector<WideString>;
 
 // A terminal with files and a registry.
 class ConfigSourceTest : public testing::Test {
@@ -40,6 +34,7 @@ class ConfigSourceTest : public testing::Test {
     platform::host::Environment environment;
     environment.root = root_;
     environment.registry = registry_;
+    environment.observer = &observer_;
     installed_ = std::make_unique<platform::host::InstalledEnvironment>(std::move(environment));
   }
   ~ConfigSourceTest() override { std::filesystem::remove_all(root_); }
@@ -48,16 +43,35 @@ class ConfigSourceTest : public testing::Test {
     std::ofstream(root_ / path, std::ios::binary) << bytes;
   }
 
-  std::optional<ConfigSource> Select(WideStringView commandLine) { return SelectSource(commandLine, messages_); }
-  const std::vector<WideString>& Shown() const { return messages_.shown; }
+  std::optional<ConfigSource> Select(WideStringView commandLine) {
+    SelectedSource selected = SelectSource(commandLine);
+    refusals_.clear();
+    for (const SourceRefusal& refusal : selected.refusals) {
+      refusals_.push_back((refusal.isMalformed ? u"malformed " : u"") + refusal.Line());
+    }
+    return std::move(selected.source);
+  }
+  // Of the last selection.
+  const Lines& Refusals() const { return refusals_; }
+  Lines TakeDebugLines() { return std::exchange(observer_.lines, {}); }
 
   const std::shared_ptr<RegistryTree> registry_ = std::make_shared<RegistryTree>();
 
  private:
+  class DebugLines final : public platform::host::Observer {
+   public:
+    void Debug(WideStringView line) override { lines.emplace_back(line); }
+    void Pulsed(WideStringView) override {}
+    void Started(WideStringView, WideStringView, std::uint32_t) override {}
+    void WarmReset() override {}
+    Lines lines;
+  };
+
   const std::filesystem::path root_ =
       std::filesystem::path(testing::TempDir()) /
       ("config_source_" + std::string(testing::UnitTest::GetInstance()->current_test_info()->name()));
-  ShownMessages messages_;
+  Lines refusals_;
+  DebugLines observer_;
   std::unique_ptr<platform::host::InstalledEnvironment> installed_;
 };
 
@@ -65,16 +79,15 @@ TEST_F(ConfigSourceTest, ACommandLineThatBeginsWithTheRootNameIsARegistryKey) {
   registry_->Add(RegistryTree::kLocalMachine, u"Menu");
   const auto source = Select(u"HKEY_LOCAL_MACHINE\\Menu");
   ASSERT_TRUE(source);
-  EXPECT_EQ(SourceKind::kRegistry, source->kind);
   EXPECT_EQ(u"HKEY_LOCAL_MACHINE\\Menu", source->path);
   EXPECT_EQ(nullptr, source->document);
-  EXPECT_TRUE(Shown().empty());
+  EXPECT_EQ(Lines(), Refusals());
 }
 
 TEST_F(ConfigSourceTest, ARegistryKeyThatCannotBeOpenedIsAnError) {
   registry_->Add(RegistryTree::kLocalMachine, kDefaultKey);  // there is no fall-back to it
   EXPECT_FALSE(Select(u"HKEY_LOCAL_MACHINE\\Missing"));
-  EXPECT_EQ((std::vector<WideString>{kNoData}), Shown());
+  EXPECT_EQ(Lines{u"HKEY_LOCAL_MACHINE\\Missing: Cannot be opened"}, Refusals());
 }
 
 TEST_F(ConfigSourceTest, TheRootNameLaterInTheCommandLineIsPartOfAFileName) {
@@ -82,27 +95,27 @@ TEST_F(ConfigSourceTest, TheRootNameLaterInTheCommandLineIsPartOfAFileName) {
   Write("x HKEY_LOCAL_MACHINE", "<GROUP name='FromFile'/>");
   const auto source = Select(u"\\x HKEY_LOCAL_MACHINE");
   ASSERT_TRUE(source);
-  EXPECT_EQ(SourceKind::kXmlFile, source->kind);
+  EXPECT_NE(nullptr, source->document);
   EXPECT_EQ(u"FromFile", source->path);
 }
 
 TEST_F(ConfigSourceTest, TheRootNameInLowerCaseIsAFileName) {
   registry_->Add(RegistryTree::kLocalMachine, u"Menu");
   EXPECT_FALSE(Select(u"hkey_local_machine\\Menu"));
-  EXPECT_EQ((std::vector<WideString>{kNoData}), Shown());
+  EXPECT_EQ(Lines{u"hkey_local_machine\\Menu: Cannot be read"}, Refusals());
 }
 
 TEST_F(ConfigSourceTest, AFileThatIsNamedIsTheSource) {
   Write("menu.xml", "<?xml version='1.0'?>\n<Other/>");
   Write("Windows/ovu.xml", "<GROUP name='Default'/>");
-  EXPECT_FALSE(Select(u"\\menu.xml"));  // its top element is no GROUP, which is silent
+  EXPECT_FALSE(Select(u"\\menu.xml"));
+  EXPECT_EQ(Lines{u"\\menu.xml:2:1: The first element is Other instead of GROUP"}, Refusals());
   Write("menu.xml", "<GROUP name='Root &amp; all'><DisplayName>\xC3\xA4</DisplayName></GROUP>");
   const auto source = Select(u"\\menu.xml");
   ASSERT_TRUE(source);
   EXPECT_EQ(u"Root & all", source->path);
   const PDataStore tree(source->path, source->document, {}, 1);
   EXPECT_EQ(u"\u00E4", tree.Find(source->path)->Value(u"DisplayName"));
-  EXPECT_EQ((std::vector<WideString>{kNoData}), Shown());  // of the first one
 }
 
 TEST_F(ConfigSourceTest, AFileThatIsNamedNeverFallsBackToTheRegistry) {
@@ -110,8 +123,10 @@ TEST_F(ConfigSourceTest, AFileThatIsNamedNeverFallsBackToTheRegistry) {
   Write("Windows/ovu.xml", "<GROUP name='Default'/>");
   Write("broken.xml", "<GROUP name='x'>");
   EXPECT_FALSE(Select(u"\\missing.xml"));
+  EXPECT_EQ(Lines{u"\\missing.xml: Cannot be read"}, Refusals());
   EXPECT_FALSE(Select(u"\\broken.xml"));
-  EXPECT_EQ((std::vector<WideString>{kNoData, u"4 Error: \\broken.xml document is not well formed", kNoData}), Shown());
+  EXPECT_EQ(Lines{u"malformed \\broken.xml:1:17: Element tag not found (inside GROUP, which begins at 1:1)"},
+            Refusals());
 }
 
 TEST_F(ConfigSourceTest, WithoutACommandLineTheDefaultFileComesFirst) {
@@ -119,7 +134,7 @@ TEST_F(ConfigSourceTest, WithoutACommandLineTheDefaultFileComesFirst) {
   Write("Windows/ovu.xml", "<GROUP name='Default'/>");
   const auto source = Select(u"");
   ASSERT_TRUE(source);
-  EXPECT_EQ(SourceKind::kXmlFile, source->kind);
+  EXPECT_NE(nullptr, source->document);
   EXPECT_EQ(u"Default", source->path);
 }
 
@@ -127,27 +142,41 @@ TEST_F(ConfigSourceTest, WithoutTheDefaultFileTheDefaultKeyIsTaken) {
   registry_->Add(RegistryTree::kLocalMachine, kDefaultKey);
   const auto source = Select(u"");
   ASSERT_TRUE(source);
-  EXPECT_EQ(SourceKind::kRegistry, source->kind);
-  EXPECT_EQ(u"HKEY_LOCAL_MACHINE\\SOFTWARE\\Valtorix\\ZEP\\CONFIGAPP", source->path);
-  EXPECT_TRUE(Shown().empty());
+  EXPECT_EQ(kDefaultRegistryPath, source->path);
+  EXPECT_EQ(nullptr, source->document);
+  EXPECT_EQ(Lines(), Refusals());
 }
 
 TEST_F(ConfigSourceTest, ABrokenDefaultFileIsShownBeforeTheDefaultKeyIsTaken) {
   registry_->Add(RegistryTree::kLocalMachine, kDefaultKey);
   Write("Windows/ovu.xml", "<GROUP>");
   EXPECT_TRUE(Select(u""));
-  EXPECT_EQ((std::vector<WideString>{u"4 Error: \\Windows\\ovu.xml document is not well formed"}), Shown());
+  EXPECT_EQ(Lines{u"malformed \\Windows\\ovu.xml:1:8: Element tag not found (inside GROUP, which begins at 1:1)"},
+            Refusals());
 }
 
 TEST_F(ConfigSourceTest, WithoutAnySourceThereIsOneMessage) {
   EXPECT_FALSE(Select(u""));
-  EXPECT_EQ((std::vector<WideString>{kNoData}), Shown());
+  EXPECT_EQ((Lines{u"\\Windows\\ovu.xml: Cannot be read", WideString(kDefaultRegistryPath) + u": Cannot be opened"}),
+            Refusals());
 }
 
 TEST_F(ConfigSourceTest, AnEmptyFileIsNotWellFormed) {
   Write("empty.xml", "");
   EXPECT_FALSE(Select(u"\\empty.xml"));
-  EXPECT_EQ((std::vector<WideString>{u"4 Error: \\empty.xml document is not well formed", kNoData}), Shown());
+  EXPECT_EQ(Lines{u"malformed \\empty.xml:1:1: Element tag not found"}, Refusals());
+}
+
+TEST_F(ConfigSourceTest, WhyAFileIsMalformedGoesToTheDebugOutput) {
+  Write("menu.xml", "\xEF\xBB\xBF<GROUP name='A'>\r\n  <Item>\r\n  \xC3\xA4 </Ittem>\r\n</GROUP>");
+  EXPECT_FALSE(Select(u"\\menu.xml"));
+  const WideString line = u"\\menu.xml:3:5: End tag does not correspond to Item (inside Item, which begins at 2:3)";
+  EXPECT_EQ(Lines{u"malformed " + line}, Refusals());
+  EXPECT_EQ(Lines{u"FAILED: ReadDocument  " + line + u"\r\n"}, TakeDebugLines());
+
+  Write("menu.xml", "<GROUP name='A'/>");
+  EXPECT_TRUE(Select(u"\\menu.xml"));  // there is no group file, which is as it should be
+  EXPECT_EQ(Lines(), TakeDebugLines());
 }
 
 TEST_F(ConfigSourceTest, AGroupWithoutANameIsARootWithoutAName) {
@@ -166,21 +195,22 @@ TEST_F(ConfigSourceTest, TheGroupFileMakesNoDifference) {
     EXPECT_EQ(u"A", source->path);
     EXPECT_TRUE(PDataStore(u"A", source->document, {}, 9).Find(u"A\\B")->Values().empty());
   }
-  EXPECT_TRUE(Shown().empty());
+  EXPECT_EQ(Lines(), Refusals());
 }
 
 TEST_F(ConfigSourceTest, ABrokenGroupFileIsShownAndPassedOver) {
   Write("menu.xml", "<GROUP name='A'/>");
   Write("Windows/ekt.xml", "<GROUP name='A'>");
   EXPECT_TRUE(Select(u"\\menu.xml"));
-  EXPECT_EQ((std::vector<WideString>{u"4 Error: \\windows\\ekt.xml document is not well formed"}), Shown());
+  EXPECT_EQ(Lines{u"malformed \\windows\\ekt.xml:1:17: Element tag not found (inside GROUP, which begins at 1:1)"},
+            Refusals());
 }
 
 TEST_F(ConfigSourceTest, TheGroupFileIsNotReadWhenThereIsNoRoot) {
   Write("menu.xml", "<Other/>");
   Write("Windows/ekt.xml", "broken");
   EXPECT_FALSE(Select(u"\\menu.xml"));
-  EXPECT_EQ((std::vector<WideString>{kNoData}), Shown());
+  EXPECT_EQ(Lines{u"\\menu.xml:1:1: The first element is Other instead of GROUP"}, Refusals());
 }
 
 TEST_F(ConfigSourceTest, OtherEncodingsAreReadAsIfTheyWereUtf8) {

@@ -83,6 +83,30 @@ TEST(XmlScan, EveryErrorHasItsText) {
   for (const auto& c : cases) EXPECT_EQ(c.error, ErrorOf(c.text)) << base::ToUtf8(c.text);
 }
 
+TEST(XmlScan, ARefusalSaysWhereAndInWhichElement) {
+  const struct {
+    const char16_t* text;
+    const char16_t* refusal;
+  } cases[] = {
+      {u"", u"1:1 Element tag not found"},
+      {u"\uFEFFtext\n<!-- x -->\n ", u"3:2 Element tag not found"},
+      {u"<a>\n  <b>text\n", u"3:1 Element tag not found (inside b, which begins at 2:3)"},
+      {u"<a>\n<b/> < ", u"2:6 Abrupt end within tag (inside a, which begins at 1:1)"},
+      {u"\n\"x\" <\"a\">", u"2:5 Tag starts with quote"},
+      {u"<a>\r\n\r\n\t<!-- </a>", u"3:2 Invalid node (inside a, which begins at 1:1)"},
+      {u"<a><b/><c name='x'", u"1:8 End of tag not found (inside a, which begins at 1:1)"},
+      {u"<a>\n<b>\U0001F600\u00E4</c></a>", u"2:6 End tag does not correspond to b (inside b, which begins at 2:1)"},
+      {u"<a>x</a", u"1:5 End tag not completed for element a (inside a, which begins at 1:1)"},
+      {u"<a>x\n< / a", u"2:1 End tag not completed for element a (inside a, which begins at 1:1)"},
+      {u" </a>", u"1:2 Begins with an end tag"},
+  };
+  for (const auto& c : cases) {
+    XmlIndex index;
+    ASSERT_FALSE(index.Parse(SharedText(c.text))) << base::ToUtf8(c.text);
+    EXPECT_EQ(c.refusal, TextOf(index.Refusal().place) + u" " + index.Refusal().reason) << base::ToUtf8(c.text);
+  }
+}
+
 TEST(XmlScan, ElementsAreFoundWithTheirPlaces) {
   const XmlIndex index = Parsed(u"  <a><b x='1'>text</b ><c/></a>tail");
   ASSERT_EQ(4u, index.Count());

@@ -3,7 +3,8 @@
 #
 # Plays a screen script in the simulated terminal and compares what it prints with the script's .expected file, or
 # writes that file with --update. The script's comments "# root: FOLDER" and "# options: ..." say on which terminal, a
-# fresh copy of it, and how the program is started.
+# fresh copy of it, and how the program is started, "# status: N" that the simulated terminal is to end with another
+# status than 0, and "# says: TEXT" what it then says on standard error.
 set -u
 
 kelterm=$1
@@ -17,8 +18,14 @@ work=$(mktemp -d "${TMPDIR:-/tmp}/kel-ui.XXXXXX")
 trap 'rm -rf "$work"' EXIT
 cp -a "$home/${root:-examples/terminal}" "$work/terminal" || exit 1
 
-timeout "${KEL_LIMIT:-120}" "$kelterm" --root "$work/terminal" --script "$script" "${options[@]}" >"$work/printed"
+timeout "${KEL_LIMIT:-120}" "$kelterm" --root "$work/terminal" --script "$script" "${options[@]}" \
+  >"$work/printed" 2>"$work/said"
 status=$?
+cat "$work/said" >&2
+if [ $status = "$(sed -n 's/^# status: *//p' "$script")" ] &&
+  diff -u --label wanted --label said <(sed -n 's/^# says: //p' "$script") "$work/said" >&2; then
+  status=0
+fi
 if [ "${3:-}" = --update ]; then
   cp "$work/printed" "$expected"
   exit $status
