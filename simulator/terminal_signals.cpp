@@ -33,12 +33,12 @@ void RestoreAndEnd(int number) {
   raise(number);
 }
 
-void AskForward(int) {
+void WakeUp(int number) {
   const int savedError = errno;
-  forwardAsked = true;
-  const char byte = 'F';
+  if (number == kBringForwardSignal) forwardAsked = true;
+  const char byte = 'S';
   // A full pipe wakes as well.
-  if (write(wakeDescriptor, &byte, 1) < 0) errno = savedError;
+  [[maybe_unused]] const auto written = write(wakeDescriptor, &byte, 1);
   errno = savedError;
 }
 
@@ -56,11 +56,12 @@ TerminalSignals::TerminalSignals(const std::string& restore, int wake) {
   std::memcpy(restoreText.data(), restore.data(), restoreLength);
   wakeDescriptor = wake;
   for (const int number : kEndingSignals) Install(number, RestoreAndEnd);
-  Install(kBringForwardSignal, AskForward);
+  for (const int number : {kBringForwardSignal, SIGWINCH}) Install(number, WakeUp);
 }
 
 TerminalSignals::~TerminalSignals() {
   for (const int number : kEndingSignals) Install(number, SIG_DFL);
+  Install(SIGWINCH, SIG_DFL);
   Install(kBringForwardSignal, SIG_IGN);
 }
 

@@ -8,7 +8,7 @@ namespace simulator {
 class TerminalSignals {
  public:
   // Remembers how the terminal is now. `restore` is written to it when a signal ends the process; `wakeDescriptor` gets
-  // one byte when another terminal asks this one to come forward.
+  // a byte when the terminal's size has changed and when another terminal asks this one to come forward.
   TerminalSignals(const std::string& restore, int wakeDescriptor);
   ~TerminalSignals();
   TerminalSignals(const TerminalSignals&) = delete;

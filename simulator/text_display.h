@@ -1,10 +1,12 @@
-// The display in a text terminal. It draws the simulated terminal as character cells and takes its keys; the terminal
-// is as it was when the display goes, or when a signal ends the process.
+// The display in a text terminal: it shows the simulated terminal's screen as character cells and takes its keys.
 #pragma once
 
 #include "platform/host/display.h"
+#include "simulator/curses_screen.h"
+#include "simulator/terminal_keyboard.h"
+#include "simulator/wake_pipe.h"
 
-#include <memory>
+#include <optional>
 #include <string>
 
 namespace simulator {
@@ -12,11 +14,8 @@ namespace simulator {
 class TextDisplay : public platform::host::Display {
  public:
   TextDisplay(int screenWidthPx, int screenHeightPx);
-  ~TextDisplay() override;
-  TextDisplay(const TextDisplay&) = delete;
-  TextDisplay& operator=(const TextDisplay&) = delete;
 
-  // Takes the terminal over. Empty, or why it cannot be used.
+  // Takes the terminal over, until this goes. Empty, or why it cannot be used.
   std::string Start();
 
   std::optional<platform::host::KeyStroke> NextKey() override;
@@ -26,8 +25,13 @@ class TextDisplay : public platform::host::Display {
   void ComeForward() override;
 
  private:
-  struct State;
-  std::unique_ptr<State> state_;
+  void Show();
+
+  const int widthPx_;
+  const int heightPx_;
+  WakePipe wake_;
+  CursesScreen screen_;
+  std::optional<TerminalKeyboard> keyboard_;
 };
 
 }  // namespace simulator
