@@ -44,10 +44,11 @@ function(kel_test name)
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST NO_PRETTY_VALUES PROPERTIES TIMEOUT 280)
 endfunction()
 
-# kel_fuzz(NAME [USES TARGETS...]): the fuzz target of NAME_fuzz.cpp. As a test it starts from the seeds in seeds/NAME and
-# runs a fixed number of inputs from a fixed start, so that every run does the same.
+# kel_fuzz(NAME [RUNS NUMBER] [DICTIONARY FILE] [USES TARGETS...]): the fuzz target of NAME_fuzz.cpp. As a test it starts from
+# the seeds in seeds/NAME and runs a fixed number of inputs from a fixed start, so that every run does the same. A dictionary
+# holds words that inputs are made of.
 function(kel_fuzz name)
-  cmake_parse_arguments(FUZZ "" "RUNS" "USES" ${ARGN})
+  cmake_parse_arguments(FUZZ "" "RUNS;DICTIONARY" "USES" ${ARGN})
   if(NOT FUZZ_RUNS)
     set(FUZZ_RUNS 20000)
   endif()
@@ -57,7 +58,11 @@ function(kel_fuzz name)
   set(found ${CMAKE_CURRENT_BINARY_DIR}/found/${name})
   set(corpus ${CMAKE_CURRENT_BINARY_DIR}/corpus/${name})  # the first folder gets what is found; the seeds stay as they are
   file(MAKE_DIRECTORY ${found} ${corpus})
-  add_test(NAME fuzz.${name} COMMAND ${name}_fuzz -runs=${FUZZ_RUNS} -seed=1 -max_len=4096 -timeout=20
+  set(options -runs=${FUZZ_RUNS} -seed=1 -max_len=4096 -timeout=20)
+  if(FUZZ_DICTIONARY)
+    list(APPEND options -dict=${CMAKE_CURRENT_SOURCE_DIR}/${FUZZ_DICTIONARY})
+  endif()
+  add_test(NAME fuzz.${name} COMMAND ${name}_fuzz ${options}
     -artifact_prefix=${found}/ -reload=0 -verbosity=0 ${corpus} ${CMAKE_CURRENT_SOURCE_DIR}/seeds/${name})
   set_tests_properties(fuzz.${name} PROPERTIES TIMEOUT 280)
 endfunction()

@@ -31,15 +31,19 @@ constexpr KeyGroup kGroups[] = {
 constexpr std::size_t kMostTopLevels = 6;  // the main screen, an edit dialog, and boxes over one another
 constexpr std::size_t kMostWindows = 60;
 
-std::string ProblemOfTheList(WindowHandle list, const std::set<std::string>& menuTitles) {
+std::string ProblemOfTheList(WindowHandle list) {
   const auto state = host::ListStateOf(list);
   if (!state) return "there is no list";
   const auto lines = static_cast<int>(state->lines.size());
   if (lines == 0) return "the list is empty";
-  if (state->selected < 0 || state->selected >= lines) return "nothing is selected";
-  const std::string title =
-      base::ToUtf8(platform::TextOf(platform::ControlOf(platform::ParentOf(list), app::control_id::kTitle)));
-  return menuTitles.contains(title) ? "" : "there is no menu \"" + title + "\"";
+  return state->selected < 0 || state->selected >= lines ? "nothing is selected" : "";
+}
+
+// The menu's list when the main screen is in front and shows it, else none.
+WindowHandle ShownList() {
+  if (WhatIsInFront() != Front::kMainScreen) return nullptr;
+  const WindowHandle list = platform::ControlOf(platform::ActiveWindow(), ui::kMenuListId);
+  return platform::IsVisible(list) ? list : nullptr;
 }
 
 }  // namespace
@@ -52,7 +56,7 @@ platform::host::KeyStroke KeyFor(std::uint32_t number) {
   return {key.virtualKey, key.character, key.shift, false};
 }
 
-std::string ProblemOfTheScreen(const std::set<std::string>& menuTitles) {
+std::string ProblemOfTheWindows() {
   const auto topLevels = host::TopLevelFromBottom();
   std::size_t windows = topLevels.size();
   for (const WindowHandle window : topLevels) {
@@ -61,10 +65,17 @@ std::string ProblemOfTheScreen(const std::set<std::string>& menuTitles) {
   if (topLevels.size() > kMostTopLevels || windows > kMostWindows) {
     return "there are " + std::to_string(topLevels.size()) + " windows with " + std::to_string(windows) + " in all";
   }
-  if (WhatIsInFront() != Front::kMainScreen) return {};
-  if (platform::FocusedWindow() == nullptr) return "nothing has the focus";
-  const WindowHandle list = platform::ControlOf(platform::ActiveWindow(), ui::kMenuListId);
-  return platform::IsVisible(list) ? ProblemOfTheList(list, menuTitles) : "";
+  if (WhatIsInFront() == Front::kMainScreen && platform::FocusedWindow() == nullptr) return "nothing has the focus";
+  const WindowHandle list = ShownList();
+  return list == nullptr ? "" : ProblemOfTheList(list);
+}
+
+std::string ProblemOfTheScreen(const std::set<std::string>& menuTitles) {
+  std::string problem = ProblemOfTheWindows();
+  if (!problem.empty() || ShownList() == nullptr) return problem;
+  const std::string title =
+      base::ToUtf8(platform::TextOf(platform::ControlOf(platform::ActiveWindow(), app::control_id::kTitle)));
+  return menuTitles.contains(title) ? "" : "there is no menu \"" + title + "\"";
 }
 
 std::set<std::string> DisplayNamesIn(const std::string& xml) {

@@ -12,8 +12,11 @@ namespace tests {
 // The same number always gives the same key; all keys of the keypad occur, those that lead somewhere more often.
 platform::host::KeyStroke KeyFor(std::uint32_t number);
 
-// Empty, or what is wrong with the windows: too many of them, a menu that is none, a selection outside of its list, or
-// a focus that nothing has.
+// Empty, or what is wrong with the windows: too many of them, a selection outside of its list, or a focus that nothing
+// has.
+std::string ProblemOfTheWindows();
+
+// The same, and a menu that is none of those that there are.
 std::string ProblemOfTheScreen(const std::set<std::string>& menuTitles);
 
 // Texts of all <DisplayName>s of an XML file.

@@ -1,0 +1,1 @@
+"""What scripts/coverage and scripts/mutants are made of."""

@@ -1,0 +1,230 @@
+"""A copy of the house in which changes are built and tested. The house itself is only read."""
+
+import concurrent.futures
+import json
+import os
+import pathlib
+import shutil
+import signal
+import subprocess
+import threading
+from typing import NamedTuple
+
+from . import floors
+
+# A program may use this much more processor time than without a change, and wait this much longer.
+_TIMES_WORK = 4
+_MORE_WORK_S = 10
+_TIMES_WAIT = 20
+_MORE_WAIT_S = 60
+_MOST_MEMORY = 4 << 30
+_MOST_FILE = 256 << 20
+_FLAGS = "-O0 -g0 -w"
+_TEST_OPTIONS = ("--gtest_fail_fast", "--gtest_brief=1")
+
+
+class Outcome(NamedTuple):
+    passed: bool
+    out_of_time: bool
+    output: str
+
+
+class Stopped(Exception):
+    """The user wants no more."""
+
+
+class Programs:
+    """Runs programs within bounds, and ends them all when told to stop."""
+
+    def __init__(self):
+        self._running = set()
+        self._lock = threading.Lock()
+        self._stopped = False
+
+    def stop(self):
+        with self._lock:
+            self._stopped = True
+            for process in self._running:
+                _kill_group(process)
+
+    def check(self):
+        if self._stopped:
+            raise Stopped
+
+    def run(self, command, cwd, environment, cpu_s=None, wall_s=None):
+        bounds = ["prlimit", "--core=0"]
+        if cpu_s is not None:
+            bounds += [f"--cpu={int(cpu_s) + 1}", f"--as={_MOST_MEMORY}", f"--fsize={_MOST_FILE}"]
+        # Whatever ends this program, the one started ends with it.
+        command = bounds + ["--", "setpriv", "--pdeathsig", "KILL", "--", *map(str, command)]
+        with self._lock:
+            if self._stopped:
+                raise Stopped
+            process = subprocess.Popen(command, cwd=cwd, env=environment, start_new_session=True, text=True, errors="replace",
+                                       stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
+            self._running.add(process)
+        out_of_time = False
+        try:
+            output, _ = process.communicate(timeout=wall_s)
+        except subprocess.TimeoutExpired:
+            out_of_time = True
+            _kill_group(process)
+            output, _ = process.communicate()
+        finally:
+            _kill_group(process)  # what it started itself
+            with self._lock:
+                self._running.discard(process)
+        if self._stopped:
+            raise Stopped
+        out_of_time = out_of_time or process.returncode in (-signal.SIGXCPU, -signal.SIGKILL)
+        return Outcome(process.returncode == 0, out_of_time, output)
+
+
+def _kill_group(process):
+    try:
+        os.killpg(process.pid, signal.SIGKILL)
+    except ProcessLookupError:
+        pass
+
+
+class Workshop:
+    """One copy and its build. Of several that work at once, each has a copy of its own."""
+
+    def __init__(self, folder, programs, jobs=1):
+        self.folder = folder
+        self.copy = folder / "house"
+        self._build = folder / "build"
+        self._programs = programs
+        self._jobs = jobs
+        temporary = folder / "tmp"
+        shutil.rmtree(temporary, ignore_errors=True)
+        temporary.mkdir(parents=True)
+        self._environment = {
+            **os.environ, "TMPDIR": str(temporary), "XDG_STATE_HOME": str(temporary / "state"),
+            "CCACHE_BASEDIR": str(folder), "CCACHE_NOHASHDIR": "1", "CCACHE_SLOPPINESS": "pch_defines,time_macros",
+        }
+        self._environment.setdefault("CCACHE_DIR", str(floors.HOUSE / "build/ccache"))
+        self._usual = {}  # program: seconds of processor time
+
+    def prepare(self, say):
+        """Copies, builds and runs everything once without a change. An exception says what does not pass."""
+        self._take_over_sources()
+        if not (self._build / "build.ninja").exists():
+            launcher = ["-DCMAKE_CXX_COMPILER_LAUNCHER=ccache"] if shutil.which("ccache") else []
+            self._must(["cmake", "-S", self.copy, "-B", self._build, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug",
+                        f"-DCMAKE_CXX_FLAGS={_FLAGS}", "-DCMAKE_CXX_FLAGS_DEBUG=", "-DCMAKE_EXE_LINKER_FLAGS=-fuse-ld=gold",
+                        "-DKEL_PRECOMPILE=ON", *launcher])
+        say("building")
+        self._must(["ninja", "-C", self._build, "-j", str(self._jobs), *self.test_programs(), "kelterm"])
+        kept = self.folder / "usual.json"
+        known = json.loads(kept.read_text()) if kept.exists() else {}
+        for program in self.test_programs():
+            if program not in known:
+                say(f"running {program}")
+                known[program] = self._measured(program)
+                kept.write_text(json.dumps(known, indent=1))
+        self._usual = known
+        say("playing the screen scripts")
+        if failed := self.failing_script():
+            raise RuntimeError(f"{failed} fails without a change")
+
+    def _measured(self, program):
+        before = os.times()
+        outcome = self._programs.run([self._build / program, *_TEST_OPTIONS], self._build, self._environment)
+        if not outcome.passed:
+            raise RuntimeError(f"{program} fails without a change:\n{outcome.output[-2000:]}")
+        after = os.times()
+        return after.children_user + after.children_system - before.children_user - before.children_system
+
+    def _must(self, command):
+        outcome = self._programs.run(command, self.folder, self._environment)
+        if not outcome.passed:
+            raise RuntimeError(f"{command[0]} fails:\n{outcome.output[-4000:]}")
+
+    def _take_over_sources(self):
+        """Makes the copy what the house is, leaving what is the same untouched."""
+        listed = subprocess.run(["git", "ls-files", "-z", "--cached", "--others", "--exclude-standard"], cwd=floors.HOUSE,
+                                check=True, capture_output=True).stdout
+        wanted = {name.decode() for name in listed.split(b"\0") if name and (floors.HOUSE / name.decode()).exists()}
+        changed = False
+        for name in sorted(wanted):
+            source, target = floors.HOUSE / name, self.copy / name
+            if source.is_file() and not (target.exists() and target.read_bytes() == source.read_bytes()):
+                target.parent.mkdir(parents=True, exist_ok=True)
+                shutil.copy(source, target)
+                changed = True
+        for target in [path for path in self.copy.rglob("*") if path.is_file()]:
+            if target.relative_to(self.copy).as_posix() not in wanted:
+                target.unlink()
+                changed = True
+        if changed:  # new programs may have come, and others take longer
+            (self.folder / "usual.json").unlink(missing_ok=True)
+
+    def test_programs(self):
+        """Paths of the programs that test floors, in the build."""
+        listed = subprocess.run(["ninja", "-C", str(self._build), "-t", "targets", "all"], check=True, capture_output=True,
+                                text=True).stdout
+        targets = [line.rsplit(": ", 1)[0] for line in listed.splitlines() if "_EXECUTABLE_LINKER" in line]
+        return [target for target in targets if floors.floor_of_test(target)]
+
+    def judge(self, mutant):
+        """("caught" | "out of time" | "not built" | "survived", by what)."""
+        target = self.copy / mutant.path
+        original = (floors.HOUSE / mutant.path).read_bytes()
+        target.write_bytes(mutant.change.apply(original.decode()).encode())
+        try:
+            return self._judge(floors.floor_of(mutant.path))
+        finally:
+            target.write_bytes(original)
+
+    def _judge(self, floor):
+        own_first = floors.tests_for(floor, self.test_programs())
+        # The quick ones of a floor first; what takes longest, after all others.
+        slow = [program for program in own_first if self._usual[program] > 20]
+        for program in [program for program in own_first if program not in slow] + ["the screen scripts"] + slow:
+            if program == "the screen scripts":
+                if not self._builds("kelterm"):
+                    return "not built", "kelterm"
+                if failed := self.failing_script():
+                    return "caught", failed
+                continue
+            if not self._builds(program):
+                return "not built", program
+            usual = self._usual[program]
+            outcome = self._programs.run([self._build / program, *_TEST_OPTIONS], self._build, self._environment,
+                                         usual * _TIMES_WORK + _MORE_WORK_S, usual * _TIMES_WAIT + _MORE_WAIT_S)
+            if outcome.out_of_time:
+                return "out of time", program
+            if not outcome.passed:
+                return "caught", f"{program.rsplit('/', 1)[-1]} {_failed_test(outcome.output)}"
+        return "survived", ""
+
+    def _builds(self, target):
+        return self._programs.run(["ninja", "-C", self._build, "-j", str(self._jobs), target], self.folder,
+                                  self._environment).passed
+
+    def failing_script(self):
+        """The name of a screen script that prints something else, or None."""
+        check = self.copy / "tests/ui/check_script.sh"
+        scripts = sorted((self.copy / "tests/ui").glob("*.script"))
+        environment = {**self._environment, "KEL_LIMIT": "40"}
+        failed = []
+
+        def play(script):
+            if not failed:
+                outcome = self._programs.run([check, self._build / "simulator/kelterm", script], self.folder, environment,
+                                             cpu_s=30, wall_s=120)
+                if not outcome.passed:
+                    failed.append(script.stem)
+
+        with concurrent.futures.ThreadPoolExecutor(self._jobs) as pool:
+            for _ in pool.map(play, scripts):
+                pass
+        return failed[0] if failed else None
+
+
+def _failed_test(output):
+    for line in output.splitlines():
+        if line.startswith("[  FAILED  ]"):
+            return line.split("]", 1)[1].split("(")[0].strip().rstrip(",")
+    return "ended"
