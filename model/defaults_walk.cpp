@@ -3,6 +3,7 @@
 #include "base/string_table.h"
 #include "model/child_key.h"
 #include "model/set_triple.h"
+#include "values/attributes.h"
 #include "values/field_width_list.h"
 
 #include <algorithm>
@@ -59,7 +60,7 @@ void MergeReaderCommand(const config::ConfigKey& key, DefaultsHost& host, WideSt
 
   const WideStringView third = ThirdPart(dependency);
   const WideString current = host.ReadValue(Text(key, TextId::kOid), Text(key, TextId::kType));
-  const values::FieldWidthList layout(Text(key, TextId::kCmdString));
+  const values::FieldWidthList layout(values::ResolveText(key.Value(TextId::kCmdString)));
   const std::int32_t count = std::min<std::int32_t>(layout.StatedCount(), layout.Count());
   for (std::int32_t i = 0; i < count; ++i) {
     const auto kept = layout.Field(third, i);

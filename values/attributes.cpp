@@ -33,10 +33,9 @@ void AttributeMap::Set(WideStringView name, WideString text) {
   texts_.insert_or_assign(WideString(name), std::move(text));
 }
 
-WideString ResolveAttribute(const AttributeMap& attributes, WideStringView name) {
+WideString ResolveText(WideStringView text) {
   constexpr WideStringView kIndirect = u"Table,";
 
-  const WideStringView text = attributes.Get(name);
   if (!text.starts_with(kIndirect)) return WideString(text);
 
   const WideStringView entry = text.substr(kIndirect.size());

@@ -27,10 +27,14 @@ class AttributeMap {
 // What an indirect attribute gives when the property server cannot supply it.
 inline constexpr WideStringView kUnresolved = u"Error";
 
-// The attribute's text. One of the form "Table,TABLE,KEY" stands for that entry of the configuration property server:
-// the entry's text is the result, or kUnresolved when there is none. Only the first two commas divide; a missing key
-// is an empty one.
-WideString ResolveAttribute(const AttributeMap& attributes, WideStringView name);
+// What an attribute's text stands for: itself, but one of the form "Table,TABLE,KEY" for that entry of the
+// configuration property server. The entry's text is the result, or kUnresolved when there is none. Only the first two
+// commas divide; a missing key is an empty one.
+WideString ResolveText(WideStringView text);
+
+inline WideString ResolveAttribute(const AttributeMap& attributes, WideStringView name) {
+  return ResolveText(attributes.Get(name));
+}
 inline WideString ResolveAttribute(const AttributeMap& attributes, TextId name) {
   return ResolveAttribute(attributes, LoadText(name));
 }

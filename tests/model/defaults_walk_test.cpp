@@ -135,6 +135,17 @@ TEST(ReaderCommandDefault, AFieldThatEqualsTheThirdPartKeepsItsValue) {
   EXPECT_EQ((Lines{u"7 ReaderCmd 00BBBB222222"}), Queued(Property("a", values), DefaultsMode::kRestore, host));
 }
 
+TEST(ReaderCommandDefault, ALayoutMayStandInATable) {
+  const std::string values =
+      "<OID>7</OID><Type>ReaderCmd</Type><CmdString>Table,LAYOUTS,reader</CmdString>"
+      "<Dependency>x|y|AABBBBCCCCCC</Dependency><DefVal>001111222222</DefVal>";
+  tests::TestTerminal terminal;
+  terminal.PutTable(u"LAYOUTS", u"reader", u"3,2,4,6");
+  Host host;
+  host.device[u"7"] = u"ZZBBBBYYYYYY";
+  EXPECT_EQ((Lines{u"7 ReaderCmd 00BBBB222222"}), Queued(Property("a", values), DefaultsMode::kRestore, host));
+}
+
 TEST(ReaderCommandDefault, StaysAsItIsWithoutWhatTheMergeNeeds) {
   const struct {
     const char* values;
