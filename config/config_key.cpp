@@ -8,6 +8,8 @@ namespace config {
 
 WideString ConfigKey::FullPath() const { return PathOf(*node_); }
 
+bool ConfigKey::IsChildOf(const ConfigKey& parent) const { return node_->parent == parent.node_; }
+
 WideStringView ConfigKey::Value(WideStringView name) const {
   const std::span<const NamedText> values = Values();
   auto found = values.end();

@@ -31,6 +31,9 @@ class ConfigKey {
   // The same of a key that was read from the registry; empty for a key of an XML document.
   WideString Path() const { return fromRegistry_ ? FullPath() : WideString(); }
 
+  // Its path is the other's and one name more. Both are keys of one tree.
+  bool IsChildOf(const ConfigKey& parent) const;
+
   // A value's text, empty when the key has no value of exactly that name.
   WideStringView Value(WideStringView name) const;
   // The same with a name from the string table; empty too when the table has no such text.

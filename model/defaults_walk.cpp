@@ -1,14 +1,13 @@
 #include "model/defaults_walk.h"
 
 #include "base/string_table.h"
-#include "model/child_key.h"
+#include "model/key_walk.h"
 #include "model/set_triple.h"
 #include "values/attributes.h"
 #include "values/field_width_list.h"
 
 #include <algorithm>
 #include <cstdint>
-#include <vector>
 
 namespace model {
 namespace {
@@ -73,12 +72,7 @@ void MergeReaderCommand(const config::ConfigKey& key, DefaultsHost& host, WideSt
 }
 
 void WalkDefaults(const config::PDataStore& tree, WideStringView path, DefaultsMode mode, DefaultsHost& host) {
-  struct OpenKey {
-    const config::ConfigKey* key;
-    std::size_t next = 0;
-  };
-  std::vector<OpenKey> open;
-  KeyVisits visits(u"WalkDefaults");
+  KeyWalk walk(u"WalkDefaults");
   const auto visit = [&](const config::ConfigKey* key, WideStringView name) {
     if (key == nullptr) return;
     if (mode == DefaultsMode::kExitRules) {
@@ -86,20 +80,11 @@ void WalkDefaults(const config::PDataStore& tree, WideStringView path, DefaultsM
     } else if (!QueueDefault(*key, host)) {
       return;
     }
-    if (!key->Subkeys().empty() && visits.Enter(*key, name)) open.push_back({key});
+    walk.Enter(*key, name);
   };
 
   visit(tree.Find(path), path);
-  while (!open.empty()) {
-    OpenKey& parent = open.back();
-    if (parent.next == parent.key->Subkeys().size()) {
-      visits.Leave(*parent.key);
-      open.pop_back();
-      continue;
-    }
-    const WideStringView name = parent.key->Subkeys()[parent.next++];
-    visit(tree.FindBelow(*parent.key, name), name);
-  }
+  while (const auto step = walk.Next()) visit(tree.FindBelow(step->parent, step->name), step->name);
 }
 
 }  // namespace model

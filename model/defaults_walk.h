@@ -22,8 +22,8 @@ class DefaultsHost {
 };
 
 // Keys come before their children, children in the order of the source. A key with a default that the rules leave out
-// is left out with all below it. What is below a key that several paths lead to is gone through KeyVisits::kMost times
-// at most.
+// is left out with all below it. What is below a key that several paths lead to is gone through within the bounds
+// of KeyVisits.
 void WalkDefaults(const config::PDataStore& tree, WideStringView path, DefaultsMode mode, DefaultsHost& host);
 
 // The third part of a reader command's "first|second|third": what stands up to the next bar behind the text

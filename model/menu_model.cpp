@@ -3,6 +3,7 @@
 #include "base/format.h"
 #include "base/string_table.h"
 #include "model/child_key.h"
+#include "model/key_walk.h"
 #include "model/ordered_menu_items.h"
 #include "values/shown_value.h"
 
@@ -47,16 +48,12 @@ const config::ConfigKey* MenuModel::StartFrom(std::shared_ptr<const config::PDat
   return rootKey;
 }
 
-std::vector<WideStringView> MenuModel::OrderedChildren(const config::ConfigKey& key) const {
-  std::vector<WideStringView> names(key.Subkeys().begin(), key.Subkeys().end());
-  InitOrderedMenuItems(names, key, *tree_);
-  return names;
-}
-
 void MenuModel::BuildTopLevel(std::shared_ptr<const config::PDataStore> tree, WideString rootPath) {
   const config::ConfigKey* rootKey = StartFrom(std::move(tree), std::move(rootPath));
   if (rootKey == nullptr) return;
-  for (const WideStringView name : OrderedChildren(*rootKey)) {
+  std::vector<WideStringView> names(rootKey->Subkeys().begin(), rootKey->Subkeys().end());
+  InitOrderedMenuItems(names, *rootKey, *tree_);
+  for (const WideStringView name : names) {
     const config::ConfigKey* key = FindChild(*tree_, *rootKey, name);
     if (key == nullptr || IsCommand(*key)) continue;
     const WideStringView displayName = key->Value(TextId::kDisplayName);
@@ -70,32 +67,21 @@ bool MenuModel::Build(std::shared_ptr<const config::PDataStore> tree, WideString
   const config::ConfigKey* rootKey = StartFrom(std::move(tree), std::move(rootPath));
   if (rootKey == nullptr) return false;
 
-  // Depth first in menu order, so that a command stands before its fields; on a stack of its own.
-  struct OpenMenu {
-    MenuItem* item;
-    const config::ConfigKey* key;
-    std::vector<WideStringView> names;
-    std::size_t next;
+  // In menu order, so that a command stands before its fields.
+  std::vector<MenuItem*> menus;  // those open, by depth
+  KeyWalk walk(u"MenuModel::Build");
+  const auto enter = [&](MenuItem& item, WideStringView name, const config::ConfigKey& key) {
+    if (!walk.Enter(key, name)) return;
+    InitOrderedMenuItems(walk.Names(), key, *tree_);
+    menus.push_back(&item);
   };
-  std::vector<OpenMenu> open;
-  KeyVisits visits(u"MenuModel::Build");
-  const auto openMenu = [&](MenuItem& item, WideStringView name, const config::ConfigKey& key) {
-    if (visits.Enter(key, name)) open.push_back({&item, &key, OrderedChildren(key), 0});
-  };
-  openMenu(*root_, rootPath_, *rootKey);
-  while (!open.empty()) {
-    OpenMenu& menu = open.back();
-    if (menu.next == menu.names.size()) {
-      visits.Leave(*menu.key);
-      open.pop_back();
-      continue;
-    }
-    const std::size_t depth = open.size() - 1;
-    const WideStringView name = menu.names[menu.next++];
-    const config::ConfigKey* key = FindChild(*tree_, *menu.key, name);
-    if (key == nullptr || visits.LeadsBack(*key, name)) continue;
-    MenuItem& item = AddItem(*menu.item, name, *key);
-    if (depth < maxDepth && !key->Subkeys().empty()) openMenu(item, name, *key);
+  enter(*root_, rootPath_, *rootKey);
+  while (const auto step = walk.Next()) {
+    menus.resize(step->depth + 1);
+    const config::ConfigKey* key = FindChild(*tree_, step->parent, step->name);
+    if (key == nullptr || walk.LeadsBack(*key, step->name)) continue;
+    MenuItem& item = AddItem(*menus.back(), step->name, *key);
+    if (step->depth < maxDepth) enter(item, step->name, *key);
   }
   return true;
 }

@@ -41,7 +41,7 @@ class MenuModel {
 
   // Builds everything, reading every property from the device. The items and descriptors there were are gone before
   // the first new one is made; the root item stays. Levels deeper than `maxDepth` below the first are left out, and so
-  // is what leads back to an open menu. The children of one key are built KeyVisits::kMost times at most; its further
+  // is what leads back to an open menu. The children of one key are built within the bounds of KeyVisits; its further
   // items have none. False when the tree has no root key.
   bool Build(std::shared_ptr<const config::PDataStore> tree, WideString rootPath, std::uint32_t maxDepth = 9999);
 
@@ -74,7 +74,6 @@ class MenuModel {
   using TextMap = std::unordered_map<WideString, WideString, values::TextHash, std::equal_to<>>;
 
   const config::ConfigKey* StartFrom(std::shared_ptr<const config::PDataStore> tree, WideString rootPath);
-  std::vector<WideStringView> OrderedChildren(const config::ConfigKey& key) const;
   MenuItem& AddItem(MenuItem& parent, WideStringView name, const config::ConfigKey& key);
   void AddDescriptor(MenuItem& item, const WideString& oid, const config::ConfigKey& key);
 

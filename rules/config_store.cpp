@@ -2,9 +2,9 @@
 
 #include "base/string_table.h"
 #include "model/child_key.h"
+#include "model/key_walk.h"
 
 #include <string>
-#include <vector>
 
 namespace rules {
 namespace {
@@ -69,36 +69,21 @@ void WriteProperty(const Context& context, const config::ConfigKey& key, WideStr
 }  // namespace
 
 bool WriteConfigTree(const Context& context, WideStringView path, platform::OutputFile& file) {
-  struct OpenKey {
-    const config::ConfigKey* key;
-    std::size_t next = 0;
-  };
   const auto tree = context.model.Tree();
   const config::ConfigKey* root = tree ? tree->Find(path) : nullptr;
   if (root == nullptr) return true;
 
   UnitWriter writer(file);
-  std::vector<OpenKey> open;
-  model::KeyVisits visits(u"WriteConfigTree");
-  const auto enter = [&](const config::ConfigKey& key, WideStringView name) {
-    if (!key.Subkeys().empty() && visits.Enter(key, name)) open.push_back({&key});
-  };
-  enter(*root, path);
-  while (!open.empty()) {
-    OpenKey& parent = open.back();
-    if (parent.next == parent.key->Subkeys().size()) {
-      visits.Leave(*parent.key);
-      open.pop_back();
-      continue;
-    }
-    const WideStringView name = parent.key->Subkeys()[parent.next++];
-    const config::ConfigKey* child = model::FindChild(*tree, *parent.key, name);
-    if (child == nullptr) continue;
-    const WideStringView oid = child->Value(TextId::kOid);
+  model::KeyWalk walk(u"WriteConfigTree");
+  walk.Enter(*root, path);
+  while (const auto step = walk.Next()) {
+    const config::ConfigKey* key = model::FindChild(*tree, step->parent, step->name);
+    if (key == nullptr) continue;
+    const WideStringView oid = key->Value(TextId::kOid);
     if (!oid.empty()) {
-      WriteProperty(context, *child, oid, writer);
-    } else if (!visits.LeadsBack(*child, name)) {
-      enter(*child, name);
+      WriteProperty(context, *key, oid, writer);
+    } else if (!walk.LeadsBack(*key, step->name)) {
+      walk.Enter(*key, step->name);
     }
   }
   return writer.Flush();

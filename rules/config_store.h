@@ -8,7 +8,7 @@
 namespace rules {
 
 // Writes the properties below a key with their values on the device. What is below a key that several paths lead to is
-// written model::KeyVisits::kMost times at most. False when the file took not everything.
+// written within the bounds of model::KeyVisits. False when the file took not everything.
 bool WriteConfigTree(const Context& context, WideStringView path, platform::OutputFile& file);
 
 // Replaces the file. False, with the older file as it was, when it cannot be opened or written.

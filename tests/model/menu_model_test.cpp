@@ -1,7 +1,7 @@
 #include "model/menu_model.h"
 
 #include "base/number.h"
-#include "model/child_key.h"
+#include "model/key_visits.h"
 #include "tests/printing.h"
 #include "tests/support/fake_boxes.h"
 #include "tests/support/fake_device.h"
@@ -204,12 +204,38 @@ TEST_F(MenuModelTest, MenusThatAreMetOverAndOverDoNotMultiplyIt) {
     Build("<GROUP name='R'>" + groups + "</GROUP>");
     const auto items = static_cast<std::size_t>(std::ranges::count(Dump(), '\n'));
     EXPECT_GE(items, std::size_t{kLevels});
-    EXPECT_LE(items, std::size_t{kLevels} * 2 * model::KeyVisits::kMost);
+    EXPECT_LE(items, std::size_t{kLevels} * 2 * (model::KeyVisits::kMost + 1));
     const WideString name = groups == siblings ? u"a" : u"x";
     const std::vector<WideString> lines = terminal_.TakeDebugLines();
     EXPECT_NE(lines.end(), std::ranges::find(lines, u"FAILED: MenuModel::Build  [" + name +
                                                         u"] is met too often, nothing below it is taken\r\n"));
   }
+}
+
+TEST_F(MenuModelTest, AMenuThatManyLinesShowHasItsEntriesAtItsOwnPlaceToo) {
+  constexpr int kLinks = 20;
+  std::string groups;
+  for (int i = 0; i < kLinks; ++i) {
+    groups += "<GROUP name='l" + std::to_string(i) + "'><Descendent>HKEY\\m</Descendent></GROUP>";
+  }
+  groups +=
+      "<GROUP name='m'><DisplayName>Menu</DisplayName><GROUP name='s'><GROUP name='x'>"
+      "<DisplayName>Entry</DisplayName></GROUP></GROUP></GROUP>";
+  EXPECT_TRUE(menu_.Build(
+      tests::TreeOf("<GROUP name='HKEY'>" + groups + "</GROUP>", config::PDataStore::kWholeTree, u"HKEY"), u"HKEY"));
+  const auto& menus = menu_.Root().Children();
+  ASSERT_EQ(std::size_t{kLinks + 1}, menus.size());
+  for (int i = 0; i < kLinks; ++i) {
+    const MenuItem& menu = *menus[static_cast<std::size_t>(i)]->Children().at(0);
+    EXPECT_EQ(u"Menu", menu.Title());
+    EXPECT_EQ(i >= model::KeyVisits::kMost, menu.IsLeaf()) << i;
+  }
+  ASSERT_FALSE(menus.back()->IsLeaf());
+  EXPECT_EQ(u"Entry", menus.back()->Children()[0]->Children().at(0)->Title());
+  EXPECT_EQ(
+      std::vector<WideString>(kLinks - model::KeyVisits::kMost,
+                              u"FAILED: MenuModel::Build  [HKEY\\m] is met too often, nothing below it is taken\r\n"),
+      terminal_.TakeDebugLines());
 }
 
 TEST_F(MenuModelTest, ADeepMenuHoldsEachOfItsNamesOnce) {
