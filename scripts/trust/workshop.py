@@ -109,13 +109,14 @@ class Workshop:
     def prepare(self, say):
         """Copies, builds and runs everything once without a change. An exception says what does not pass."""
         self._take_over_sources()
-        if not (self._build / "build.ninja").exists():
-            launcher = ["-DCMAKE_CXX_COMPILER_LAUNCHER=ccache"] if shutil.which("ccache") else []
-            self._must(["cmake", "-S", self.copy, "-B", self._build, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug",
-                        f"-DCMAKE_CXX_FLAGS={_FLAGS}", "-DCMAKE_CXX_FLAGS_DEBUG=", "-DCMAKE_EXE_LINKER_FLAGS=-fuse-ld=gold",
-                        "-DKEL_PRECOMPILE=ON", *launcher])
         say("building")
-        self._must(["ninja", "-C", self._build, "-j", str(self._jobs), *self.test_programs(), "kelterm"])
+        if not self._build_all(self._environment).passed:
+            # A run that was killed may have left anything behind, in the compiler's cache too.
+            say("building anew")
+            shutil.rmtree(self._build)
+            outcome = self._build_all({**self._environment, "CCACHE_RECACHE": "1"})
+            if not outcome.passed:
+                raise RuntimeError(f"the house does not build:\n{outcome.output[-4000:]}")
         kept = self.folder / "usual.json"
         known = json.loads(kept.read_text()) if kept.exists() else {}
         for program in self.test_programs():
@@ -136,10 +137,17 @@ class Workshop:
         after = os.times()
         return after.children_user + after.children_system - before.children_user - before.children_system
 
-    def _must(self, command):
-        outcome = self._programs.run(command, self.folder, self._environment)
-        if not outcome.passed:
-            raise RuntimeError(f"{command[0]} fails:\n{outcome.output[-4000:]}")
+    def _build_all(self, environment):
+        if not (self._build / "build.ninja").exists():
+            launcher = ["-DCMAKE_CXX_COMPILER_LAUNCHER=ccache"] if shutil.which("ccache") else []
+            outcome = self._programs.run(
+                ["cmake", "-S", self.copy, "-B", self._build, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug",
+                 f"-DCMAKE_CXX_FLAGS={_FLAGS}", "-DCMAKE_CXX_FLAGS_DEBUG=", "-DCMAKE_EXE_LINKER_FLAGS=-fuse-ld=gold",
+                 "-DKEL_PRECOMPILE=ON", *launcher], self.folder, environment)
+            if not outcome.passed:
+                return outcome
+        return self._programs.run(["ninja", "-C", self._build, "-j", str(self._jobs), *self.test_programs(), "kelterm"],
+                                  self.folder, environment)
 
     def _take_over_sources(self):
         """Makes the copy what the house is, leaving what is the same untouched."""

@@ -326,6 +326,92 @@ TEST_F(OneDialogTest, AFieldOfSeveralLinesGivesEscAndTabBack) {
   EXPECT_EQ(std::vector{kIdCancel}, commands);
 }
 
+TEST_F(OneDialogTest, EnterInAFieldOfSeveralLinesPressesTheDefaultButtonAndShiftTabGoesBack) {
+  constexpr std::array<DialogControl, 3> kControls{{
+      {41, u"Button", u"", kShown, 0, 40, 50, 10},
+      {40, u"Edit", u"", kShown | style::kEditMultiLine, 0, 0, 50, 30},
+      {42, u"Button", u"", kShown | style::kButtonDefault, 0, 50, 50, 10},
+  }};
+  DialogTemplate dialog = InnerTemplate();
+  dialog.controls = kControls;
+  std::vector<int> commands;
+  handler.On(message::kCommand, [&](WindowHandle, const Message& message) -> std::optional<LResult> {
+    if (CommandCode(message) == 0) commands.push_back(CommandId(message));
+    return std::nullopt;
+  });
+  display.Then([this] { Focus(Control(40)); })
+      .Key(key::kTab, true)
+      .Then([this] {
+        EXPECT_EQ(41, FocusedId());
+        Focus(Control(40));
+      })
+      .Press("{Enter}")
+      .Then([this] { EXPECT_EQ(42, FocusedId()); });
+  Run(dialog);
+  EXPECT_EQ(std::vector{42}, commands);
+}
+
+TEST_F(OneDialogTest, AControlThatWantsTabsGetsThem) {
+  MessageTable greedy;
+  int tabs = 0;
+  greedy.On(message::kGetDialogCode, [](WindowHandle, const Message&) { return dialog_code::kWantTab; });
+  greedy.On(message::kKeyDown, [&](WindowHandle, const Message& message) {
+    tabs += message.wParam == key::kTab ? 1 : 0;
+    return 0;
+  });
+  std::unique_ptr<Subclass> subclass;
+  display.Then([&] { subclass = std::make_unique<Subclass>(Control(20), greedy); }).Press("{Tab}").Then([&] {
+    EXPECT_EQ(20, FocusedId());
+  });
+  Run();
+  EXPECT_EQ(1, tabs);
+}
+
+TEST_F(OneDialogTest, KeysThatNoDisplayNamedTypeLettersByThemselves) {
+  const auto letter = [](bool shift, bool control) {
+    return platform::host::KeyStroke{.virtualKey = u'G', .shift = shift, .control = control};
+  };
+  std::string typed;
+  MessageTable listening;
+  listening.On(message::kChar, [&](WindowHandle, const Message& message) {
+    typed += std::to_string(message.wParam) + " ";
+    return 0;
+  });
+  std::unique_ptr<Subclass> subclass;
+  display.Then([&] { subclass = std::make_unique<Subclass>(Control(20), listening); })
+      .Press(letter(false, false))
+      .Press(letter(true, false))
+      .Press(letter(false, true))
+      .Key(key::kSpace);
+  Run();
+  EXPECT_EQ("103 71 7 32 ", typed);
+}
+
+TEST_F(OneDialogTest, WithoutADisplayADialogEndsAtOnce) {
+  CurrentEnvironment().display = nullptr;
+  handler.On(message::kUser, [](WindowHandle window, const Message&) {
+    EndDialog(window, 5);
+    return 0;
+  });
+  EXPECT_EQ(0, Run());
+  Beep();
+  PauseMs(10);
+  CurrentEnvironment().display = &display;
+  EXPECT_EQ(0, display.beeps);
+  Beep();
+  EXPECT_EQ(1, display.beeps);
+}
+
+TEST_F(OneDialogTest, APlainWindowThatIsClosedGoes) {
+  display.Then([this] {
+    EXPECT_NE(0, Send(Control(20), message::kGetFont));
+    EXPECT_EQ(1, Send(Control(23), message::kEraseBackground));
+    Send(Control(23), message::kClose);
+    EXPECT_EQ(nullptr, Control(23));
+  });
+  Run();
+}
+
 TEST_F(OneDialogTest, ADialogThatEndsWhileItIsInitialisedIsNeverShown) {
   bool everShown = false;
   MessageTable ending;

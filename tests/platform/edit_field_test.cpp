@@ -225,5 +225,121 @@ TEST_F(EditFieldTest, TheCaretMovesThroughLinesAndScrolls) {
   }
 }
 
+TEST_F(EditFieldTest, DeleteWithShiftTakesTheCharacterBeforeAndWithControlTheRestOfTheLine) {
+  const EditField edit = MakeEdit(kPage, 100, 60);
+  MessageTable handler;
+  handler.On(message::kInitDialog, [](WindowHandle, const Message&) { return 0; });
+  const auto begin = [&] {
+    SetText(edit.Handle(), u"abcd\r\nef");
+    Focus(edit.Handle());
+    edit.Select(2, 2);
+  };
+  display.Then(begin)
+      .Press({.virtualKey = key::kDelete, .shift = true})
+      .Then([&] {
+        EXPECT_EQ(u"acd\r\nef", TextOf(edit.Handle()));
+        begin();
+      })
+      .Press({.virtualKey = key::kDelete, .control = true})
+      .Then([&] { EXPECT_EQ(u"ab\r\nef", TextOf(edit.Handle())); })
+      .Press({.virtualKey = key::kEnd, .control = true})
+      .Then([&] {
+        EXPECT_EQ((Selection{6, 6}), edit.GetSelection());
+      });
+  RunDialog({}, nullptr, handler);
+  EXPECT_EQ(u"ab\r\nef", TextOf(edit.Handle()));
+}
+
+TEST_F(EditFieldTest, TellsItsLimitAndItsPasswordCharacter) {
+  constexpr std::uint32_t kGetPasswordChar = 0x00D2;
+  constexpr std::uint32_t kGetLimit = 0x00D5;
+  const WindowHandle edit = MakeEdit(kLine).Handle();
+  EXPECT_EQ(30000, Send(edit, kGetLimit));
+  EditField(edit).LimitText(4);
+  EXPECT_EQ(4, Send(edit, kGetLimit));
+  for (const WParam none : {WParam{0}, WParam{0x7FFFFFFF}}) {
+    Send(edit, message::kEditLimitText, none);
+    EXPECT_EQ(0x7FFFFFFE, Send(edit, kGetLimit));
+  }
+  EXPECT_EQ(0, Send(edit, kGetPasswordChar));
+  Send(edit, message::kEditSetPasswordChar, u'#');
+  EXPECT_EQ(u'#', Send(edit, kGetPasswordChar));
+  EXPECT_EQ(u'#', EditStateOf(edit)->passwordChar);
+}
+
+TEST_F(EditFieldTest, APasswordTakesWhatItCanShowAsStars) {
+  const WindowHandle edit = MakeEdit(style::kEditPassword, 12).Handle();
+  Type(edit, u"..........");  // narrow, but each is shown as a star
+  const std::size_t taken = TextOf(edit).size();
+  EXPECT_LT(0U, taken);
+  EXPECT_GT(10U, taken);
+}
+
+TEST_F(EditFieldTest, TheProgramClearsTheSelectionAndNothingIsPasted) {
+  constexpr std::uint32_t kClear = 0x0303;
+  const EditField edit = MakeEdit(kLine);
+  SetText(edit.Handle(), u"abcd");
+  Send(edit.Handle(), kClear);
+  EXPECT_EQ(u"abcd", TextOf(edit.Handle()));
+  edit.Select(1, 3);
+  Send(edit.Handle(), message::kPaste);
+  EXPECT_EQ(u"abcd", TextOf(edit.Handle()));
+  Send(edit.Handle(), kClear);
+  EXPECT_EQ(u"ad", TextOf(edit.Handle()));
+}
+
+TEST_F(EditFieldTest, WhatCanBeReadOnlyCanBeEditedAgain) {
+  const EditField edit = MakeEdit(kLine);
+  edit.SetReadOnly(true);
+  EXPECT_TRUE(EditStateOf(edit.Handle())->readOnly);
+  Type(edit.Handle(), u"a\b");
+  Press(edit.Handle(), key::kDelete);
+  EXPECT_EQ(u"", TextOf(edit.Handle()));
+  edit.SetReadOnly(false);
+  Type(edit.Handle(), u"a");
+  EXPECT_EQ(u"a", TextOf(edit.Handle()));
+}
+
+TEST_F(EditFieldTest, OnlyPagesScroll) {
+  const EditField line = MakeEdit(kLine);
+  SetText(line.Handle(), u"text");
+  line.ScrollLines(3);
+  line.ScrollPage(true);
+  EXPECT_EQ(0, line.FirstVisibleLine());
+  const EditField page = MakeEdit(kPage, 100, 2 * 16 + 2);
+  SetText(page.Handle(), u"1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n7");
+  const int lines = static_cast<int>(page.LineCount());
+  EXPECT_EQ(7, lines);
+  page.ScrollPage(true);
+  const int down = page.FirstVisibleLine();
+  EXPECT_LT(0, down);
+  page.ScrollPage(true);
+  EXPECT_EQ(2 * down, page.FirstVisibleLine());
+  page.ScrollPage(false);
+  EXPECT_EQ(down, page.FirstVisibleLine());
+  Send(page.Handle(), message::kEditScroll, 0);  // one line up: not of the terminal's
+  EXPECT_EQ(down, page.FirstVisibleLine());
+  EXPECT_EQ((Selection{0, 0}), page.GetSelection());
+}
+
+TEST_F(EditFieldTest, LineEndsAndTabsAreTypedIntoPagesOnly) {
+  const EditField page = MakeEdit(kPage, 100, 60);
+  Type(page.Handle(), u"a\rb\nc\td");
+  EXPECT_EQ(u"a\r\nb\r\nc\td", TextOf(page.Handle()));
+  page.SetReadOnly(true);
+  Type(page.Handle(), u"\r\n\t");
+  EXPECT_EQ(u"a\r\nb\r\nc\td", TextOf(page.Handle()));
+  const EditField line = MakeEdit(kLine);
+  Type(line.Handle(), u"a\rb\nc\td\x7F\x01");
+  EXPECT_EQ(u"abcd", TextOf(line.Handle()));
+}
+
+TEST_F(EditFieldTest, AClickTakesTheFocus) {
+  const WindowHandle edit = MakeEdit(kLine).Handle();
+  Focus(frameWindow);
+  Send(edit, message::kLeftButtonDown);
+  EXPECT_EQ(edit, FocusedWindow());
+}
+
 }  // namespace
 }  // namespace platform

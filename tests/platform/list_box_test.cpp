@@ -157,5 +157,65 @@ TEST_F(ListBoxTest, AListWithoutAWindowIsEmpty) {
   EXPECT_EQ(nullptr, none.Data<int>(0));
 }
 
+TEST_F(ListBoxTest, WhatIsBeyondTheLastLineIsRefused) {
+  const WindowHandle list = MakeList(2).Handle();
+  char16_t buffer[8] = u"before";
+  const struct {
+    std::uint32_t id;
+    WParam index;
+    LParam data;
+  } cases[] = {
+      {message::kListGetText, 2, ToLParam(buffer)},
+      {message::kListGetTextLength, 2, 0},
+      {message::kListGetItemData, 2, 0},
+      {message::kListSetItemData, 2, 5},
+      {message::kListSetTopIndex, 2, 0},
+      {message::kListDeleteString, 2, 0},
+      {message::kListInsertString, 3, ToLParam(u"line")},
+      {message::kListSetCurrentSelection, 2, 0},
+      {message::kListSetCurrentSelection, static_cast<WParam>(-2), 0},
+      {message::kListSetItemHeight, 0, 0},
+      {message::kListSetItemHeight, 0, 256},
+  };
+  const int height = ListBox(list).ItemHeight();
+  for (const auto& c : cases) EXPECT_EQ(-1, Send(list, c.id, c.index, c.data)) << c.id;
+  EXPECT_EQ(u"before", WideString(buffer));
+  EXPECT_EQ((std::vector<WideString>{u"a line", u"b line"}), ListStateOf(list)->lines);
+  EXPECT_EQ(height, ListBox(list).ItemHeight());
+  EXPECT_EQ(-1, ListBox(list).Selected());
+}
+
+TEST_F(ListBoxTest, AnInsertionAtMinusOneComesLast) {
+  const ListBox list = MakeList(2);
+  EXPECT_EQ(2, Send(list.Handle(), message::kListInsertString, static_cast<WParam>(-1), ToLParam(u"last")));
+  EXPECT_EQ(u"last", list.Line(2));
+}
+
+TEST_F(ListBoxTest, WithoutItsLastLineItIsAsNew) {
+  const ListBox list = MakeList(1);
+  list.Select(0);
+  list.Remove(0);
+  EXPECT_EQ(0, list.Count());
+  EXPECT_EQ(-1, list.Selected());
+  list.Add(u"new");
+  EXPECT_EQ(-1, list.Selected());
+}
+
+TEST_F(ListBoxTest, ADoubleClickTellsAtOnceAndAClickBesideTheLinesTellsNothing) {
+  const ListBox list = MakeList(3);
+  const auto at = [](int y) { return static_cast<LParam>(y) << 16; };
+  Send(list.Handle(), message::kLeftButtonDoubleClick, 0, at(20));
+  EXPECT_EQ(1, list.Selected());
+  EXPECT_EQ(notification::kListDoubleClick, notifications.back());
+  notifications.clear();
+  Send(list.Handle(), message::kLeftButtonUp);  // the double click's
+  for (const int outside : {60, -3}) {
+    Send(list.Handle(), message::kLeftButtonDown, 0, at(outside & 0xFFFF));
+    Send(list.Handle(), message::kLeftButtonUp);
+    EXPECT_EQ(1, list.Selected()) << outside;
+  }
+  EXPECT_TRUE(notifications.empty());
+}
+
 }  // namespace
 }  // namespace platform
