@@ -50,7 +50,11 @@ TEST_F(DateTimePickerTest, WhatIsNoDateChangesNothing) {
   const SystemTime before{2024, 2, 4, 29, 1, 2, 3, 0};
   const DateTimePicker picker = MakePicker(kDate, before);
   for (const SystemTime& wrong : {SystemTime{2023, 2, 0, 29, 0, 0, 0, 0}, SystemTime{2024, 13, 0, 1, 0, 0, 0, 0},
-                                  SystemTime{2024, 1, 0, 0, 0, 0, 0, 0}, SystemTime{2024, 1, 0, 1, 24, 0, 0, 0}}) {
+                                  SystemTime{2024, 1, 0, 0, 0, 0, 0, 0}, SystemTime{2024, 1, 0, 1, 24, 0, 0, 0},
+                                  SystemTime{2024, 1, 0, 32, 0, 0, 0, 0}, SystemTime{2024, 0, 0, 1, 0, 0, 0, 0},
+                                  SystemTime{1900, 2, 0, 29, 0, 0, 0, 0}, SystemTime{1600, 1, 0, 1, 0, 0, 0, 0},
+                                  SystemTime{10000, 1, 0, 1, 0, 0, 0, 0}, SystemTime{2024, 1, 0, 1, 0, 60, 0, 0},
+                                  SystemTime{2024, 1, 0, 1, 0, 0, 60, 0}, SystemTime{2024, 1, 0, 1, 0, 0, 0, 1000}}) {
     EXPECT_FALSE(picker.SetTime(wrong));
     EXPECT_EQ(before, picker.Time());
   }
@@ -149,6 +153,33 @@ TEST_F(DateTimePickerTest, AYearThatCannotBeShownIsAcceptedAndChangesNothing) {
   EXPECT_TRUE(picker.SetTime({1700, 1, 0, 1, 0, 0, 0, 0}));
   EXPECT_EQ(before, picker.Time());
   EXPECT_TRUE(notifications.empty());
+}
+
+TEST_F(DateTimePickerTest, TheDayOfTheWeekFollowsTheDate) {
+  const DateTimePicker picker = MakePicker(u"ddd", {2024, 1, 0, 1, 0, 0, 0, 0});
+  const struct {
+    SystemTime time;
+    const char16_t* shown;
+  } cases[] = {
+      {{2024, 1, 0, 1, 0, 0, 0, 0}, u"Mon"},
+      {{2000, 2, 0, 29, 0, 0, 0, 0}, u"Tue"},  // a leap year for all that it ends a century
+      {{1999, 12, 0, 31, 0, 0, 0, 0}, u"Fri"},
+      {{2023, 12, 5, 31, 0, 0, 0, 0}, u"Sun"},  // whatever was said with it
+  };
+  for (const auto& c : cases) {
+    EXPECT_TRUE(picker.SetTime(c.time));
+    EXPECT_EQ(c.shown, TextOf(picker.Handle()));
+  }
+}
+
+TEST_F(DateTimePickerTest, AClickTakesTheFocusAndItsTextCannotBeSet) {
+  const DateTimePicker picker = MakePicker(u"d", {2024, 1, 0, 31, 0, 0, 0, 0});
+  Focus(frameWindow);
+  Send(picker.Handle(), message::kLeftButtonDown);
+  EXPECT_EQ(picker.Handle(), FocusedWindow());
+  SetText(picker.Handle(), u"5");
+  EXPECT_EQ(u"31", TextOf(picker.Handle()));
+  EXPECT_EQ(dialog_code::kWantArrows | dialog_code::kWantChars, Send(picker.Handle(), message::kGetDialogCode));
 }
 
 }  // namespace

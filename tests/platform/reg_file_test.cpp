@@ -136,6 +136,19 @@ TEST(RegFile, ABrokenLineIsNamed) {
       {"\"x\"=dword:123456789", 4, "a dword needs one to eight hexadecimal digits"},
       {"\"x\"=hex:01,zz", 4, "the hexadecimal data is not a list of bytes"},
       {"\"x\"=hex:0102", 4, "the hexadecimal data is not a list of bytes"},
+      {"\"x\"=dword:0000000g", 4, "a dword needs one to eight hexadecimal digits"},
+      {"\"x\"=dword:1/", 4, "a dword needs one to eight hexadecimal digits"},
+      {"\"x\"=dword:1@", 4, "a dword needs one to eight hexadecimal digits"},
+      {"\"x\"=hex:,01", 4, "the hexadecimal data is not a list of bytes"},
+      {"\"x\"=hex:01 02", 4, "the hexadecimal data is not a list of bytes"},
+      {"\"x\"=hex(2", 4, "the type of the hexadecimal data is not understood"},
+      {"\"x\"=hex(2\n):01", 4, "the type of the hexadecimal data is not understood"},
+      {"\"x\"=hex():01", 4, "the type of the hexadecimal data is not understood"},
+      {"\"x\"=hex:01,\\", 4, "a backslash that is not the line's last character"},
+      {"\"x\"=-1", 4, "unexpected text after the value"},
+      {"\"x", 4, "a text without its closing quote"},
+      {"\"x\"=\"1\\", 4, "a text without its closing quote"},
+      {"\"x\"=\"1\n2\\\n3\"\n nonsense", 7, "neither a key nor a value"},
       {"\"x\"=hex(q):01", 4, "the type of the hexadecimal data is not understood"},
       {"\"x\"=hex 01", 4, "the hexadecimal data has no \":\""},
       {"\"x\"=hex:01,\\ 02", 4, "a backslash that is not the line's last character"},
@@ -154,6 +167,33 @@ TEST(RegFile, AKeyOfEndlessDepthIsRefused) {
   std::string deep = kHeader + "[HKEY_LOCAL_MACHINE";
   for (int i = 0; i < 100'000; ++i) deep += "\\a";
   EXPECT_EQ("the key lies too deep", ReadRegFile(deep + "]").problem);
+}
+
+TEST(RegFile, BlanksAndCommentsMayStandAroundWhatCounts) {
+  const auto file = ReadRegFile(kHeader +
+                                "\t[HKEY_LOCAL_MACHINE\\A[1]]  ; a comment\r\n"
+                                " \t\"n\" \t= \"v\" ; a comment\n"
+                                "\"h\"=hex: 1 ,\t0A,\\ \t\r\n  b ; a comment\n"
+                                "\"e\"=hex:01,\n"
+                                "@ =dword:FfAa09 \n"
+                                "\"t\"=\"a\\nb\\rc\\0d\\q\"");
+  ASSERT_TRUE(file.tree) << file.line << ": " << file.problem;
+  const RegistryTreeKey* const key = Key(file, u"A[1]");
+  ASSERT_NE(nullptr, key);
+  EXPECT_EQ(u"v", TextOf(key->values.at(u"n")));
+  EXPECT_EQ("\x01\x0A\x0B", key->values.at(u"h").data);
+  EXPECT_EQ("\x01", key->values.at(u"e").data);
+  EXPECT_EQ(std::string("\x09\xAA\xFF\0", 4), key->values.at(u"").data);
+  EXPECT_EQ(WideString(u"a\nb\rc\0dq", 8), TextOf(key->values.at(u"t")));
+}
+
+TEST(RegFile, ARootThatIsDeletedIsEmptyAndOneThatIsNotThereStaysAway) {
+  const auto file =
+      ReadRegFile(kHeader + "[-HKEY_USERS]\n[HKEY_LOCAL_MACHINE\\A]\n@=\"x\"\n[-HKEY_LOCAL_MACHINE]\n@=\"y\"\n");
+  ASSERT_TRUE(file.tree) << file.line << ": " << file.problem;
+  EXPECT_EQ(nullptr, Key(file, u"A"));
+  EXPECT_TRUE(Key(file, u"")->values.empty());
+  EXPECT_EQ(nullptr, file.tree->Find(RegistryTree::kUsers, u""));
 }
 
 }  // namespace
