@@ -11,7 +11,8 @@
 #include "rules/rules.h"
 #include "ui/edit_dialog.h"
 #include "values/device_access.h"
-#include "values/pending_changes.h"
+#include "values/event_names.h"
+#include "values/pending_change.h"
 #include "values/property_line_text.h"
 #include "values/symbol_table.h"
 

@@ -17,7 +17,8 @@ void MenuItem::Rename(WideString name, WideString displayName, WideString title)
   name_ = std::move(name);
   displayName_ = std::move(displayName);
   title_ = std::move(title);
-  SetLineText(title_);
+  text_ = title_;
+  suffix_.clear();
 }
 
 MenuItem::~MenuItem() { RemoveChildren(); }
@@ -52,6 +53,13 @@ void MenuItem::RemoveChildren() {
 void MenuItem::SetLineText(WideString text) {
   text_ = std::move(text);
   suffix_.clear();
+  textIsWholeLine_ = true;
+}
+
+void MenuItem::SetSuffix(WideString suffix) {
+  if (textIsWholeLine_) text_ = title_;
+  textIsWholeLine_ = false;
+  suffix_ = std::move(suffix);
 }
 
 void MenuItem::SetFirstColumn(char16_t mark) {

@@ -38,13 +38,13 @@ class MenuItem final : public values::PropertyLine {
   MenuItem& AddChild(WideString name, WideString displayName, WideString title);
   void RemoveChildren();
 
-  // The line reads: text, then suffix ("  <value>"). Setting the whole text clears the suffix.
+  // The line reads: text, then suffix ("  <value>"). Setting the whole text clears the suffix; a suffix set after that
+  // follows the title again.
   WideString LineText() const { return text_ + suffix_; }
   const WideString& Text() const { return text_; }
   const WideString& Suffix() const { return suffix_; }
   void SetLineText(WideString text) override;
-  void SetText(WideString text) { text_ = std::move(text); }
-  void SetSuffix(WideString suffix) { suffix_ = std::move(suffix); }
+  void SetSuffix(WideString suffix);
   // The mark that rules set and clear: column 0 of the text.
   void SetFirstColumn(char16_t mark);
 
@@ -79,6 +79,7 @@ class MenuItem final : public values::PropertyLine {
   WideString title_;
   WideString text_;
   WideString suffix_;
+  bool textIsWholeLine_ = false;
   std::vector<std::unique_ptr<MenuItem>> children_;
   values::PropertyDescriptor* descriptor_ = nullptr;
   DisplayState state_ = DisplayState::kNormal;

@@ -15,17 +15,16 @@ WideString OidOf(const config::ConfigKey& key) {
   return WideString(oid.empty() ? key.Value(TextId::kCmdOid) : oid);
 }
 
-// A property's line shows its value unless the property is a whole command or was not read at all.
-bool ShowsValue(const values::PropertyDescriptor& descriptor) {
-  if (descriptor.Type().empty() || descriptor.Type() == LoadText(TextId::kReaderCmd)) return false;
-  return !descriptor.GetOID().empty() || !descriptor.Resolve(TextId::kCmdOid).empty();
-}
-
 bool IsCommand(const config::ConfigKey& key) {
   return !key.Value(TextId::kFunction).empty() || !key.Value(TextId::kAppName).empty();
 }
 
 }  // namespace
+
+bool ShowsValue(const values::PropertyDescriptor& descriptor) {
+  if (descriptor.HeldType() == LoadText(TextId::kReaderCmd)) return false;
+  return !descriptor.GetOID().empty() || !descriptor.Resolve(TextId::kCmdOid).empty();
+}
 
 MenuModel::MenuModel(const Environment& environment)
     : environment_(environment), root_(std::make_unique<MenuItem>(nullptr, WideString(), WideString(), WideString())) {}
@@ -141,8 +140,9 @@ WideString MenuModel::ShownValue(const values::PropertyDescriptor& descriptor) c
 
 void MenuModel::UpdateSuffix(MenuItem& item) const {
   const values::PropertyDescriptor* descriptor = item.Descriptor();
-  if (descriptor == nullptr || !ShowsValue(*descriptor)) return;
-  item.SetSuffix(base::Format(LoadText(TextId::kValueSuffixFormat), ShownValue(*descriptor)));
+  if (descriptor == nullptr) return;
+  const bool shows = ShowsValue(*descriptor);
+  item.SetSuffix(shows ? base::Format(LoadText(TextId::kValueSuffixFormat), ShownValue(*descriptor)) : WideString());
 }
 
 }  // namespace model

@@ -23,6 +23,9 @@ namespace model {
 // The properties that name one page.
 using PropertyPage = std::vector<const values::PropertyDescriptor*>;
 
+// A property's line shows its value unless the property is a whole command or was not read at all.
+bool ShowsValue(const values::PropertyDescriptor& descriptor);
+
 class MenuModel {
  public:
   // What building needs; all outlive the model. `deviceGate` is waited for before each read from the device.
@@ -67,7 +70,7 @@ class MenuModel {
   void WaitForDevice() const;
   // The text between the angle brackets of a property's line: choice text, dotted address, masked secret.
   WideString ShownValue(const values::PropertyDescriptor& descriptor) const;
-  // Makes an item's suffix anew from its property's shown value; an item that shows no value keeps none.
+  // Makes the suffix of a property's item anew from the property's shown value, or leaves it out where none is shown.
   void UpdateSuffix(MenuItem& item) const;
 
  private:

@@ -4,8 +4,6 @@
 #include "platform/events.h"
 
 #include <algorithm>
-#include <map>
-#include <vector>
 
 namespace rules {
 namespace {
@@ -19,10 +17,8 @@ class DefaultsOfModel final : public model::DefaultsHost {
   bool IsActive(const config::ConfigKey& key) override { return dependencies_.EvaluateDependencies(key); }
 
   WideString ReadValue(const WideString& oid, const WideString& type) override {
-    const auto* property = context_.model.FindDescriptor(oid);
     WideString value;
-    context_.device.DoSnmpGet(property == nullptr ? oid : context_.device.FillOid(oid, property->Attributes()), type,
-                              value);
+    context_.device.DoSnmpGet(values::DeviceOid(context_.model.Descriptors(), context_.device, oid), type, value);
     return value;
   }
 
@@ -81,7 +77,7 @@ void ChangeApplier::RestoreAllDefaults() {
       model::WalkDefaults(*tree, context_.model.RootPath(), model::DefaultsMode::kRestore, host);
       model::WalkDefaults(*tree, context_.model.RootPath(), model::DefaultsMode::kExitRules, host);
     }
-    restored = SubmitDefaults(outcome);
+    restored = ApplyChanges(outcome);
   }
   if (!restored) {
     context_.boxes.Show(LoadText(TextId::kRestoreFailed), u"Error", values::kWarningBox);
@@ -89,43 +85,6 @@ void ChangeApplier::RestoreAllDefaults() {
   } else if (outcome != static_cast<int>(ApplyOutcome::kNoMessage)) {
     ShowApplyResult(outcome);
   }
-}
-
-bool ChangeApplier::SubmitDefaults(int& outcome) {
-  struct Sent {
-    values::PendingChange change;
-    bool wasChanged;
-    bool taken;
-  };
-  // Submitting empties the list and clears the mark of every property whose value the device has taken.
-  std::vector<Sent> all;
-  for (const auto& change : context_.changes) {
-    const bool isLocal = values::IsPseudoOid(change.oid);
-    auto* property = context_.model.FindDescriptor(change.oid);
-    all.push_back({change, property != nullptr && property->IsChanged(), isLocal});
-    if (property != nullptr && !isLocal) property->SetChanged(true);
-  }
-  const bool submitted = ApplyChanges(outcome);
-  for (Sent& sent : all) {
-    const auto* property = context_.model.FindDescriptor(sent.change.oid);
-    sent.taken = property != nullptr && (sent.taken || !property->IsChanged());
-  }
-  std::map<WideString, int> fieldCounts;  // of the commands that have a new value
-  for (const Sent& sent : all) {
-    auto* property = context_.model.FindDescriptor(sent.change.oid);
-    if (property == nullptr) continue;
-    if (!sent.taken) {
-      property->SetChanged(sent.wasChanged);
-      continue;
-    }
-    property->SetNewValue(sent.change.value);
-    if (const auto* layout = property->CommandLayout()) fieldCounts[sent.change.oid] = layout->Count();
-    items_.UpdateLine(*property);
-  }
-  for (const auto& [commandOid, count] : fieldCounts) {
-    for (int number = 1; number <= count; ++number) items_.RereadField(commandOid, number);
-  }
-  return submitted;
 }
 
 bool ChangeApplier::ConfirmLeaving() {

@@ -7,7 +7,7 @@
 
 namespace rules {
 
-// Codes of an outcome; any other than these is one of plain success.
+// What an apply came to, as a code. Any other code is plain success too.
 enum class ApplyOutcome {
   kApplied = 0,
   kAfterAdapterResume = 1,
@@ -18,16 +18,16 @@ enum class ApplyOutcome {
 
 class ChangeApplier {
  public:
-  ChangeApplier(const Context& context, ChangeQueue& queue, Dependencies& dependencies, ItemOperations& items)
-      : context_(context), queue_(queue), dependencies_(dependencies), items_(items) {}
+  ChangeApplier(const Context& context, ChangeQueue& queue, Dependencies& dependencies)
+      : context_(context), queue_(queue), dependencies_(dependencies) {}
 
-  // True when the device has taken all pending changes. In either case the first edited property is forgotten and the
-  // events are pulsed.
+  // Submits the pending changes: true when the device has taken them all. Whatever it says, the first edited property
+  // is forgotten and the events are pulsed.
   bool ApplyChanges(int& outcome);
 
   void ShowApplyResult(int outcome);
 
-  // Sends every factory value and what the exit rules ask for. The properties then hold what the device has taken.
+  // Sends every factory value and what the exit rules ask for.
   void RestoreAllDefaults();
 
   // Asks about pending changes before the program is left: false to stay.
@@ -35,12 +35,10 @@ class ChangeApplier {
 
  private:
   void PulseEvents();
-  bool SubmitDefaults(int& outcome);
 
   Context context_;
   ChangeQueue& queue_;
   Dependencies& dependencies_;
-  ItemOperations& items_;
 };
 
 }  // namespace rules

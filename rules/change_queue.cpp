@@ -2,6 +2,8 @@
 
 #include "values/value_types.h"
 
+#include <utility>
+
 namespace rules {
 
 void ChangeQueue::Add(const WideString& oid, const WideString& type, const WideString& text) {
@@ -12,9 +14,17 @@ void ChangeQueue::Add(const WideString& oid, const WideString& type, const WideS
   context_.changes.push_back(std::move(change));
 }
 
+void ChangeQueue::Clear() {
+  for (const values::PendingChange& change : std::exchange(context_.changes, {})) items_.DropEdit(change.oid);
+}
+
+void ChangeQueue::Settled(const values::PendingChange& change, bool taken) {
+  items_.Settle(change.oid, change.value, taken);
+}
+
 bool ChangeQueue::Submit(int& outcome) {
   const values::SubmitContext submit{context_.device, context_.model.Descriptors(), context_.boxes,
-                                     single_,         context_.shell.MainWindow(),  context_.flashWrite};
+                                     *this,           context_.shell.MainWindow(),  context_.flashWrite};
   return values::SnmpSetChanges(context_.changes, outcome, submit) == 0;
 }
 

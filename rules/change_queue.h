@@ -1,26 +1,34 @@
 // The pending changes as rules and commands use them: texts go in, all are submitted together.
 #pragma once
 
-#include "rules/single_value.h"
+#include "rules/item_operations.h"
+#include "values/submission.h"
 
 namespace rules {
 
-class ChangeQueue {
+class ChangeQueue final : private values::SubmitHost {
  public:
-  ChangeQueue(const Context& context, SingleValues& singleValues) : context_(context), single_(singleValues) {}
+  ChangeQueue(const Context& context, const SingleValues& singleValues, ItemOperations& items)
+      : context_(context), single_(singleValues), items_(items) {}
 
-  // The text is read as a value of the type; a key is treated as the type and the property of the OID ask.
+  // The text is read as a value of `type`, and a key is treated as one of that type.
   void Add(const WideString& oid, const WideString& type, const WideString& text);
-  void Clear() { context_.changes.clear(); }
+  // The edits are dropped, unsent.
+  void Clear();
   bool IsEmpty() const { return context_.changes.empty(); }
 
-  // False when something failed; that has been shown. `outcome` is the code of an apply's outcome.
+  // Each property has what the device took of it. False when something failed; that has been shown. `outcome` becomes
+  // the code of an apply's outcome.
   bool Submit(int& outcome);
   bool Submit();
 
  private:
+  WideString ErrorTextOf(WideStringView oid) override { return single_.ErrorTextOf(oid); }
+  void Settled(const values::PendingChange& change, bool taken) override;
+
   Context context_;
-  SingleValues& single_;
+  const SingleValues& single_;
+  ItemOperations& items_;
 };
 
 }  // namespace rules

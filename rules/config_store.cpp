@@ -48,10 +48,10 @@ void ReadFromCommand(const Context& context, const WideString& commandOid, value
   const auto tree = context.model.Tree();  // stays while a message is shown
   const values::PropertyDescriptor* inModel = context.model.FindDescriptor(commandOid);
   if (inModel == nullptr) return;
-  const config::ConfigKey* key = tree->Find(inModel->Path());
+  const config::ConfigKey* key = inModel->Key();
   context.model.WaitForDevice();
   const values::PropertyDescriptor command(key, context.device, context.symbols, own);
-  field.InitFromCommand(own);
+  field.InitFromCommand();
 }
 
 void WriteProperty(const Context& context, const config::ConfigKey& key, WideStringView oid, UnitWriter& writer) {

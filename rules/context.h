@@ -5,8 +5,9 @@
 #include "rules/rule_listener.h"
 #include "rules/shell.h"
 #include "values/device_access.h"
+#include "values/event_names.h"
 #include "values/message_boxes.h"
-#include "values/pending_changes.h"
+#include "values/pending_change.h"
 #include "values/property_line_text.h"
 #include "values/symbol_table.h"
 

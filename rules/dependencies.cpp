@@ -112,7 +112,7 @@ void Dependencies::ExecuteRuleAction(model::MenuItem* item, WideStringView actio
                                  [&](const ActionRow& known) { return base::EqualsIgnoringCase(known.name, action); });
   TellAction(action, row == std::end(kActions) ? nullptr : &row->effect);
   if (row == std::end(kActions)) return;
-  Apply(row->effect, *item, {WideString(node->Value(TextId::kOid)), WideString(node->Value(TextId::kType))});
+  Apply(row->effect, *item, {Operands::OidOfName(kNodeItself, node), WideString(node->Value(TextId::kType))});
 }
 
 std::optional<model::DisplayState> Dependencies::StateOf(Effect effect) {
@@ -145,7 +145,13 @@ void Dependencies::Mark(model::MenuItem& item, char16_t mark) {
 
 void Dependencies::Refresh(model::MenuItem& item, const Reading& reading) {
   if (reading.oid.empty() || values::IsPseudoOid(reading.oid)) return;
-  WideString text = items_.Reread(reading.oid, reading.type);
+  WideString text;
+  if (const WideString command = operands_.CommandOf(reading.oid); command.empty()) {
+    text = items_.Reread(reading.oid, reading.type);
+  } else {
+    items_.Reread(command, WideString(LoadText(TextId::kReaderCmd)));
+    text = operands_.ValueOf(reading.oid, reading.type);
+  }
   if (const auto* property = context_.model.FindDescriptor(reading.oid)) {
     text = context_.model.ShownValue(*property);
   } else if (item.Descriptor() != nullptr) {
@@ -169,14 +175,15 @@ void Dependencies::NarrowChoices(model::MenuItem& item, const config::ConfigKey&
   text = text.substr(0, text.find(u'"'));
   const std::size_t colon = text.find(u':');
   const WideStringView choiceText = text.substr(0, colon);
-  property->ReplaceChoices(WideString(choiceText));
+  items_.SetItemChoices(*property, choiceText);
   const WideStringView fallback = colon == WideStringView::npos ? WideStringView() : text.substr(colon + 1);
-  const bool stores = colon != WideStringView::npos && !IsChosen(item, *property);
+  const bool stores = !fallback.empty() && !IsChosen(item, *property);
   if (context_.listener != nullptr) {
     context_.listener->OnChoices(item, choiceText, stores ? fallback : WideStringView());
   }
   if (!stores) return;
-  items_.StoreValue(WideString(node.Value(TextId::kOid)), WideString(node.Value(TextId::kType)), WideString(fallback));
+  items_.CorrectValue(WideString(node.Value(TextId::kOid)), WideString(node.Value(TextId::kType)),
+                      WideString(fallback));
 }
 
 }  // namespace rules

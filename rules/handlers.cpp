@@ -3,6 +3,7 @@
 #include "base/format.h"
 #include "base/string_table.h"
 #include "model/set_triple.h"
+#include "rules/command_table.h"
 #include "rules/config_store.h"
 #include "rules/program_start.h"
 #include "rules/summary.h"
@@ -13,21 +14,13 @@ namespace rules {
 namespace {
 
 constexpr WideStringView kVerify = u"VerifyNetUI";
+constexpr WideStringView kApplyNetworkSettings = u"ApplyNetworkSettings";
 
 bool AnyChanged(const model::MenuItem& menu) {
   return std::any_of(menu.Children().begin(), menu.Children().end(), [](const auto& item) { return item->changed; });
 }
 
 }  // namespace
-
-bool Handlers::RunNamed(std::span<const Named> commands, WideStringView name, model::MenuItem& item) {
-  for (const Named& command : commands) {
-    if (command.name != name) continue;
-    (this->*command.run)(item);
-    return true;
-  }
-  return false;
-}
 
 // --- entering and leaving ---
 
@@ -54,44 +47,37 @@ void Handlers::RunExitHandlers(model::MenuItem& menu) {
 }
 
 void Handlers::RunExitCommand(model::MenuItem& menu, WideStringView command) {
-  static const Named kCommands[] = {
-      {LoadText(TextId::kFlagChanges), &Handlers::CarryChangesUp},
-      {kVerify, &Handlers::VerifyNetUI},
-      {u"CheckWEPKey", &Handlers::CheckWEPKey},
+  static const Command<Handlers> kCommands[] = {
+      {LoadText(TextId::kFlagChanges),
+       [](auto&, auto& item, auto) {
+         if (AnyChanged(item)) item.changed = true;
+       }},
+      {kVerify, [](auto& self, auto&, auto) { self.wireless_.VerifyNetUI(); }},
+      {u"CheckWEPKey", [](auto& self, auto&, auto) { self.wireless_.CheckWEPKey(); }},
+      {u"Rebind:", [](auto& self, auto&, auto rest) { self.Rebind(rest); }},
+      {u"IfChanges:", [](auto& self, auto& item, auto rest) { self.IfChanges(item, rest); }},
   };
-  static constexpr Prefixed kPrefixed[] = {
-      {u"Rebind:", &Handlers::Rebind},
-      {u"IfChanges:", &Handlers::IfChanges},
-  };
-
-  if (RunNamed(kCommands, command, menu)) return;
-  for (const Prefixed& prefixed : kPrefixed) {
-    if (command.starts_with(prefixed.prefix)) (this->*prefixed.run)(menu, command.substr(prefixed.prefix.size()));
-  }
+  RunCommand(kCommands, command, *this, menu);
 }
 
-void Handlers::CarryChangesUp(model::MenuItem& menu) {
-  if (AnyChanged(menu)) menu.changed = true;
-}
-
-void Handlers::Rebind(model::MenuItem&, WideStringView rest) {
-  const auto triple = model::ParseSetTriple(rest);
-  if (!triple) return;
-  queue_.Add(triple->oid, triple->type, triple->value);
+void Handlers::Rebind(WideStringView triple) {
+  const auto setting = model::ParseSetTriple(triple);
+  if (!setting) return;
+  queue_.Add(setting->oid, setting->type, setting->value);
   queue_.Submit();
-  NoteNetworkSettings(triple->oid);
+  NoteNetworkSettings(setting->oid);
 }
 
-void Handlers::IfChanges(model::MenuItem& menu, WideStringView rest) {
+void Handlers::IfChanges(const model::MenuItem& menu, WideStringView command) {
   if (!AnyChanged(menu)) return;
-  if (rest == u"ApplyNetworkSettings") {
-    ApplyNetworkSettings(menu);
+  if (command == kApplyNetworkSettings) {
+    wireless_.ApplyNetworkSettings(&menu);
     return;
   }
-  const auto triple = model::ParseSetTriple(rest);
-  if (!triple) return;
-  single_.SetSingleValue(triple->oid, triple->type, triple->value, &menu);
-  NoteNetworkSettings(triple->oid);
+  const auto setting = model::ParseSetTriple(command);
+  if (!setting) return;
+  items_.SendValue(setting->oid, setting->type, setting->value, &menu);
+  NoteNetworkSettings(setting->oid);
 }
 
 void Handlers::NoteNetworkSettings(WideStringView oid) {
@@ -101,21 +87,12 @@ void Handlers::NoteNetworkSettings(WideStringView oid) {
 // --- selecting a command ---
 
 bool Handlers::RunItemCommand(model::MenuItem& item) {
-  static const Named kFunctions[] = {
-      {LoadText(TextId::kRestoreDefaults), &Handlers::RestoreDefaults},
-      {LoadText(TextId::kSummary), &Handlers::ShowSummary},
-      {u"ApplyNetworkSettings", &Handlers::ApplyNetworkSettings},
-      {u"ImportCertificates", &Handlers::ImportCertificates},
-      {LoadText(TextId::kStoreConfig), &Handlers::Store},
-      {u"WEP_Properties", &Handlers::WepProperties},
-  };
-
   const auto tree = context_.model.Tree();  // stays while a message is shown
   const config::ConfigKey* node = tree ? tree->Find(item.Path()) : nullptr;
   if (node == nullptr) return false;
   const WideStringView function = node->Value(TextId::kFunction);
   const WideStringView program = node->Value(TextId::kAppName);
-  if (!function.empty()) RunNamed(kFunctions, function, item);
+  RunFunction(item, function);
   if (!program.empty()) {
     const CommandLine command = SplitCommandLine(program);
     StartProgram(command, program, context_.boxes);
@@ -124,17 +101,27 @@ bool Handlers::RunItemCommand(model::MenuItem& item) {
   return !function.empty() || !program.empty();
 }
 
-void Handlers::RestoreDefaults(model::MenuItem&) {
+void Handlers::RunFunction(model::MenuItem& item, WideStringView name) {
+  static const Command<Handlers> kFunctions[] = {
+      {LoadText(TextId::kRestoreDefaults), [](auto& self, auto&, auto) { self.RestoreDefaults(); }},
+      {LoadText(TextId::kSummary),
+       [](auto& self, auto& from, auto) { self.context_.shell.ShowTextPage(SummaryLines(self.context_.model, from)); }},
+      {kApplyNetworkSettings, [](auto& self, auto& from, auto) { self.wireless_.ApplyNetworkSettings(&from); }},
+      {u"ImportCertificates", [](auto& self, auto& from, auto) { self.wireless_.ImportCertificates(from); }},
+      {LoadText(TextId::kStoreConfig),
+       [](auto& self, auto&, auto) {
+         if (StoreConfig(self.context_)) self.context_.shell.ShowNote(LoadText(TextId::kSavedNote));
+       }},
+      {u"WEP_Properties", [](auto& self, auto& from, auto) { self.wireless_.WEP_Properties(from); }},
+  };
+  RunCommand(kFunctions, name, *this, item);
+}
+
+void Handlers::RestoreDefaults() {
   const int answer = context_.boxes.Show(LoadText(TextId::kRestoreNow), u"Alert", values::kYesNoBox);
   if (answer != values::kBoxYes) return;
   queue_.Clear();
   applier_.RestoreAllDefaults();
-}
-
-void Handlers::ShowSummary(model::MenuItem& item) { context_.shell.ShowTextPage(SummaryLines(context_.model, item)); }
-
-void Handlers::Store(model::MenuItem&) {
-  if (StoreConfig(context_)) context_.shell.ShowNote(LoadText(TextId::kSavedNote));
 }
 
 }  // namespace rules

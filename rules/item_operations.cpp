@@ -3,9 +3,28 @@
 #include "base/format.h"
 
 namespace rules {
+namespace {
+
+// An empty text gives an empty value.
+values::PropertyValue ValueOf(const values::PropertyDescriptor& property, WideStringView text) {
+  values::PropertyValue value;
+  property.ParseValue(text, value);
+  return value;
+}
+
+void SetEditRefused(values::PropertyDescriptor& field) {
+  if (field.IsChanged()) field.SetRefused(field.OfferedValue());
+}
+
+}  // namespace
 
 void ItemOperations::SetItemChoices(WideStringView key, WideStringView choices) {
-  if (auto* property = context_.model.FindDescriptor(key)) property->ReplaceChoices(WideString(choices));
+  if (auto* property = context_.model.FindDescriptor(key)) SetItemChoices(*property, choices);
+}
+
+void ItemOperations::SetItemChoices(values::PropertyDescriptor& property, WideStringView choices) {
+  property.ReplaceChoices(WideString(choices));
+  UpdateLine(property);
 }
 
 void ItemOperations::SetItemType(WideStringView key, WideStringView type) {
@@ -13,44 +32,76 @@ void ItemOperations::SetItemType(WideStringView key, WideStringView type) {
 }
 
 void ItemOperations::SetItemValue(WideStringView key, WideStringView value) {
-  if (auto* property = context_.model.FindDescriptor(key)) SetValue(*property, value);
+  if (auto* property = context_.model.FindDescriptor(key)) SetTaken(*property, ValueOf(*property, value));
 }
 
-bool ItemOperations::StoreValue(const WideString& oid, const WideString& type, const WideString& value) {
-  auto* property = context_.model.FindDescriptor(oid);
+void ItemOperations::StoreValue(const WideString& oid, const WideString& type, const WideString& value) {
+  const auto* property = context_.model.FindDescriptor(oid);
+  if (property != nullptr) SendValue(oid, type, value, context_.model.ItemOf(*property));
+}
+
+void ItemOperations::SendValue(const WideString& oid, const WideString& type, const WideString& value,
+                               const model::MenuItem* item) {
+  const bool taken = single_.SetSingleValue(oid, type, value, item) >= 0;
+  if (const auto* property = context_.model.FindDescriptor(oid)) Settle(oid, ValueOf(*property, value), taken);
+}
+
+bool ItemOperations::CorrectValue(const WideString& oid, const WideString& type, const WideString& value) {
+  const auto* property = context_.model.FindDescriptor(oid);
   if (property == nullptr) return false;
-  SetValue(*property, value);
-  const platform::ResultCode result = single_.SetSingleValue(oid, type, value, context_.model.ItemOf(*property));
-  property->SetChanged(result < 0);
-  return true;
+  const bool wasRefused = property->RefusedValue() == ValueOf(*property, value);
+  if (!wasRefused) StoreValue(oid, type, value);
+  return !wasRefused;
 }
 
 WideString ItemOperations::Reread(const WideString& oid, const WideString& type) {
   auto* property = context_.model.FindDescriptor(oid);
-  WideString text;
-  const platform::ResultCode result = context_.device.DoSnmpGet(
-      property == nullptr ? oid : context_.device.FillOid(oid, property->Attributes()), type, text);
-  if (property != nullptr) SetReadValue(*property, result, text);
-  return text;
+  std::optional<WideString> text;
+  context_.device.DoSnmpGet(values::DeviceOid(context_.model.Descriptors(), context_.device, oid), type, text);
+  if (property == nullptr) return std::move(text).value_or(WideString());
+  if (!text) {
+    UpdateLine(*property);
+    return {};
+  }
+  SetTaken(*property, ValueOf(*property, *text));
+  return *text;
 }
 
-void ItemOperations::SetReadValue(values::PropertyDescriptor& property, platform::ResultCode result,
-                                  WideStringView value) {
-  const bool wasRead = result == platform::kOk || !value.empty();
-  if (!wasRead) {
-    UpdateLine(property);
+void ItemOperations::Settle(WideStringView oid, const values::PropertyValue& value, bool taken) {
+  auto* property = context_.model.FindDescriptor(oid);
+  if (property == nullptr) return;
+  if (taken) {
+    SetTaken(*property, value);
     return;
   }
-  SetValue(property, value);
-  property.SetChanged(false);
+  property->SetRefused(value);
+  UpdateLine(*property);
+  VisitFields(*property, SetEditRefused);
 }
 
-bool ItemOperations::RereadField(const WideString& commandOid, int number) {
-  auto* field = context_.model.FindDescriptor(base::Format(u"%s:%d", commandOid, number));
-  if (field == nullptr) return false;
-  field->InitFromCommand(context_.model.Descriptors());
-  UpdateLine(*field);
-  return true;
+void ItemOperations::DropEdit(WideStringView oid) {
+  auto* property = context_.model.FindDescriptor(oid);
+  if (property == nullptr) return;
+  property->DropEdit();
+  UpdateLine(*property);
+  VisitFields(*property, [](values::PropertyDescriptor& field) { field.DropEdit(); });
+}
+
+void ItemOperations::SetTaken(values::PropertyDescriptor& property, values::PropertyValue value) {
+  property.SetTaken(std::move(value));
+  UpdateLine(property);
+  VisitFields(property, [](values::PropertyDescriptor& field) { field.InitFromCommand(); });
+}
+
+void ItemOperations::VisitFields(const values::PropertyDescriptor& command, Visit visit) {
+  const values::FieldWidthList* layout = command.CommandLayout();
+  const int count = layout == nullptr ? 0 : layout->Count();
+  for (int number = 1; number <= count; ++number) {
+    auto* field = context_.model.FindDescriptor(base::Format(u"%s:%d", command.GetOID(), number));
+    if (field == nullptr) continue;
+    visit(*field);
+    UpdateLine(*field);
+  }
 }
 
 void ItemOperations::UpdateLine(const values::PropertyDescriptor& property) {
@@ -64,13 +115,6 @@ void ItemOperations::SetState(WideStringView key, model::DisplayState state) {
   const auto* property = context_.model.FindDescriptor(key);
   model::MenuItem* item = property == nullptr ? nullptr : context_.model.ItemOf(*property);
   if (item != nullptr) item->SetState(state);
-}
-
-void ItemOperations::SetValue(values::PropertyDescriptor& property, WideStringView value) {
-  values::PropertyValue parsed;  // an empty text leaves it empty
-  property.ParseValue(value, parsed);
-  property.SetNewValue(std::move(parsed));
-  UpdateLine(property);
 }
 
 }  // namespace rules

@@ -1,5 +1,5 @@
-// Changes that rules make to one property, found by its OID or local key. Each does nothing for a key that the model
-// does not hold. A property's line follows its value.
+// Changes to one property, found by its OID or local key. Each does nothing for a key that the model does not hold. A
+// property's line follows its value and its choices, and the fields of a command follow the command.
 #pragma once
 
 #include "rules/single_value.h"
@@ -11,27 +11,35 @@ class ItemOperations {
   ItemOperations(const Context& context, SingleValues& singleValues) : context_(context), single_(singleValues) {}
 
   void SetItemChoices(WideStringView key, WideStringView choices);
+  void SetItemChoices(values::PropertyDescriptor& property, WideStringView choices);
   void SetItemType(WideStringView key, WideStringView type);
   // Sets the value in the program alone.
   void SetItemValue(WideStringView key, WideStringView value);
-  // Sets the value and stores it on the device at once. A refused store is shown, and the value stays set. False when
-  // the model does not hold the key.
-  bool StoreValue(const WideString& oid, const WideString& type, const WideString& value);
+  // Stores the value on the device at once; a refused store is shown.
+  void StoreValue(const WideString& oid, const WideString& type, const WideString& value);
+  // The same whether the model holds the key or not, a refused store in the words of `item`.
+  void SendValue(const WideString& oid, const WideString& type, const WideString& value, const model::MenuItem* item);
+  // The same for rules that run over and over: what the device has refused last is not tried again. False when nothing
+  // was tried.
+  bool CorrectValue(const WideString& oid, const WideString& type, const WideString& value);
   void ShowItem(WideStringView key) { SetState(key, model::DisplayState::kNormal); }
   void HideItem(WideStringView key) { SetState(key, model::DisplayState::kNotDisplayed); }
 
   // Reads a value from the device. The property of the OID, if there is one, takes it over, or keeps its own where the
   // read failed. The text that was read.
   WideString Reread(const WideString& oid, const WideString& type);
-  // A command's field, counted from 1, takes its value out of the command's anew. False: the model does not hold it.
-  bool RereadField(const WideString& commandOid, int number);
-  // Makes the property's line show its value.
-  void UpdateLine(const values::PropertyDescriptor& property);
+  // A value was sent: the property has it now, or else offers it again in its editor alone.
+  void Settle(WideStringView oid, const values::PropertyValue& value, bool taken);
+  // An edit that waits is not to be sent after all.
+  void DropEdit(WideStringView oid);
 
  private:
+  using Visit = void (*)(values::PropertyDescriptor& field);
+
   void SetState(WideStringView key, model::DisplayState state);
-  void SetReadValue(values::PropertyDescriptor& property, platform::ResultCode result, WideStringView value);
-  void SetValue(values::PropertyDescriptor& property, WideStringView value);
+  void SetTaken(values::PropertyDescriptor& property, values::PropertyValue value);
+  void VisitFields(const values::PropertyDescriptor& command, Visit visit);
+  void UpdateLine(const values::PropertyDescriptor& property);
 
   Context context_;
   SingleValues& single_;

@@ -13,10 +13,21 @@ WideString Operands::ResolveOperand(WideStringView displayName) {
 
 WideString Operands::OidOfName(WideStringView name, const config::ConfigKey* node) {
   if (base::EqualsIgnoringCase(name, kEmptyName)) return {};
-  if (!base::EqualsIgnoringCase(name, u"this")) return WideString(name);
+  if (!base::EqualsIgnoringCase(name, kNodeItself)) return WideString(name);
   if (node == nullptr) return {};
   const WideStringView oid = node->Value(TextId::kOid);
   return WideString(oid.empty() ? node->Value(TextId::kCmdOid) : oid);
+}
+
+WideString Operands::CommandOf(WideStringView oid) const {
+  if (const auto* property = context_.model.FindDescriptor(oid)) {
+    const auto field = property->GetCommandField();
+    return field ? field->commandOid : WideString();
+  }
+  const std::size_t colon = oid.find(u':');
+  const WideStringView command = oid.substr(0, colon);
+  const bool isField = colon != WideStringView::npos && context_.model.FindDescriptor(command) != nullptr;
+  return isField ? WideString(command) : WideString();
 }
 
 WideString Operands::GetOperandValue(WideStringView name, WideStringView type, const config::ConfigKey* node) const {
@@ -37,16 +48,13 @@ Operands::Found Operands::Find(const WideString& oid, WideStringView type) const
     return {property->GetValue().AsText(), OperandOrigin::kProperty, property};
   }
 
-  const std::size_t colon = oid.find(u':');
-  if (colon != WideString::npos) {
-    const WideStringView whole = oid;
-    if (const auto* command = context_.model.FindDescriptor(whole.substr(0, colon))) {
-      const values::FieldWidthList* layout = command->CommandLayout();
-      const std::int32_t number = base::ToLong(whole.substr(colon + 1));
-      if (layout == nullptr || number < 1) return {};
-      return {layout->Field(command->GetValue().AsText(), number - 1).value_or(WideString()), OperandOrigin::kField,
-              command};
-    }
+  if (const WideString commandOid = CommandOf(oid); !commandOid.empty()) {
+    const auto* command = context_.model.FindDescriptor(commandOid);
+    const values::FieldWidthList* layout = command->CommandLayout();
+    const std::int32_t number = base::ToLong(WideStringView(oid).substr(commandOid.size() + 1));
+    if (layout == nullptr || number < 1) return {};
+    return {layout->Field(command->GetValue().AsText(), number - 1).value_or(WideString()), OperandOrigin::kField,
+            command};
   }
 
   if (values::IsPseudoOid(oid)) return {};

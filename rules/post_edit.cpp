@@ -1,27 +1,21 @@
 #include "rules/post_edit.h"
 
 #include "base/string_table.h"
+#include "rules/command_table.h"
 #include "rules/warm_boot.h"
 
 namespace rules {
 
 int PostEdit::RunPostEditAction(WideStringView command, model::MenuItem& item) {
-  static const struct {
-    WideStringView name;
-    Action run;
-  } kActions[] = {
-      {LoadText(TextId::kFlagChanges), &PostEdit::FlagChanges},
-      {u"VerifyNetUI", &PostEdit::VerifyNetUI},
-      {u"SetKeyIndex", &PostEdit::SetKeyIndex},
-      {u"Refresh", &PostEdit::Refresh},
-      {u"PromptWarmBoot", &PostEdit::AskForWarmBoot},
+  static const Command<PostEdit> kActions[] = {
+      {LoadText(TextId::kFlagChanges), [](auto&, auto& edited, auto) { edited.changed = true; }},
+      {u"VerifyNetUI", [](auto& self, auto&, auto) { self.wireless_.VerifyNetUI(); }},
+      {u"SetKeyIndex", [](auto& self, auto&, auto) { self.wireless_.SetKeyIndex(); }},
+      {u"Refresh", [](auto& self, auto& edited, auto) { self.wireless_.RefreshEditedItem(edited); }},
+      {u"PromptWarmBoot", [](auto& self, auto&, auto) { PromptWarmBoot(self.context_.boxes); }},
   };
-  for (const auto& action : kActions) {
-    if (action.name == command) (this->*action.run)(item);
-  }
+  RunCommand(kActions, command, *this, item);
   return 1;
 }
-
-void PostEdit::AskForWarmBoot(model::MenuItem&) { PromptWarmBoot(context_.boxes); }
 
 }  // namespace rules

@@ -13,14 +13,6 @@ class PostEdit {
   int RunPostEditAction(WideStringView command, model::MenuItem& item);
 
  private:
-  using Action = void (PostEdit::*)(model::MenuItem& item);
-
-  void FlagChanges(model::MenuItem& item) { item.changed = true; }
-  void VerifyNetUI(model::MenuItem&) { wireless_.VerifyNetUI(); }
-  void SetKeyIndex(model::MenuItem&) { wireless_.SetKeyIndex(); }
-  void Refresh(model::MenuItem& item) { wireless_.RefreshEditedItem(item); }
-  void AskForWarmBoot(model::MenuItem&);
-
   Context context_;
   Wireless& wireless_;
 };

@@ -11,11 +11,11 @@ struct Rules {
       : singleValues(context),
         items(context, singleValues),
         operands(context),
-        queue(context, singleValues),
+        queue(context, singleValues, items),
         dependencies(context, items, operands),
         wireless(context, singleValues, items, operands, queue),
-        applier(context, queue, dependencies, items),
-        handlers(context, singleValues, queue, wireless, applier),
+        applier(context, queue, dependencies),
+        handlers(context, items, queue, wireless, applier),
         postEdit(context, wireless) {}
   Rules(const Rules&) = delete;
   Rules& operator=(const Rules&) = delete;

@@ -1,9 +1,8 @@
 #include "rules/single_value.h"
 
-#include "base/format.h"
 #include "base/string_table.h"
 #include "config/registry_key_reader.h"
-#include "platform/debug.h"
+#include "values/submission.h"
 
 namespace rules {
 
@@ -12,24 +11,10 @@ using platform::ResultCode;
 ResultCode SingleValues::SetSingleValue(const WideString& oid, const WideString& type, const WideString& value,
                                         const model::MenuItem* item) {
   if (values::IsPseudoOid(oid)) return platform::kOk;
-  const ResultCode result = Send(oid, type, value);
-  if (result < 0) {
-    const WideString own = GetErrorText(item);
-    context_.boxes.Show(own.empty() ? LoadText(TextId::kChangeNotSaved) : WideStringView(own), u"Error",
-                        values::kWarningBox);
-  }
+  const WideString deviceOid = values::DeviceOid(context_.model.Descriptors(), context_.device, oid);
+  const ResultCode result = context_.device.Set(deviceOid, type, value).value_or(platform::kFailed);
+  if (result < 0) values::ShowNotStored(context_.boxes, GetErrorText(item));
   return result;
-}
-
-ResultCode SingleValues::Send(const WideString& oid, const WideString& type, const WideString& value) {
-  try {
-    const values::PropertyDescriptor* descriptor = context_.model.FindDescriptor(oid);
-    const WideString deviceOid = descriptor == nullptr ? oid : context_.device.FillOid(oid, descriptor->Attributes());
-    return context_.device.Set(deviceOid, type, value);
-  } catch (...) {
-    platform::DebugOutput(base::Format(u"EXCEPTION: SNMPSet OID[%s]\r\n", oid));
-    return platform::kFailed;
-  }
 }
 
 WideString SingleValues::GetErrorText(const model::MenuItem* item) const {
@@ -43,7 +28,7 @@ WideString SingleValues::GetErrorText(const model::MenuItem* item) const {
   return config::ReadValueAsText(text.substr(0, lastBackslash), text.substr(lastBackslash + 1)).value_or(WideString());
 }
 
-WideString SingleValues::ErrorTextOf(WideStringView oid) {
+WideString SingleValues::ErrorTextOf(WideStringView oid) const {
   const values::PropertyDescriptor* descriptor = context_.model.FindDescriptor(oid);
   return descriptor == nullptr ? WideString() : GetErrorText(context_.model.ItemOf(*descriptor));
 }

@@ -6,7 +6,7 @@
 
 namespace rules {
 
-class SingleValues final : public values::ErrorTexts {
+class SingleValues {
  public:
   explicit SingleValues(const Context& context) : context_(context) {}
 
@@ -16,11 +16,9 @@ class SingleValues final : public values::ErrorTexts {
 
   // The text of the item's `_OnError`, or of the registry value that it names; empty when it gives none.
   WideString GetErrorText(const model::MenuItem* item) const;
-  WideString ErrorTextOf(WideStringView oid) override;
+  WideString ErrorTextOf(WideStringView oid) const;
 
  private:
-  platform::ResultCode Send(const WideString& oid, const WideString& type, const WideString& value);
-
   Context context_;
 };
 

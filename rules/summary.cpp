@@ -8,7 +8,9 @@ std::vector<WideString> SummaryLines(model::MenuModel& model, const model::MenuI
   while (!menus.empty()) {
     const model::MenuItem& menu = *menus.back();
     menus.pop_back();
-    lines.push_back(menu.Title());
+    const auto* property = menu.Descriptor();
+    const bool hasValue = property != nullptr && model::ShowsValue(*property);
+    lines.push_back(hasValue ? menu.Title() + u": " + model.ShownValue(*property) : menu.Title());
     const auto& children = menu.Children();
     for (const auto& child : children) {
       if (!child->IsLeaf() || child->Descriptor() == nullptr) continue;

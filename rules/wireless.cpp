@@ -45,8 +45,8 @@ void Wireless::VerifyNetUI() {
 
 void Wireless::Couple(WideStringView oid, std::span<const Coupling> rows, const Settings& settings, char16_t& setting) {
   const Coupling* row = FirstFitting(rows, [&](const Coupling& candidate) {
-    return candidate.networkType.Holds(settings.networkType) && candidate.encryption.Holds(settings.encryption) &&
-           candidate.authentication.Holds(settings.authentication);
+    return candidate.networkType.Holds(settings.networkType) &&
+           candidate.authentication.Holds(settings.authentication) && candidate.encryption.Holds(settings.encryption);
   });
   if (row == nullptr) return;
   items_.SetItemChoices(oid, row->choices);
@@ -54,7 +54,7 @@ void Wireless::Couple(WideStringView oid, std::span<const Coupling> rows, const 
   if (!row->notAllowed.Holds(setting)) return;
   Tell(WirelessChange::Kind::kValue, oid, row->becomes, settings);
   setting = FirstOf(row->becomes);
-  const bool corrected = items_.StoreValue(WideString(oid), Integer(), WideString(row->becomes));
+  const bool corrected = items_.CorrectValue(WideString(oid), Integer(), WideString(row->becomes));
   if (corrected && !row->alert.empty()) Alert(row->alert);
 }
 
@@ -75,7 +75,7 @@ void Wireless::CoupleKeyItems(Settings& settings) {
   if (!row->keyIndexBecomes.empty() && settings.keyIndex != FirstOf(row->keyIndexBecomes)) {
     Tell(WirelessChange::Kind::kValue, kKeyIndex, row->keyIndexBecomes, settings);
     settings.keyIndex = FirstOf(row->keyIndexBecomes);
-    items_.StoreValue(WideString(kKeyIndex), Integer(), WideString(row->keyIndexBecomes));
+    items_.CorrectValue(WideString(kKeyIndex), Integer(), WideString(row->keyIndexBecomes));
   }
   if (!row->settingValue.empty()) {
     items_.SetItemValue(kKeySetting, row->settingValue);
@@ -122,16 +122,13 @@ void Wireless::SetKeyIndex() {
 void Wireless::RefreshEditedItem(const model::MenuItem& item) {
   const config::ConfigKey* node = context_.model.FindKey(item.Path());
   if (node == nullptr) return;
-  const WideStringView readerCommand = LoadText(TextId::kReaderCmd);
   const WideStringView command = node->Value(TextId::kCmdOid);
   const bool isField = !command.empty();
   const WideString oid(isField ? command.substr(0, command.find(u':')) : node->Value(TextId::kOid));
-  const WideString type(isField ? readerCommand : node->Value(TextId::kType));
+  const WideString type(isField ? LoadText(TextId::kReaderCmd) : node->Value(TextId::kType));
   if (oid.empty() || values::IsPseudoOid(oid)) return;
 
   items_.Reread(oid, type);
-  if (type != readerCommand) return;
-  for (int number = 1; items_.RereadField(oid, number);) ++number;
 }
 
 void Wireless::ApplyNetworkSettings(const model::MenuItem* item) {

@@ -34,24 +34,24 @@ constexpr WideStringView kMethodOff = u"802.1X authentication has been disabled"
 constexpr WideStringView kMethodOn = u"802.1X authentication has been enabled";
 
 constexpr Coupling kAuthentications[] = {
-    // network  encryption  authentication  choices                                not allowed  becomes  alert
-    {kAdHoc,    kAny,       kAny,           u"1#Open|2#Shared|6#WPA-None",         kWpaOrPsk,   u"1",    kOpened},
-    {kAny,      kAny,       kAny,           u"1#Open|2#Shared|4#WPA|5#WPA-PSK",    kWpaNone,    u"1",    kOpened},
+    // network  authentication  encryption  choices                                not allowed  becomes  alert
+    {kAdHoc,    kAny,           kAny,       u"1#Open|2#Shared|6#WPA-None",         kWpaOrPsk,   u"1",    kOpened},
+    {kAny,      kAny,           kAny,       u"1#Open|2#Shared|4#WPA|5#WPA-PSK",    kWpaNone,    u"1",    kOpened},
 };
 
 constexpr Coupling kEncryptions[] = {
-    // network  encryption  authentication  choices               not allowed            becomes  alert
-    {kAny,      kAny,       kOpenOrShared,  u"1#Disabled|0#WEP",  kTkip,                 u"1",    kUnencrypted},
-    {kAny,      kAny,       kWpaOrPsk,      u"0#WEP|4#TKIP",      kDisabled,             u"4",    kEncrypted},
-    {kAny,      kAny,       kWpaNone,       u"4#TKIP",            Among::AllBut(u"4"),   u"4",    u""},
+    // network  authentication  encryption  choices               not allowed            becomes  alert
+    {kAny,      kOpenOrShared,  kAny,       u"1#Disabled|0#WEP",  kTkip,                 u"1",    kUnencrypted},
+    {kAny,      kWpaOrPsk,      kAny,       u"0#WEP|4#TKIP",      kDisabled,             u"4",    kEncrypted},
+    {kAny,      kWpaNone,       kAny,       u"4#TKIP",            Among::AllBut(u"4"),   u"4",    u""},
 };
 
 constexpr Coupling kMethods8021X[] = {
-    // network  encryption  authentication  choices                      not allowed           becomes  alert
-    {kAdHoc,    kAny,       kAny,           u"0#Disabled",               Among::AllBut(u"0"),  u"0",    kMethodOff},
-    {kAny,      kDisabled,  kAny,           u"0#Disabled",               Among::AllBut(u"0"),  u"0",    kMethodOff},
-    {kAny,      kAny,       kOpenOrShared,  u"0#Disabled|13#TLS|25#PEAP", kNone,               u"",     u""},
-    {kAny,      kAny,       kWpaOrPsk,      u"13#TLS|25#PEAP",           kOff,                 u"13",   kMethodOn},
+    // network  authentication  encryption  choices                      not allowed           becomes  alert
+    {kAdHoc,    kAny,           kAny,       u"0#Disabled",               Among::AllBut(u"0"),  u"0",    kMethodOff},
+    {kAny,      kAny,           kDisabled,  u"0#Disabled",               Among::AllBut(u"0"),  u"0",    kMethodOff},
+    {kAny,      kOpenOrShared,  kAny,       u"0#Disabled|13#TLS|25#PEAP", kNone,               u"",     u""},
+    {kAny,      kWpaOrPsk,      kAny,       u"13#TLS|25#PEAP",           kOff,                 u"13",   kMethodOn},
 };
 
 constexpr auto kAsItIs = Visibility::kAsItIs;

@@ -48,8 +48,8 @@ class Among {
 // What a setting may be while others are what they are. The first row that fits counts; none: nothing changes.
 struct Coupling {
   Among networkType;
-  Among encryption;
   Among authentication;
+  Among encryption;
   WideStringView choices;
   Among notAllowed;        // such a value is corrected
   WideStringView becomes;  // into this

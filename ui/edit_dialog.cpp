@@ -26,7 +26,6 @@ using platform::WindowHandle;
 
 constexpr LResult kNotSaved = 0;
 constexpr LResult kSaved = 1;
-constexpr LResult kNoEditor = -1;
 
 constexpr platform::Point kSmallPlace{3, 15};
 constexpr platform::Point kLargePlace{15, 35};
@@ -112,10 +111,6 @@ LResult EditDialog::Init(WindowHandle dialog) {
   const EntryKind kind = ChooseEntryKind(request_);
   const WindowHandle window = platform::ControlOf(dialog, EntryControlId(kind));
   entry_ = MakeEntryControl(kind, window, context_.insertFlag);
-  if (entry_ == nullptr) {
-    platform::EndDialog(dialog, kNoEditor);
-    return 0;
-  }
   platform::Control(window).ShowAndEnable();
   entry_->Fill(request_);
   Place();
@@ -209,10 +204,6 @@ bool EditDialog::CommitAndApply(const EnteredValue& entered, bool& applied) {
 }
 
 void EditDialog::RewriteLine(const EnteredValue& entered) {
-  // A line that was rewritten as a whole has no suffix; its name is in front of the value then.
-  const WideString name = item_.Suffix().empty() ? item_.Title() : item_.Text();
-  context_.committer.UpdatePropertyLine(entered.shown, true, &item_);
-  item_.SetText(name);
   item_.SetSuffix(base::Format(LoadText(TextId::kValueSuffixFormat), values::MaskedText(descriptor_, entered.shown)));
   context_.menu.LineChanged(item_);
 }

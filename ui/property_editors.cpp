@@ -27,9 +27,9 @@ WideString TitleOf(const PropertyDescriptor& descriptor) {
 class ASN_NONE_PropertyEditor final : public PropertyEditor {
  protected:
   void PrepareFor(const PropertyDescriptor& descriptor, EditRequest& request) override {
-    if (descriptor.Type() != LoadText(TextId::kReaderCmd)) return;
+    if (descriptor.HeldType() != LoadText(TextId::kReaderCmd)) return;
     const ChoiceFormat choices = descriptor.Choices();
-    request.selected = IndexOf(choices, descriptor.GetValue());
+    request.selected = IndexOf(choices, descriptor.OfferedValue());
     RefillChoiceTexts(choices);
   }
 };
@@ -37,7 +37,7 @@ class ASN_NONE_PropertyEditor final : public PropertyEditor {
 class ASN_INTEGER_PropertyEditor final : public PropertyEditor {
  protected:
   void PrepareFor(const PropertyDescriptor& descriptor, EditRequest& request) override {
-    const PropertyValue& value = descriptor.GetValue();
+    const PropertyValue& value = descriptor.OfferedValue();
     if (value.IsEmpty()) return;
     const ChoiceFormat choices = descriptor.Choices();
     request.selected = IndexOf(choices, value);
@@ -53,9 +53,9 @@ class ASN_INTEGER_PropertyEditor final : public PropertyEditor {
 class ASN_BOOL_PropertyEditor final : public PropertyEditor {
  protected:
   void PrepareFor(const PropertyDescriptor& descriptor, EditRequest& request) override {
-    request.number = descriptor.GetValue().AsInteger() != 0 ? 1 : 0;
+    request.number = descriptor.OfferedValue().AsInteger() != 0 ? 1 : 0;
     const ChoiceFormat choices = descriptor.Choices();
-    request.selected = IndexOf(choices, descriptor.GetValue());
+    request.selected = IndexOf(choices, descriptor.OfferedValue());
     RefillChoiceTexts(choices);
     request.choices = ChoiceTexts();
   }
@@ -68,9 +68,9 @@ class TextPropertyEditor : public PropertyEditor {
 
   void PrepareFor(const PropertyDescriptor& descriptor, EditRequest& request) override {
     request.title = TitleOf(descriptor);
-    request.text = descriptor.GetValue().AsText();
+    request.text = descriptor.OfferedValue().AsText();
     const ChoiceFormat choices = descriptor.Choices();
-    request.selected = IndexOf(choices, descriptor.GetValue());
+    request.selected = IndexOf(choices, descriptor.OfferedValue());
     RefillChoiceTexts(choices);
     request.choices = ChoiceTexts();
 
@@ -101,7 +101,7 @@ class ASN_HEX_PropertyEditor final : public TextPropertyEditor {
 class ASN_IPADDRESS_PropertyEditor final : public PropertyEditor {
  protected:
   void PrepareFor(const PropertyDescriptor& descriptor, EditRequest& request) override {
-    const PropertyValue& value = descriptor.GetValue();
+    const PropertyValue& value = descriptor.OfferedValue();
     request.title = TitleOf(descriptor);
     request.text = value.AsText();
     request.number =
@@ -112,7 +112,7 @@ class ASN_IPADDRESS_PropertyEditor final : public PropertyEditor {
 class ASN_PASSWORD_PropertyEditor final : public PropertyEditor {
  protected:
   void PrepareFor(const PropertyDescriptor& descriptor, EditRequest& request) override {
-    request.text = descriptor.GetValue().AsText();
+    request.text = descriptor.OfferedValue().AsText();
     request.maxChars = descriptor.GetMaxChars();
   }
 };
@@ -163,10 +163,12 @@ EditRequest EditorTable::MakeRequest(const PropertyDescriptor& descriptor) const
   EditRequest request;
   request.editorType = descriptor.EditorName();
   request.subType = descriptor.SubType();
-  request.value = descriptor.GetValue().AsText();
+  request.value = descriptor.OfferedValue().AsText();
   request.masked = base::EqualsIgnoringCase(request.editorType, LoadText(TextId::kPassword)) ||
                    descriptor.Attributes().Has(TextId::kPassWordChar);
   if (PropertyEditor* const editor = Find(request.editorType)) editor->Prepare(&descriptor, request);
+  const int width = descriptor.ColumnWidth();
+  if (width > 0 && (request.maxChars <= 0 || request.maxChars > width)) request.maxChars = width;
   return request;
 }
 

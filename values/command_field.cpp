@@ -41,25 +41,33 @@ std::optional<PropertyDescriptor::CommandField> PropertyDescriptor::GetCommandFi
   return CommandField{field.substr(0, colon), counted > 0 ? counted - 1 : -1};
 }
 
-void PropertyDescriptor::InitFromCommand(const DescriptorMap& descriptors) {
+int PropertyDescriptor::ColumnWidth() const {
   const std::optional<CommandField> field = GetCommandField();
-  if (!field) return;
-  const PropertyDescriptor* command = FindDescriptor(descriptors, field->commandOid);
+  const PropertyDescriptor* command = field ? FindDescriptor(descriptors_, field->commandOid) : nullptr;
+  if (command == nullptr || command->CommandLayout() == nullptr) return 0;
+  return std::max(command->CommandLayout()->Width(field->index), 0);
+}
+
+void PropertyDescriptor::InitFromCommand() {
+  const std::optional<CommandField> field = GetCommandField();
+  const PropertyDescriptor* command = field ? FindDescriptor(descriptors_, field->commandOid) : nullptr;
   if (command == nullptr || command->CommandLayout() == nullptr) return;
-  if (!command->IsAvailable()) {
-    SetUnavailable();
-    return;
-  }
+  available_ = command->IsAvailable();
+  if (!available_) return;
 
   const FieldWidthList& layout = *command->CommandLayout();
   const WideString record = command->GetValue().AsText();
+  DropEdit();
+  PropertyValue cut = value_;
   if (const std::optional<WideString> text = layout.Field(record, field->index)) {
-    ParseValue(*text, value_);
-    return;
+    ParseValue(*text, cut);
+  } else {
+    platform::DebugOutput(base::Format(u"KEL_ZEP_INVALID_READERCMD_VALUE_E  m_sPath[%s]\r\n", Path()));
+    platform::DebugOutput(base::Format(u"nChars[%d] startPos[%d] sCmdValue.GetLength[%d]\r\n",
+                                       layout.Width(field->index), layout.Start(field->index),
+                                       static_cast<std::int32_t>(record.size())));
   }
-  platform::DebugOutput(base::Format(u"KEL_ZEP_INVALID_READERCMD_VALUE_E  m_sPath[%s]\r\n", Path()));
-  platform::DebugOutput(base::Format(u"nChars[%d] startPos[%d] sCmdValue.GetLength[%d]\r\n", layout.Width(field->index),
-                                     layout.Start(field->index), static_cast<std::int32_t>(record.size())));
+  SetTaken(std::move(cut));
 }
 
 bool PropertyDescriptor::WriteToCommand(PropertyDescriptor* parent, const PropertyValue& value) const {

@@ -28,24 +28,30 @@ platform::ISnmpConfig* DeviceAccess::Interface() {
   return connection_.get();
 }
 
-ResultCode DeviceAccess::DoSnmpGet(const WideString& oid, const WideString& type, WideString& value) {
-  value.clear();
+ResultCode DeviceAccess::DoSnmpGet(const WideString& oid, const WideString& type, std::optional<WideString>& value) {
+  value.reset();
   platform::ISnmpConfig* device = Interface();
   if (device == nullptr || oid.empty() || type.empty()) return platform::kFalse;
 
   try {
-    std::optional<WideString> answer;
-    const ResultCode result = device->Get(oid, type, answer);
-    if (result >= 0 && answer) {
-      value = std::move(*answer);
-    } else {
+    const ResultCode result = device->Get(oid, type, value);
+    if (result < 0) value.reset();
+    if (!value) {
       platform::DebugOutput(base::Format(u"FAILED: CKelConfigApp::DoSnmpGet %s %s\r\n", oid, type));
     }
     return result;
   } catch (...) {
     platform::DebugOutput(base::Format(u"EXCEPTION: CKelConfigApp::DoSnmpGet %s %s\r\n", oid, type));
+    value.reset();
     return platform::kFalse;
   }
+}
+
+ResultCode DeviceAccess::DoSnmpGet(const WideString& oid, const WideString& type, WideString& value) {
+  std::optional<WideString> answer;
+  const ResultCode result = DoSnmpGet(oid, type, answer);
+  value = std::move(answer).value_or(WideString());
+  return result;
 }
 
 ResultCode DeviceAccess::Get(const WideString& oid, const WideString& type, std::optional<WideString>& value) {
@@ -55,10 +61,15 @@ ResultCode DeviceAccess::Get(const WideString& oid, const WideString& type, std:
   return IsSpecialOid(oid) ? device->GetSpecial(oid, type, value) : device->Get(oid, type, value);
 }
 
-ResultCode DeviceAccess::Set(const WideString& oid, const WideString& type, const WideString& value) {
+std::optional<ResultCode> DeviceAccess::Set(const WideString& oid, const WideString& type, const WideString& value) {
   platform::ISnmpConfig* device = Interface();
   if (device == nullptr) return platform::kFailed;
-  return IsSpecialOid(oid) ? device->SetSpecial(oid, type, value) : device->Set(oid, type, value);
+  try {
+    return IsSpecialOid(oid) ? device->SetSpecial(oid, type, value) : device->Set(oid, type, value);
+  } catch (...) {
+    platform::KernelDebugOutput(base::Format(u"EXCEPTION: SNMPSet OID[%s]\r\n", oid));
+    return std::nullopt;
+  }
 }
 
 WideString DeviceAccess::FillOid(WideString oid, const AttributeMap& attributes) {

@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace values {
 
@@ -21,14 +22,16 @@ class DeviceAccess {
   // Ends the connection; the next use makes a new one.
   void Release() { connection_.reset(); }
 
-  // Reads by the ordinary operation. `value` is empty unless the device gave a text. kFalse without a call when there
-  // is no device or `oid` or `type` is empty.
+  // Reads by the ordinary operation. `value` is nothing, or the empty text, unless the device gave a text. kFalse
+  // without a call when there is no device or `oid` or `type` is empty.
+  platform::ResultCode DoSnmpGet(const WideString& oid, const WideString& type, std::optional<WideString>& value);
   platform::ResultCode DoSnmpGet(const WideString& oid, const WideString& type, WideString& value);
 
-  // The operation that belongs to the OID: the alternate one for the special OIDs. kFailed without a device. Whatever
-  // the device throws comes through.
+  // Both take the operation that belongs to the OID: the alternate one for the special OIDs. kFailed without a device.
+  // What the device throws on a Get comes through.
   platform::ResultCode Get(const WideString& oid, const WideString& type, std::optional<WideString>& value);
-  platform::ResultCode Set(const WideString& oid, const WideString& type, const WideString& value);
+  // Nothing when the device broke down; that is logged.
+  std::optional<platform::ResultCode> Set(const WideString& oid, const WideString& type, const WideString& value);
 
   // The OID as the device knows it: where the property's FillOID is "Profile", the active wireless profile stands for
   // the "*".

@@ -8,6 +8,7 @@
 #include "values/range.h"
 #include "values/value_types.h"
 
+#include <algorithm>
 #include <atomic>
 #include <utility>
 
@@ -22,7 +23,7 @@ int PropertyDescriptor::LiveCount() { return liveCount; }
 
 PropertyDescriptor::PropertyDescriptor(const config::ConfigKey* key, DeviceAccess& device, const SymbolTable& symbols,
                                        DescriptorMap& descriptors)
-    : device_(device), symbols_(symbols), key_(key) {
+    : device_(device), symbols_(symbols), descriptors_(descriptors), key_(key) {
   ++liveCount;
   if (key != nullptr) {
     for (const auto& [name, text] : key->Values()) attributes_.Set(name, WideString(text));
@@ -30,7 +31,7 @@ PropertyDescriptor::PropertyDescriptor(const config::ConfigKey* key, DeviceAcces
   if (WideString layout = Resolve(TextId::kCmdString); !layout.empty()) layout_.emplace(std::move(layout));
 
   if (WideString commandOid = Resolve(TextId::kCmdOid); !commandOid.empty()) {
-    InitFromCommand(descriptors);
+    InitFromCommand();
     descriptors.insert_or_assign(std::move(commandOid), this);
   } else if (WideString oid = GetOID(); !oid.empty()) {
     if (IsPseudoOid(oid)) {
@@ -44,10 +45,8 @@ PropertyDescriptor::PropertyDescriptor(const config::ConfigKey* key, DeviceAcces
 
   const bool isNamed = attributes_.Has(TextId::kDisplayName);
   displayName_ = symbols_.TextOf(isNamed ? attributes_.Get(TextId::kDisplayName) : u"No Display Name");
-  type_ = available_ ? attributes_.Get(TextId::kType) : WideStringView();
-  if (type_.empty()) type_ = LoadText(TextId::kNone);
-  if (available_) subType_ = attributes_.Get(TextId::kSubType);
-  InitEditor();
+  const bool isSecured = attributes_.Has(TextId::kSecurity) && !attributes_.Has(TextId::kPropEditor);
+  if (isSecured) readOnly_ = true;
 }
 
 PropertyDescriptor::~PropertyDescriptor() { --liveCount; }
@@ -62,24 +61,45 @@ void PropertyDescriptor::InitFromPseudoOid(WideStringView oid) {
   readOnly_ = true;
 }
 
-void PropertyDescriptor::InitEditor() {
-  editorName_ = attributes_.Get(TextId::kPropEditor);
-  if (!editorName_.empty()) return;
-
-  const bool isSecure = attributes_.Has(TextId::kSecurity);
-  if (isSecure) readOnly_ = true;
-  const bool isClosed = isSecure || attributes_.Has(TextId::kCmdString) || !available_;
-  editorName_ = isClosed ? LoadText(TextId::kNone) : WideStringView(type_);
+WideStringView PropertyDescriptor::EditorName() const {
+  if (attributes_.Has(TextId::kPropEditor)) return attributes_.Get(TextId::kPropEditor);
+  const bool isClosed = attributes_.Has(TextId::kSecurity) || attributes_.Has(TextId::kCmdString);
+  return isClosed ? LoadText(TextId::kNone) : HeldType();
 }
 
-void PropertyDescriptor::SetUnavailable() {
-  readOnly_ = true;
-  available_ = false;
-  type_ = LoadText(TextId::kNone);
+WideStringView PropertyDescriptor::HeldType() const {
+  const bool isHeld = available_ && attributes_.Has(TextId::kType);
+  return isHeld ? attributes_.Get(TextId::kType) : LoadText(TextId::kNone);
+}
+
+WideStringView PropertyDescriptor::SubType() const {
+  return available_ ? attributes_.Get(TextId::kSubType) : WideStringView();
+}
+
+void PropertyDescriptor::SetNewValue(PropertyValue value) {
+  if (!beforeEdit_) beforeEdit_ = std::move(value_);
+  value_ = std::move(value);
+  refused_.reset();
+}
+
+void PropertyDescriptor::SetTaken(PropertyValue value) {
+  value_ = std::move(value);
+  beforeEdit_.reset();
+  refused_.reset();
+  available_ = true;
+}
+
+void PropertyDescriptor::SetRefused(PropertyValue value) {
+  DropEdit();
+  refused_ = std::move(value);
+}
+
+void PropertyDescriptor::DropEdit() {
+  if (beforeEdit_) value_ = *std::exchange(beforeEdit_, std::nullopt);
 }
 
 void PropertyDescriptor::InitValue() {
-  const WideString oid = DeviceOid();
+  const WideString oid = device_.FillOid(GetOID(), attributes_);
   if (oid.empty() || IsPseudoOid(oid)) return;
   const WideString type = GetType();
 
@@ -94,11 +114,13 @@ void PropertyDescriptor::InitValue() {
     platform::DebugOutput(base::Format(u"EXCEPTION: PropertyDescriptor::InitValue SnmpGet %s %s\r\n", oid, type));
     text.reset();
   }
-  if (text) {
-    ParseValue(*text, value_);
-  } else {
-    SetUnavailable();
+  if (!text) {
+    available_ = false;
+    return;
   }
+  PropertyValue read = value_;
+  ParseValue(*text, read);
+  SetTaken(std::move(read));
 }
 
 void PropertyDescriptor::ParseValue(WideStringView text, PropertyValue& value) const {
@@ -111,14 +133,14 @@ int PropertyDescriptor::GetMaxChars() const { return base::ToLong(attributes_.Ge
 
 WideString PropertyDescriptor::GetTextFormat() const {
   if (layout_) return layout_->Mask();
-  if (base::EqualsIgnoringCase(type_, LoadText(TextId::kIpAddress))) return {};
+  if (base::EqualsIgnoringCase(HeldType(), LoadText(TextId::kIpAddress))) return {};
 
   WideString mask(attributes_.Get(TextId::kTextFmt));
   if (mask.empty()) {
     const WideString range = Resolve(TextId::kRange);
     if (range != kUnresolved) mask = MaskFromRange(range);
   }
-  if (mask.empty() && base::EqualsIgnoringCase(type_, LoadText(TextId::kInteger))) {
+  if (mask.empty() && base::EqualsIgnoringCase(HeldType(), LoadText(TextId::kInteger))) {
     mask = LoadText(TextId::kIntegerMask);
   }
   return mask;
@@ -131,11 +153,7 @@ ChoiceFormat PropertyDescriptor::Choices() const {
 }
 
 void PropertyDescriptor::ReplaceType(WideString type) {
-  if (type.empty()) return;
-  attributes_.Set(TextId::kType, type);
-  if (!available_) return;
-  type_ = std::move(type);
-  InitEditor();
+  if (!type.empty()) attributes_.Set(TextId::kType, std::move(type));
 }
 
 bool PropertyDescriptor::TestRange(const PropertyValue& value, WideString& message) const {
@@ -148,6 +166,11 @@ bool PropertyDescriptor::TestRange(const PropertyValue& value, WideString& messa
   if (InRange(value.AsInteger(), range)) return true;
   message = base::Format(LoadText(TextId::kOutOfRange), value.AsInteger(), range);
   return false;
+}
+
+WideString DeviceOid(const DescriptorMap& descriptors, DeviceAccess& device, const WideString& oid) {
+  const PropertyDescriptor* property = FindDescriptor(descriptors, oid);
+  return property == nullptr ? oid : device.FillOid(oid, property->Attributes());
 }
 
 }  // namespace values

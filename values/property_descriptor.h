@@ -26,7 +26,7 @@ class PropertyDescriptor {
   // Takes its attributes from `key` (null: it has none), enters itself into `descriptors` under its OID or command OID,
   // in place of an earlier one, and reads its value: from the device, from the command that it is a field of (when
   // that is in `descriptors` already), or from the program for a pseudo-OID. A value that cannot be read makes it
-  // unavailable and read only. Key, device and symbols must outlive it.
+  // unavailable and read only. Key, device, symbols and map must outlive it.
   PropertyDescriptor(const config::ConfigKey* key, DeviceAccess& device, const SymbolTable& symbols,
                      DescriptorMap& descriptors);
   ~PropertyDescriptor();
@@ -36,30 +36,37 @@ class PropertyDescriptor {
   // Descriptors alive in this process.
   static int LiveCount();
 
+  const config::ConfigKey* Key() const { return key_; }
   WideString Path() const;  // of its key; empty without one
   const WideString& DisplayName() const { return displayName_; }
   void SetDisplayName(WideString text) { displayName_ = std::move(text); }
-  // "None" when there is no type or the value is not available.
-  const WideString& Type() const { return type_; }
-  const WideString& SubType() const { return subType_; }
   // Under which the property's editor is found; "None": it cannot be edited.
-  const WideString& EditorName() const { return editorName_; }
+  WideStringView EditorName() const;
   WideStringView PageName() const { return attributes_.Get(TextId::kCustPage); }  // empty: no page of its own
-  bool IsReadOnly() const { return readOnly_; }
+  bool IsReadOnly() const { return readOnly_ || !available_; }
   void SetReadOnly(bool readOnly) { readOnly_ = readOnly; }
+  // False while the value could not be read. Any value that the device gives or takes makes it available.
   bool IsAvailable() const { return available_; }
 
   const AttributeMap& Attributes() const { return attributes_; }
   WideString Resolve(TextId name) const { return ResolveAttribute(attributes_, name); }
   WideString Resolve(WideStringView name) const { return ResolveAttribute(attributes_, name); }
   WideString GetOID() const { return Resolve(TextId::kOid); }
+
+  // The type that goes to the device with each value.
   WideString GetType() const { return Resolve(TextId::kType); }
   TextId GetTypeId() const;
+  // The type by which the value is held, shown and edited, as the configuration writes it; "None" when there is no type
+  // or the value is not available.
+  WideStringView HeldType() const;
+  WideStringView SubType() const;  // empty when the value is not available
+  // Gives the property another type from now on. The value stays as it is.
+  void ReplaceType(WideString type);
+
   int GetMaxChars() const;  // 0: no limit
+  int ColumnWidth() const;  // of a command's field, in characters; 0: the property is none
   // The mask for typed entry: a "#" for each character or digit, or the configuration's own; may be empty.
   WideString GetTextFormat() const;
-  // The OID as the device knows it, with the active profile in its place.
-  WideString DeviceOid() const { return device_.FillOid(GetOID(), attributes_); }
 
   // The choice list's text, through the symbols; empty: a free value.
   WideString ChoiceText() const;
@@ -67,17 +74,23 @@ class PropertyDescriptor {
   ChoiceFormat Choices() const;
   // Rules narrow the choices of a live property; the configuration stays as it was.
   void ReplaceChoices(WideString text) { attributes_.Set(TextId::kChoiceFmt, std::move(text)); }
-  // Gives the property another type from now on; its editor follows unless the configuration names one. The value
-  // stays as it is.
-  void ReplaceType(WideString type);
 
+  // An edit that waits to be sent, else what the device last gave or took.
   const PropertyValue& GetValue() const { return value_; }
-  void SetNewValue(PropertyValue value) { value_ = std::move(value); }
+  // What the property's own editor starts with: an edit that the device refused, else the value.
+  const PropertyValue& OfferedValue() const { return refused_ ? *refused_ : value_; }
+  const std::optional<PropertyValue>& RefusedValue() const { return refused_; }
+  // An edit waits to be sent, or was refused.
+  bool IsChanged() const { return beforeEdit_ || refused_; }
+
+  // The value becomes an edit that waits to be sent, until one of the three below.
+  void SetNewValue(PropertyValue value);
+  void SetTaken(PropertyValue value);    // the device has given or taken it
+  void SetRefused(PropertyValue value);  // the value before the edit is back
+  void DropEdit();                       // as if there had been none
+
   // Reads a value of the property's type from its text. An empty text leaves `value` as it is.
   void ParseValue(WideStringView text, PropertyValue& value) const;
-  // The value differs from the device's as far as the program knows.
-  bool IsChanged() const { return changed_; }
-  void SetChanged(bool changed) { changed_ = changed; }
 
   // Reads the value from the device. Nothing happens for a pseudo-OID or without an OID.
   void InitValue();
@@ -95,30 +108,30 @@ class PropertyDescriptor {
   };
   // Nothing unless the property has both a command OID and an ordinal.
   std::optional<CommandField> GetCommandField() const;
-  // Takes a field's value out of its command's.
-  void InitFromCommand(const DescriptorMap& descriptors);
+  // Takes a field's value out of its command's, and is available when that is.
+  void InitFromCommand();
   // Puts a field's value into its command's, as far as the command has a place for it. False: the property is no field
   // or `parent` no command, and nothing was done.
   bool WriteToCommand(PropertyDescriptor* parent, const PropertyValue& value) const;
 
  private:
   void InitFromPseudoOid(WideStringView oid);
-  void InitEditor();
-  void SetUnavailable();
 
   DeviceAccess& device_;
   const SymbolTable& symbols_;
+  const DescriptorMap& descriptors_;
   const config::ConfigKey* key_;
   AttributeMap attributes_;
   WideString displayName_;
-  WideString type_;
-  WideString subType_;
-  WideString editorName_;
   PropertyValue value_;
+  std::optional<PropertyValue> beforeEdit_;  // the device's value while an edit waits
+  std::optional<PropertyValue> refused_;
   std::optional<FieldWidthList> layout_;
   bool readOnly_ = false;
   bool available_ = true;
-  bool changed_ = false;
 };
+
+// The OID as the device knows it: that of a property with the active profile in its place.
+WideString DeviceOid(const DescriptorMap& descriptors, DeviceAccess& device, const WideString& oid);
 
 }  // namespace values

@@ -10,7 +10,7 @@ namespace {
 
 // A flag's own list has no keys: its two texts stand for 1 and 0.
 bool ReadFlagText(const PropertyDescriptor& descriptor, WideStringView text, PropertyValue& value) {
-  if (TypeCodeOf(descriptor.Type()) != TypeCode::kBool) return false;
+  if (TypeCodeOf(descriptor.HeldType()) != TypeCode::kBool) return false;
   const bool isTrue = base::EqualsIgnoringCase(text, kTrueText);
   if (!isTrue && !base::EqualsIgnoringCase(text, kFalseText)) return false;
   value.SetInteger(isTrue ? 1 : 0);
@@ -107,12 +107,9 @@ void ValueCommitter::SaveChoiceByIndex(PropertyLine* line, std::size_t index) {
 
 void ValueCommitter::RecordChange(PropertyDescriptor& descriptor, const PropertyValue& value) {
   descriptor.SetNewValue(value);
-  descriptor.SetChanged(true);
-
   if (const std::optional<PropertyDescriptor::CommandField> field = descriptor.GetCommandField()) {
     PropertyDescriptor* command = FindDescriptor(descriptors_, field->commandOid);
     if (descriptor.WriteToCommand(command, value)) {
-      command->SetChanged(true);
       changes_.push_back({command->GetOID(), command->GetType(), command->GetValue(), KeyKind::kWepKey});
     }
   } else {

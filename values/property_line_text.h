@@ -2,8 +2,10 @@
 #pragma once
 
 #include "base/wide_string.h"
+#include "values/descriptor_map.h"
+#include "values/event_names.h"
 #include "values/message_boxes.h"
-#include "values/pending_changes.h"
+#include "values/pending_change.h"
 #include "values/property_line.h"
 
 namespace values {
@@ -16,7 +18,8 @@ enum class EntryMode {
   kChoice = 1,  // the text of one of the property's choices
 };
 
-// The main screen's state of an edit.
+// The main screen's state of an edit. The screen that there is edits in a dialog: it neither sets `busy` nor looks at
+// `firstEdited` and `repaintList`, which are there for editors on the screen itself.
 struct EditState {
   bool busy = false;  // commits are ignored
   PropertyValue edited;
@@ -43,7 +46,8 @@ class ValueCommitter {
 
   // Rewrites the line and records without a look at the range.
   void CommitValueNoRangeTest(PropertyLine* line, WideStringView text, EntryMode mode);
-  // Stores the number of the choice's key, whatever the property's type.
+  // Stores the number of the choice's key, whatever the property's type. For a choice list on the screen itself, which
+  // no layout has.
   void SaveChoiceByIndex(PropertyLine* line, std::size_t index);
 
   // Stores the value in the property and makes it a pending change, a command's field as part of its command.

@@ -22,7 +22,7 @@ WideString ReadableText(const PropertyDescriptor& descriptor) {
   if (std::optional<WideString> text = ChoiceTextOf(choices, value)) return *text;
   if (!value.IsInteger()) return value.AsText();
 
-  const std::optional<TypeCode> code = TypeCodeOf(descriptor.Type());
+  const std::optional<TypeCode> code = TypeCodeOf(descriptor.HeldType());
   if (code == TypeCode::kIpAddress) return DottedIpAddress(value.AsInteger());
   const bool isPlainFlag = code == TypeCode::kBool && choices.Count() == 0;
   if (isPlainFlag) return WideString(value.AsInteger() != 0 ? kTrueText : kFalseText);
@@ -38,12 +38,14 @@ WideString MaskedText(const PropertyDescriptor& descriptor, WideStringView text)
   if (!descriptor.Resolve(TextId::kPassWordChar).empty()) return stars;
   WideString fixedText = descriptor.Resolve(TextId::kWep);
   if (!fixedText.empty()) return fixedText;
-  // A password stays a secret where its author forgot to say so.
-  return TypeCodeOf(descriptor.Type()) == TypeCode::kPassword ? stars : WideString(text);
+  // A password or a key stays a secret where its author forgot to say so.
+  const std::optional<TypeCode> code = TypeCodeOf(descriptor.HeldType());
+  const bool isSecret = code == TypeCode::kPassword || code == TypeCode::kHex;
+  return isSecret ? stars : WideString(text);
 }
 
 WideString ShownValue(const PropertyDescriptor& descriptor) {
-  if (!base::EqualsIgnoringCase(descriptor.Type(), LoadText(TextId::kNone))) {
+  if (!base::EqualsIgnoringCase(descriptor.HeldType(), LoadText(TextId::kNone))) {
     return MaskedText(descriptor, ReadableText(descriptor));
   }
   if (descriptor.IsAvailable()) return {};

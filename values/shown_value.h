@@ -7,8 +7,8 @@ namespace values {
 
 class PropertyDescriptor;
 
-// `text` as it may stand on a line: a star for each character of a password, the fixed text of a wireless key, else
-// itself.
+// `text` as it may stand on a line: the fixed text of a wireless key, a star for each character of any other secret,
+// else itself.
 WideString MaskedText(const PropertyDescriptor& descriptor, WideStringView text);
 
 // The choice text, dotted address or plain text of the value, masked; the text for a value that cannot be read.

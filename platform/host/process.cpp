@@ -10,6 +10,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <string>
 #include <vector>
@@ -22,6 +23,7 @@ namespace {
 constexpr std::uint32_t kFileNotFound = 2;
 constexpr std::uint32_t kPathNotFound = 3;
 constexpr std::uint32_t kRefused = 5;
+constexpr std::uint32_t kBadName = 123;
 constexpr std::uint32_t kBadProgram = 193;
 
 // Nobody waits for the programs that are started: the system is told to forget each as it ends.
@@ -70,9 +72,17 @@ Program Check(const host::Place& place) {
   return {0, place.fullName};
 }
 
+// No file of the terminal has such a name; quotes do not make it another.
+bool IsBadName(WideStringView name) {
+  return std::any_of(name.begin(), name.end(), [](char16_t unit) {
+    return unit < u' ' || WideStringView(u"\"*<>?|").find(unit) != WideStringView::npos;
+  });
+}
+
 // Named without a folder it is looked for in \Windows and then in the root.
 Program Find(const WideString& name) {
   if (host::IsRefused(host::Use::kStartProgram)) return {kRefused, {}};
+  if (IsBadName(name)) return {kBadName, {}};
   if (host::SplitPath(name).empty()) return {kPathNotFound, {}};
   if (name.find_first_of(u"\\/") == WideString::npos) {
     const Program inWindows = Check(host::FindPlace(u"\\Windows\\" + name));

@@ -162,6 +162,16 @@ TEST_F(RegistryKeyReaderTest, ANameThatDoesNotFitEndsTheReading) {
   EXPECT_EQ(1u, reader.values.size());
 }
 
+TEST_F(RegistryKeyReaderTest, TheLongestNamesThatFitAreRead) {
+  const WideString longValue = u"b" + WideString(2046, u'x');
+  const WideString longKey = u"b" + WideString(1022, u'x');
+  RegistryTree::SetText(Add(u"Menu"), longValue, u"read");
+  Add(u"Menu\\" + longKey);
+  const RegistryKeyReader reader(u"HKEY_LOCAL_MACHINE\\Menu");
+  EXPECT_EQ((Names{longKey}), reader.subkeys);
+  EXPECT_EQ(1u, reader.values.count(longValue));
+}
+
 TEST_F(ReadValueAsTextTest, TheNameMatchesInAnyCase) {
   RegistryTree::SetText(Add(u"Menu"), u"displayname", u"Main");
   EXPECT_EQ(u"Main", ReadValueAsText(u"HKEY_LOCAL_MACHINE\\Menu", u"DisplayName"));

@@ -43,6 +43,17 @@ TEST(MenuItem, AMarkReplacesTheFirstColumn) {
   EXPECT_EQ(u" ", empty.LineText());
 }
 
+TEST(MenuItem, ASuffixAfterAWholeLineFollowsTheTitleAgain) {
+  MenuItem item(nullptr, u"b", u"b", u"Beep");
+  item.SetLineText(u"Beep, <On>");
+  EXPECT_EQ(u"Beep, <On>", item.LineText());
+  item.SetSuffix(u"  <Off>");
+  EXPECT_EQ(u"Beep  <Off>", item.LineText());
+  item.SetFirstColumn(u'*');
+  item.SetSuffix(u"  <On>");
+  EXPECT_EQ(u"*eep  <On>", item.LineText());
+}
+
 TEST(MenuItem, NormalAndHiddenTravelToTheLinkedItemAndTheOthersDoNot) {
   MenuItem linked(nullptr, u"b", u"b", u"b");
   MenuItem item(nullptr, u"a", u"a", u"a");

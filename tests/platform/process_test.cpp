@@ -74,6 +74,8 @@ TEST(Process, FailuresHaveTheSystemsCodes) {
   EXPECT_EQ(2u, StartProgram(u"\\Windows\\missing.exe", u""));
   EXPECT_EQ(3u, StartProgram(u"\\nowhere\\missing.exe", u""));
   EXPECT_EQ(3u, StartProgram(u"", u""));
+  EXPECT_EQ(123u, StartProgram(u"\"\\Windows\\missing.exe\"", u""));
+  EXPECT_EQ(123u, StartProgram(u"\\nowhere\\what?.exe", u""));
   EXPECT_EQ(193u, StartProgram(u"text.txt", u""));
   EXPECT_EQ(193u, StartProgram(u"broken.exe", u""));
   EXPECT_EQ(193u, StartProgram(u"outside.exe", u""));

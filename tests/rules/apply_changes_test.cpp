@@ -119,6 +119,77 @@ TEST_F(ApplyTest, LeavingWithPendingChangesDoesAsAnswered) {
   }
 }
 
+TEST_F(ApplyTest, WhatIsDiscardedPulsesNothingLater) {
+  rules_.queue.Add(u"1", u"Integer", u"5");
+  events_.Add(u"Changed");
+  boxes_.answers = {values::kBoxDiscard};
+  EXPECT_TRUE(rules_.applier.ConfirmLeaving());
+  TakeJournal();
+  EXPECT_TRUE(Apply());
+  EXPECT_EQ(Journal(), TakeJournal());
+}
+
+// A command of two fields, of which the device refuses or takes what is edited.
+class FieldEditTest : public tests::RulesTest {
+ protected:
+  void SetUp() override {
+    fake_.Put(u"7", u"AABBB");
+    Build(
+        Property("cmd", "7", "ReaderCmd", Tag("CmdString", "2,2,3") + Tag("Ordinal", "1")) +
+        Group("f", Tag("DisplayName", "f") + Tag("CmdOID", "7:1") + Tag("Ordinal", "2") + Tag("Type", "Octet String")) +
+        Group("g", Tag("DisplayName", "g") + Tag("CmdOID", "7:2") + Tag("Ordinal", "3") + Tag("Type", "Octet String")));
+  }
+
+  Journal Edit(WideStringView field, WideStringView text) {
+    values::ValueCommitter committer(model_.Descriptors(), boxes_, changes_, events_, edit_);
+    committer.RecordChange(*Item(field).Descriptor(), values::PropertyValue::OfText(WideString(text)));
+    int outcome = 0;
+    rules_.applier.ApplyChanges(outcome);
+    return TakeJournal();
+  }
+};
+
+TEST_F(FieldEditTest, ARefusedFieldIsOfferedByItsEditorAndGoesNowhereElse) {
+  fake_[u"7"].setResult = platform::kAccessDenied;
+  EXPECT_EQ(u"set 7 ReaderCmd XXBBB refused", Edit(u"f", u"XX").front());
+  EXPECT_EQ(u"XX", Item(u"f").Descriptor()->OfferedValue().AsText());
+  EXPECT_EQ(u"AA", rules_.operands.ResolveOperand(u"f"));
+  EXPECT_EQ(u"AABBB", rules_.operands.GetOperandValue(u"7", u"ReaderCmd"));
+  EXPECT_EQ(u"f  <AA>", Item(u"f").LineText());
+  fake_[u"7"].setResult = platform::kOk;
+  EXPECT_EQ((Journal{u"set 7 ReaderCmd AAYYY"}), Edit(u"g", u"YYY"));
+}
+
+TEST_F(FieldEditTest, TheMarkOfAFieldGoesWhenItsCommandWasTaken) {
+  EXPECT_EQ((Journal{u"set 7 ReaderCmd XXBBB"}), Edit(u"f", u"XX"));
+  EXPECT_FALSE(Item(u"f").Descriptor()->IsChanged());
+  EXPECT_FALSE(Item(u"cmd").Descriptor()->IsChanged());
+  EXPECT_EQ(u"f  <XX>", Item(u"f").LineText());
+}
+
+TEST_F(FieldEditTest, ADroppedEditIsAsIfItHadNotBeen) {
+  values::ValueCommitter committer(model_.Descriptors(), boxes_, changes_, events_, edit_);
+  committer.RecordChange(*Item(u"f").Descriptor(), values::PropertyValue::OfText(u"XX"));
+  EXPECT_EQ(u"XX", rules_.operands.ResolveOperand(u"f"));  // it waits, and counts
+  rules_.queue.Clear();
+  EXPECT_EQ(u"AA", rules_.operands.ResolveOperand(u"f"));
+  EXPECT_EQ(u"AABBB", rules_.operands.GetOperandValue(u"7", u"ReaderCmd"));
+  EXPECT_EQ(u"f  <AA>", Item(u"f").LineText());
+}
+
+TEST_F(FieldEditTest, TwoEditsOfOneEventPulseItOnce) {
+  Build(Property("a", "1", "Octet String", Tag("Event", "Changed")) +
+        Property("b", "2", "Octet String", Tag("Event", "Changed")));
+  values::ValueCommitter committer(model_.Descriptors(), boxes_, changes_, events_, edit_);
+  for (const WideStringView item : {u"a", u"b"}) {
+    committer.RecordChange(*Item(item).Descriptor(), values::PropertyValue::OfText(u"X"));
+  }
+  int outcome = 0;
+  rules_.applier.ApplyChanges(outcome);
+  const Journal journal = TakeJournal();
+  EXPECT_EQ(1, std::count(journal.begin(), journal.end(), u"pulse Changed"));
+}
+
 class RestoreTest : public tests::RulesTest {
  protected:
   Journal Restore() {
@@ -154,8 +225,59 @@ TEST_F(RestoreTest, ARefusedDefaultKeepsWhatStoodBefore) {
             Restore());
   EXPECT_EQ(u"a  <1>", Item(u"a").LineText());
   EXPECT_EQ(u"1", Item(u"a").Descriptor()->GetValue().AsText());
-  EXPECT_FALSE(Item(u"a").Descriptor()->IsChanged());
+  EXPECT_EQ(u"7", Item(u"a").Descriptor()->OfferedValue().AsText());
   EXPECT_EQ(u"b  <8>", Item(u"b").LineText());
+}
+
+// Takes one value of a setting and refuses the others.
+class Choosy final : public platform::ISnmpConfig {
+ public:
+  explicit Choosy(WideString taken) : taken_(std::move(taken)) {}
+  platform::ResultCode Set(const WideString&, const WideString&, const WideString& value) override {
+    return value == taken_ ? platform::kOk : platform::kAccessDenied;
+  }
+  platform::ResultCode Get(const WideString&, const WideString&, std::optional<WideString>& value) override {
+    value = u"1";
+    return platform::kOk;
+  }
+  platform::ResultCode SetSpecial(const WideString& oid, const WideString& type, const WideString& value) override {
+    return Set(oid, type, value);
+  }
+  platform::ResultCode GetSpecial(const WideString& oid, const WideString& type,
+                                  std::optional<WideString>& value) override {
+    return Get(oid, type, value);
+  }
+
+ private:
+  WideString taken_;
+};
+
+// Two entries restore the same setting.
+TEST(RestoreTwice, TheValueThatTheDeviceTookIsTheOneThatShows) {
+  for (const WideString taken : {u"7", u"8"}) {
+    struct Fixture : tests::RulesTest {
+      explicit Fixture(const WideString& taken) {
+        device_ = values::DeviceAccess([taken] { return std::make_unique<Choosy>(taken); });
+      }
+      void TestBody() override {}
+      WideString Run() {
+        Build(Property("a", "1", "Integer", Tag("DefVal", "7")) + Property("b", "1", "Integer", Tag("DefVal", "8")));
+        rules_.applier.RestoreAllDefaults();
+        return Item(u"b").LineText();
+      }
+    };
+    EXPECT_EQ(u"b  <" + taken + u">", Fixture(taken).Run());
+  }
+}
+
+TEST_F(RestoreTest, ATakenDefaultMakesAvailableWhatCouldNotBeRead) {
+  fake_[u"1"].getResult = platform::kFailed;
+  Build(Property("a", "1", "Integer", Tag("DefVal", "7")));
+  EXPECT_EQ(u"a  <Unavailable>", Item(u"a").LineText());
+  Restore();
+  EXPECT_EQ(u"a  <7>", Item(u"a").LineText());
+  EXPECT_EQ(u"Integer", Item(u"a").Descriptor()->EditorName());
+  EXPECT_FALSE(Item(u"a").Descriptor()->IsReadOnly());
 }
 
 TEST_F(RestoreTest, WhatTheRulesHideIsNotRestored) {

@@ -263,6 +263,67 @@ TEST_F(DependenciesTest, RefreshOfWhatTheModelDoesNotHoldShowsTheTextItself) {
   EXPECT_EQ(u"x  <text>", X().LineText());
 }
 
+TEST_F(DependenciesTest, RefreshOfACommandsFieldReadsTheCommand) {
+  const std::string command = Property("cmd", "7", "ReaderCmd", Tag("CmdString", "2,2,1") + Tag("Ordinal", "1")) +
+                              Group("other", Tag("CmdOID", "7:1") + Tag("Ordinal", "2") + Tag("Type", "Octet String"));
+  for (const char* rule : {"this|Integer|1|Refresh", "7:2|Integer|1|Refresh", "IF nothing EQ 1 THEN x ELSE Refresh"}) {
+    fake_.Put(u"7", u"AA1");
+    Build(command + Group("field", Tag("CmdOID", "7:2") + Tag("Ordinal", "3") + Tag("Type", "Integer") +
+                                       Tag("Dependency", rule)));
+    fake_.Put(u"7", u"BB2");
+    calls_.logGets = true;
+    rules_.dependencies.EvaluateDependencies(Item(u"field"));
+    calls_.logGets = false;
+    EXPECT_EQ((Journal{u"get 7 ReaderCmd"}), TakeJournal()) << rule;
+    EXPECT_EQ(u"  <2>", Item(u"field").LineText()) << rule;
+    EXPECT_EQ(u"  <BB>", Item(u"other").LineText()) << rule;
+  }
+  // The field need not be an entry of its own.
+  Build(command + Property("x", "9", "Integer", Tag("Dependency", "7:2|Integer|1|Refresh")));
+  fake_.Put(u"7", u"CC3");
+  Evaluate();
+  EXPECT_EQ(u"x  <3>", X().LineText());
+}
+
+TEST_F(DependenciesTest, ARefreshMakesAvailableWhatCouldNotBeRead) {
+  fake_[u"9"].getResult = platform::kFailed;
+  BuildWith(Tag("ChoiceFmt", "5#Five|6#Six") + Tag("Dependency", "this|Integer|5|Refresh"));
+  EXPECT_EQ(u"x  <Unavailable>", X().LineText());
+  EXPECT_TRUE(X().Descriptor()->IsReadOnly());
+  fake_[u"9"].getResult = platform::kOk;
+  fake_[u"9"].text = std::nullopt;  // no text is no value
+  Evaluate();
+  EXPECT_EQ(u"x  <Unavailable>", X().LineText());
+  fake_.Put(u"9", u"6");
+  Evaluate();
+  EXPECT_EQ(u"x  <Six>", X().LineText());
+  EXPECT_FALSE(X().Descriptor()->IsReadOnly());
+  EXPECT_EQ(u"Integer", X().Descriptor()->EditorName());
+}
+
+TEST_F(DependenciesTest, ACommandThatBecomesReadableBringsItsFields) {
+  fake_[u"7"].getResult = platform::kFailed;
+  Build(Property("cmd", "7", "ReaderCmd",
+                 Tag("CmdString", "2,2,1") + Tag("Ordinal", "1") + Tag("Dependency", "this|ReaderCmd||Refresh")) +
+        Group("field",
+              Tag("DisplayName", "field") + Tag("CmdOID", "7:2") + Tag("Ordinal", "2") + Tag("Type", "Integer")));
+  EXPECT_EQ(u"field  <Unavailable>", Item(u"field").LineText());
+  fake_[u"7"].getResult = platform::kOk;
+  fake_.Put(u"7", u"AA5");
+  rules_.dependencies.EvaluateDependencies(Item(u"cmd"));
+  EXPECT_EQ(u"field  <5>", Item(u"field").LineText());
+  EXPECT_EQ(u"Integer", Item(u"field").Descriptor()->EditorName());
+}
+
+TEST_F(DependenciesTest, ARefreshThatFailsShowsWhatTheDeviceLastTookAndNoRefusedEdit) {
+  BuildWith(Tag("Dependency", "this|Integer|5|Refresh"));
+  rules_.items.Settle(u"9", values::PropertyValue::OfInteger(77), false);
+  fake_[u"9"].getResult = platform::kFailed;
+  Evaluate();
+  EXPECT_EQ(u"x  <5>", X().LineText());
+  EXPECT_EQ(u"77", X().Descriptor()->OfferedValue().AsText());
+}
+
 TEST_F(DependenciesTest, RefreshShowsNoSecretInClear) {
   BuildWith(Tag("PassWordChar", "*") + Tag("Dependency", "cfg.other|Octet String||Refresh"));
   fake_.Put(u"cfg.other", u"secret");
@@ -287,7 +348,7 @@ TEST_F(DependenciesTest, ARefreshThatFailsKeepsTheValue) {
 
 TEST_F(DependenciesTest, ARefreshThatReadsAnEmptyTextEmptiesTheValue) {
   BuildWith(Tag("Dependency", "this|Integer|5|Refresh"));
-  X().Descriptor()->SetChanged(true);
+  X().Descriptor()->SetNewValue(values::PropertyValue::OfInteger(7));
   fake_.Put(u"9", u"");
   Evaluate();
   EXPECT_EQ(u"x  <>", X().LineText());
@@ -306,14 +367,21 @@ TEST_F(DependenciesTest, ANarrowedChoiceListLivesInTheProperty) {
   EXPECT_EQ(Journal(), TakeJournal());
 }
 
-TEST_F(DependenciesTest, AnEmptyFallbackEmptiesTheValueAndIsStoredOnce) {
+TEST_F(DependenciesTest, AnEmptyFallbackIsNone) {
   fake_.Put(u"9", u"old");
-  Build(Property("x", "9", "Octet String", Tag("Dependency", "IF x NEQ 1 THEN \"ChoiceFmt=#None|6#F:\"")));
-  Evaluate();
-  EXPECT_EQ((Journal{u"set 9 Octet String "}), TakeJournal());
-  EXPECT_EQ(u"x  <None>", X().LineText());
+  Build(Property("x", "9", "Octet String", Tag("Dependency", "IF x NEQ 1 THEN \"ChoiceFmt=5#Five|6#Six:\"")));
   Evaluate();
   EXPECT_EQ(Journal(), TakeJournal());
+  EXPECT_EQ(u"5#Five|6#Six", X().Descriptor()->ChoiceText());
+  EXPECT_EQ(u"x  <old>", X().LineText());
+}
+
+TEST_F(DependenciesTest, NarrowedChoicesRewriteTheLine) {
+  BuildWith(Tag("ChoiceFmt", "1#A|5#E") + Tag("Dependency", "IF Mode EQ 1 THEN ChoiceFmt=\"5#Five|6#Six\""));
+  EXPECT_EQ(u"x  <E>", X().LineText());
+  Evaluate();
+  EXPECT_EQ(u"x  <Five>", X().LineText());
+  EXPECT_EQ((std::vector<WideString>{u"R\\x"}), shell_.changedLines);
 }
 
 TEST_F(DependenciesTest, TheFallbackReplacesAValueThatIsNoLongerAChoice) {
@@ -332,13 +400,14 @@ TEST_F(DependenciesTest, TheFallbackIsNotNeededForAValueAmongTheChoices) {
   EXPECT_EQ(u"1#A|5#E", X().Descriptor()->ChoiceText());
 }
 
-TEST_F(DependenciesTest, ARefusedFallbackIsShownOnceAndKept) {
+TEST_F(DependenciesTest, ARefusedFallbackIsShownOnceAndOfferedByTheEditorAlone) {
   BuildWith(Tag("_OnError", "Not possible.") + Tag("Dependency", "IF Mode EQ 1 THEN ChoiceFmt=\"1#A|6#F:6\""));
   fake_[u"9"].setResult = platform::kAccessDenied;
   Evaluate();
   EXPECT_EQ((Journal{u"set 9 Integer 6 refused", u"box Error: Not possible. [48]"}), TakeJournal());
-  EXPECT_EQ(u"x  <F>", X().LineText());
-  EXPECT_TRUE(X().Descriptor()->IsChanged());
+  EXPECT_EQ(u"x  <5>", X().LineText());
+  EXPECT_EQ(u"5", rules_.operands.ResolveOperand(u"x"));
+  EXPECT_EQ(u"6", X().Descriptor()->OfferedValue().AsText());
   Evaluate();
   EXPECT_EQ(Journal(), TakeJournal());
 }

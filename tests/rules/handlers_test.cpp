@@ -125,6 +125,46 @@ TEST_F(HandlersTest, IfChangesRunsOnlyWithAChangedItem) {
   }
 }
 
+TEST_F(HandlersTest, APropertyHasWhatIfChangesStored) {
+  BuildMenu(Tag("_OnExit", "IfChanges:1|Integer|5"));
+  Item(u"menu\\a").changed = true;
+  Leave();
+  EXPECT_EQ(u"5", model_.FindDescriptor(u"1")->GetValue().AsText());
+  fake_[u"1"].setResult = platform::kFailed;
+  fake_.Put(u"1", u"5");
+  BuildMenu(Tag("_OnExit", "IfChanges:1|Integer|6"));
+  const WideString before = model_.FindDescriptor(u"1")->GetValue().AsText();
+  Item(u"menu\\a").changed = true;
+  Leave();
+  EXPECT_EQ(before, model_.FindDescriptor(u"1")->GetValue().AsText());
+}
+
+TEST_F(HandlersTest, APropertyHasWhatRebindStored) {
+  BuildMenu(Tag("_OnExit", "Rebind:1|Integer|5"));
+  Leave();
+  EXPECT_EQ(u"5", model_.FindDescriptor(u"1")->GetValue().AsText());
+}
+
+TEST_F(HandlersTest, VerifyNetUIRunsWhenAMenuIsLeft) {
+  fake_.Put(u"1.2.840.10036.1.2.1.2.2", u"6");
+  Build(Group("menu", Tag("DisplayName", "menu") + Tag("_OnExit", "VerifyNetUI") +
+                          Property("auth", "1.2.840.10036.1.2.1.2.2", "Integer")));
+  rules_.handlers.RunExitHandlers(Item(u"menu"));
+  EXPECT_EQ(
+      (Journal{u"set 1.2.840.10036.1.2.1.2.2 Integer 1", u"box Alert: Network Authentication changed to Open [1]"}),
+      TakeJournal());
+}
+
+TEST_F(HandlersTest, ASummaryHasTheValueOfAPropertyThatIsAMenuToo) {
+  fake_.Put(u"1", u"1");
+  fake_.Put(u"7", u"AA");
+  Build(Property("mode", "1", "Integer", Tag("ChoiceFmt", "1#One") + Group("below", Tag("DisplayName", "Below"))) +
+        Property("command", "7", "ReaderCmd", Tag("CmdString", "1,2") + Group("f", Tag("DisplayName", "F"))) +
+        Group("c", Tag("DisplayName", "c") + Tag("Function", "Summary")));
+  rules_.handlers.RunItemCommand(Item(u"c"));
+  EXPECT_EQ((Journal{u"page /  / mode: One / command"}), TakeJournal());
+}
+
 TEST_F(HandlersTest, TakingTheNetworkSettingsOverClearsTheMarks) {
   BuildMenu(Tag("_OnExit", "IfChanges:ApplyNetworkSettings"));
   Item(u"menu\\a").changed = true;

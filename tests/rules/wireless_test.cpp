@@ -190,7 +190,29 @@ TEST_F(WirelessTest, ARefusedCorrectionIsShownAndTheRulesGoOnWithIt) {
                      u"box Alert: Network Authentication changed to Open [1]", u"set 1.2.840.10036.1.5.1.1.2 Integer 1",
                      u"box Alert: Data Encryption has been disabled [1]"}),
             TakeJournal());
-  EXPECT_EQ(u"1", ValueOf(u"auth"));
+  // The device still has what it had: nothing else believes in the correction. It is not tried again each time.
+  EXPECT_EQ(u"6", ValueOf(u"auth"));
+  EXPECT_EQ(u"1", Item(u"auth").Descriptor()->OfferedValue().AsText());
+  rules_.wireless.VerifyNetUI();
+  EXPECT_EQ(Journal(), TakeJournal());
+}
+
+TEST_F(WirelessTest, ReplacedChoicesRewriteTheLine) {
+  Load({u"1", u"2", u"0", u"0", u"0"});
+  EXPECT_EQ(u"auth  <2>", Item(u"auth").LineText());
+  rules_.wireless.VerifyNetUI();
+  EXPECT_EQ(u"auth  <Shared>", Item(u"auth").LineText());
+  EXPECT_EQ(u"enc  <WEP>", Item(u"enc").LineText());
+}
+
+TEST_F(WirelessTest, ARefusedKeyIndexIsTriedAgainByTheUser) {
+  Load({u"1", u"2", u"0", u"0", u"0"});
+  SetKeySetting(u"1");
+  fake_[base::FromUtf8(kIndexOid)].setResult = platform::kAccessDenied;
+  for (int i = 0; i < 2; ++i) {
+    rules_.wireless.SetKeyIndex();
+    EXPECT_EQ(u"set 1.2.840.10036.1.5.1.2.2 Integer 4 refused", TakeJournal().front()) << i;
+  }
 }
 
 TEST_F(WirelessTest, ItemsThatAreMissingAreLeftOutInSilence) {
@@ -217,7 +239,8 @@ TEST_F(WirelessTest, LinesThatChangeAreRewritten) {
   Load({u"1", u"2", u"0", u"0", u"0"});
   rules_.wireless.VerifyNetUI();
   EXPECT_EQ(u"setting  <Enter Key and Index>", Item(u"setting").LineText());
-  EXPECT_EQ((std::vector<WideString>{u"R\\setting"}), shell_.changedLines);
+  EXPECT_EQ((std::vector<WideString>{u"R\\auth", u"R\\enc", u"R\\setting", u"R\\setting", u"R\\method"}),
+            shell_.changedLines);
   EXPECT_EQ(u"value  <Hidden>", Item(u"value").LineText());
 }
 

@@ -7,7 +7,7 @@
 #include "ui/edit_templates.h"
 #include "ui/ip_address_control.h"
 #include "ui/private_messages.h"
-#include "values/pending_changes.h"
+#include "values/submission.h"
 
 #include <iterator>
 #include <random>
@@ -115,7 +115,7 @@ class EditBench : public ui_test::PropertyBench {
     return sets;
   }
 
-  class Actions final : public ui::EditActions, private values::ErrorTexts {
+  class Actions final : public ui::EditActions, private values::SubmitHost {
    public:
     explicit Actions(EditBench& bench) : bench_(bench) {}
     bool ApplyChanges() override {
@@ -131,6 +131,10 @@ class EditBench : public ui_test::PropertyBench {
 
    private:
     WideString ErrorTextOf(WideStringView) override { return {}; }
+    void Settled(const values::PendingChange& change, bool taken) override {
+      auto* property = values::FindDescriptor(bench_.descriptors, change.oid);
+      taken ? property->SetTaken(change.value) : property->SetRefused(change.value);
+    }
     EditBench& bench_;
   };
 
@@ -715,7 +719,7 @@ TEST(EditDialog, NumberedHandlersAloneDoNotRun) {
 TEST(EditDialog, AMarkedLineKeepsItsMark) {
   EditBench bench;
   model::MenuItem& item = bench.LineOf(u"Integer", u"5");
-  item.SetText(u"*hing");
+  item.SetFirstColumn(u'*');
   bench.Press("6{Enter}");
   bench.Edit(item);
   EXPECT_EQ(u"*hing  <6>", item.LineText());

@@ -47,6 +47,53 @@ TEST(PropertyEditors, AnIntegerStartsWithItsTextMaskAndLength) {
   EXPECT_EQ(4, request.maxChars);
 }
 
+TEST(PropertyEditors, ARefusedValueIsOfferedAgain) {
+  using values::PropertyValue;
+  const struct {
+    WideString type;
+    WideString choices;
+    PropertyValue refused;
+    WideString value;
+    WideString text;
+    int selected;
+    std::uint32_t number;
+  } cases[] = {
+      {u"Integer", u"", PropertyValue::OfInteger(7), u"7", u"7", -1, 0},
+      {u"Integer", u"4#A|7#B", PropertyValue::OfInteger(7), u"7", u"", 1, 0},
+      {u"Bool", u"", PropertyValue::OfInteger(1), u"1", u"", -1, 1},
+      {u"Octet String", u"", PropertyValue::OfText(u"new"), u"new", u"new", -1, 0},
+      {u"Octet String", u"old#A|new#B", PropertyValue::OfText(u"new"), u"new", u"new", 1, 0},
+      {u"Password", u"", PropertyValue::OfText(u"new"), u"new", u"new", -1, 0},
+      {u"IP Address", u"", PropertyValue::OfInteger(9), u"9", u"9", -1, 9},
+  };
+  for (const auto& c : cases) {
+    PropertyBench bench;
+    values::PropertyDescriptor& property = bench.Make(c.type, u"0", {{u"ChoiceFmt", c.choices}});
+    property.SetRefused(c.refused);
+    const EditRequest request = EditorTable().MakeRequest(property);
+    EXPECT_EQ(c.value, request.value) << base::ToUtf8(c.type);
+    EXPECT_EQ(c.text, request.text) << base::ToUtf8(c.type);
+    EXPECT_EQ(c.selected, request.selected) << base::ToUtf8(c.type);
+    EXPECT_EQ(c.number, request.number) << base::ToUtf8(c.type);
+  }
+}
+
+TEST(PropertyEditors, AnEntryIsNoLongerThanTheColumnOfItsField) {
+  const struct {
+    WideString type;
+    WideString maxChars;
+    int limit;
+  } cases[] = {{u"Octet String", u"", 3}, {u"Octet String", u"2", 2}, {u"Octet String", u"9", 3},
+               {u"Integer", u"", 3},      {u"Password", u"-1", 3},    {u"Hex", u"0", 3}};
+  for (const auto& c : cases) {
+    PropertyBench bench;
+    bench.device.Put(u"5.1", u"AABBB");
+    bench.Make(u"ReaderCmd", u"", {{u"CmdString", u"2,2,3"}, {u"OID", u"5.1"}});
+    const auto& field = bench.Make(c.type, u"", {{u"CmdOID", u"5.1:2"}, {u"Ordinal", u"1"}, {u"MaxChars", c.maxChars}});
+    EXPECT_EQ(c.limit, EditorTable().MakeRequest(field).maxChars) << base::ToUtf8(c.type + u" " + c.maxChars);
+  }
+}
+
 TEST(PropertyEditors, AnIntegerWithChoicesIsChosen) {
   PropertyBench bench;
   const EditRequest request =

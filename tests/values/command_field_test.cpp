@@ -64,7 +64,7 @@ TEST_F(CommandField, AnUnavailableCommandMakesItUnavailable) {
   const PropertyDescriptor& field = MakeField(u"5.1:1");
   EXPECT_FALSE(field.IsAvailable());
   EXPECT_TRUE(field.IsReadOnly());
-  EXPECT_EQ(field.Type(), u"None");
+  EXPECT_EQ(field.HeldType(), u"None");
   EXPECT_EQ(field.EditorName(), u"None");
 }
 
@@ -79,8 +79,43 @@ TEST_F(CommandField, ReadsItsValueAgainWhenAsked) {
   PropertyDescriptor& command = MakeCommand(u"010234abc");
   PropertyDescriptor& field = MakeField(u"5.1:1");
   command.SetNewValue(PropertyValue::OfText(u"070234abc"));
-  field.InitFromCommand(descriptors_);
+  field.InitFromCommand();
   EXPECT_EQ(field.GetValue(), PropertyValue::OfInteger(7));
+}
+
+TEST_F(CommandField, BecomesAvailableWithItsCommand) {
+  PropertyDescriptor& command = Make({{u"OID", u"5.1"}, {u"Type", u"ReaderCmd"}, {u"CmdString", u"2,2,4"}});
+  PropertyDescriptor& field = MakeField(u"5.1:1");
+  PropertyDescriptor& beyond = MakeField(u"5.1:2");
+  command.SetTaken(PropertyValue::OfText(u"07"));
+  field.InitFromCommand();
+  beyond.InitFromCommand();
+  EXPECT_EQ(field.GetValue(), PropertyValue::OfInteger(7));
+  EXPECT_EQ(field.EditorName(), u"Integer");
+  EXPECT_FALSE(field.IsReadOnly());
+  EXPECT_TRUE(beyond.IsAvailable());  // as when the record had been too short from the start
+  EXPECT_TRUE(beyond.GetValue().IsEmpty());
+}
+
+TEST_F(CommandField, AnEditThatHadNoPlaceInTheRecordIsGoneWhenTheCommandIsTaken) {
+  PropertyDescriptor& command = MakeCommand(u"01");
+  PropertyDescriptor& field = MakeField(u"5.1:3", u"Octet String");
+  field.SetNewValue(PropertyValue::OfText(u"abc"));
+  command.SetTaken(PropertyValue::OfText(u"02"));
+  field.InitFromCommand();
+  EXPECT_TRUE(field.GetValue().IsEmpty());
+  EXPECT_FALSE(field.IsChanged());
+}
+
+TEST_F(CommandField, IsAsWideAsItsColumn) {
+  PropertyDescriptor& before = MakeField(u"5.1:2");
+  MakeCommand(u"010234abc", u"4,2,4,0,-3");
+  EXPECT_EQ(before.ColumnWidth(), 4);
+  EXPECT_EQ(MakeField(u"5.1:1").ColumnWidth(), 2);
+  for (const WideStringView none : {u"5.1:0", u"5.1:3", u"5.1:4", u"5.1:5", u"5.2:1"}) {
+    EXPECT_EQ(MakeField(none).ColumnWidth(), 0);
+  }
+  EXPECT_EQ(MakeWithValue(u"Integer", u"5").ColumnWidth(), 0);
 }
 
 TEST_F(CommandField, ACommandWithoutALayoutGivesNothing) {

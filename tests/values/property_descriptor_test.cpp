@@ -21,7 +21,7 @@ TEST_F(PropertyDescriptorTest, TakesItsAttributesFromItsKey) {
                                              {u"CustPage", u"Extra"}});
   EXPECT_EQ(property.Path(), u"Root\\Property");
   EXPECT_EQ(property.DisplayName(), u"Volume");
-  EXPECT_EQ(property.Type(), u"Integer");
+  EXPECT_EQ(property.HeldType(), u"Integer");
   EXPECT_EQ(property.SubType(), u"Date");
   EXPECT_EQ(property.EditorName(), u"Integer");
   EXPECT_EQ(property.PageName(), u"Extra");
@@ -42,7 +42,7 @@ TEST_F(PropertyDescriptorTest, WithoutAKeyItIsEmptyAndSilent) {
   const PropertyDescriptor property(nullptr, access_, symbols_, descriptors_);
   EXPECT_EQ(property.Path(), u"");
   EXPECT_EQ(property.DisplayName(), u"No Display Name");
-  EXPECT_EQ(property.Type(), u"None");
+  EXPECT_EQ(property.HeldType(), u"None");
   EXPECT_EQ(property.EditorName(), u"None");
   EXPECT_EQ(property.GetMaxChars(), 0);
   EXPECT_TRUE(property.GetValue().IsEmpty());
@@ -89,7 +89,7 @@ TEST_F(PropertyDescriptorTest, AFailedReadMakesItUnavailableAndReadOnly) {
   const PropertyDescriptor& property = Make({{u"OID", u"1.2"}, {u"Type", u"Integer"}, {u"SubType", u"Date"}});
   EXPECT_FALSE(property.IsAvailable());
   EXPECT_TRUE(property.IsReadOnly());
-  EXPECT_EQ(property.Type(), u"None");
+  EXPECT_EQ(property.HeldType(), u"None");
   EXPECT_EQ(property.SubType(), u"");
   EXPECT_EQ(property.EditorName(), u"None");
   EXPECT_EQ(property.GetType(), u"Integer");
@@ -140,7 +140,8 @@ TEST_F(PropertyDescriptorTest, AProfileOidIsReadWithTheActiveProfile) {
   const PropertyDescriptor& property =
       Make({{u"OID", u"cfg|*|SSID"}, {u"Type", u"Octet String"}, {u"FillOID", u"Profile"}});
   EXPECT_EQ(property.GetValue(), PropertyValue::OfText(u"warehouse"));
-  EXPECT_EQ(property.DeviceOid(), u"cfg|Work|SSID");
+  EXPECT_EQ(DeviceOid(descriptors_, access_, u"cfg|*|SSID"), u"cfg|Work|SSID");
+  EXPECT_EQ(DeviceOid(descriptors_, access_, u"cfg|*|Other"), u"cfg|*|Other");
   EXPECT_EQ(FindDescriptor(descriptors_, u"cfg|*|SSID"), &property);
 }
 
@@ -157,7 +158,7 @@ TEST_F(PropertyDescriptorTest, IndirectAttributesAreResolved) {
 TEST_F(PropertyDescriptorTest, AnUnknownTypeHoldsNothing) {
   const PropertyDescriptor& property = MakeWithValue(u"Mystery", u"5");
   EXPECT_TRUE(property.GetValue().IsEmpty());
-  EXPECT_EQ(property.Type(), u"Mystery");
+  EXPECT_EQ(property.HeldType(), u"Mystery");
   EXPECT_TRUE(property.IsAvailable());
 }
 
@@ -165,7 +166,7 @@ TEST_F(PropertyDescriptorTest, SecurityMakesItReadOnlyWithoutAnEditor) {
   const PropertyDescriptor& property = MakeWithValue(u"Integer", u"5", {{u"Security", u"1"}});
   EXPECT_TRUE(property.IsReadOnly());
   EXPECT_EQ(property.EditorName(), u"None");
-  EXPECT_EQ(property.Type(), u"Integer");
+  EXPECT_EQ(property.HeldType(), u"Integer");
 }
 
 TEST_F(PropertyDescriptorTest, AnEditorOfItsOwnStandsBeforeSecurity) {
@@ -203,6 +204,7 @@ TEST_F(PropertyDescriptorTest, AnUnknownPseudoOidIsLeftToTheRules) {
 TEST_F(PropertyDescriptorTest, TheHostsOwnAddressIsReadByTheProgramItself) {
   const PropertyDescriptor& property = Make({{u"OID", u"_GetIPAddress"}, {u"Type", u"Octet String"}});
   EXPECT_FALSE(property.GetValue().AsText().empty());
+  EXPECT_TRUE(property.IsReadOnly());
   EXPECT_EQ(device_.TakeLog(), Lines());
   EXPECT_EQ(FindDescriptor(descriptors_, u"_GetIPAddress"), &property);
 }
@@ -278,7 +280,7 @@ TEST_F(PropertyDescriptorTest, AReplacedTypeTakesItsEditorAlong) {
   PropertyDescriptor& key = MakeWithValue(u"Hex", u"abcde");
   key.ReplaceType(u"Hex32");
   EXPECT_EQ(key.GetType(), u"Hex32");
-  EXPECT_EQ(key.Type(), u"Hex32");
+  EXPECT_EQ(key.HeldType(), u"Hex32");
   EXPECT_EQ(key.EditorName(), u"Hex32");
   EXPECT_EQ(key.GetValue(), PropertyValue::OfText(u"abcde"));
 
@@ -290,18 +292,71 @@ TEST_F(PropertyDescriptorTest, AReplacedTypeTakesItsEditorAlong) {
 TEST_F(PropertyDescriptorTest, AReplacedTypeDoesNotOpenASecureProperty) {
   PropertyDescriptor& property = MakeWithValue(u"", u"abcde", {{u"Security", u"1"}});
   property.ReplaceType(u"Hex32");
-  EXPECT_EQ(property.Type(), u"Hex32");
+  EXPECT_EQ(property.HeldType(), u"Hex32");
   EXPECT_EQ(property.EditorName(), u"None");
   property.ReplaceType(u"");
-  EXPECT_EQ(property.Type(), u"Hex32");
+  EXPECT_EQ(property.HeldType(), u"Hex32");
 }
 
 TEST_F(PropertyDescriptorTest, AReplacedTypeDoesNotOpenAnUnavailableProperty) {
   PropertyDescriptor& property = Make({{u"OID", u"1.2"}, {u"Type", u"Hex"}});
   property.ReplaceType(u"Hex32");
   EXPECT_EQ(property.GetType(), u"Hex32");
-  EXPECT_EQ(property.Type(), u"None");
+  EXPECT_EQ(property.HeldType(), u"None");
   EXPECT_EQ(property.EditorName(), u"None");
+}
+
+TEST_F(PropertyDescriptorTest, AnEditWaitsUntilItIsTakenRefusedOrDropped) {
+  const PropertyValue five = PropertyValue::OfInteger(5);
+  const PropertyValue six = PropertyValue::OfInteger(6);
+  const struct {
+    const char* name;
+    void (*end)(PropertyDescriptor&, const PropertyValue&);
+    PropertyValue value;
+    PropertyValue offered;
+    bool changed;
+  } cases[] = {
+      {"waiting", [](auto&, const auto&) {}, six, six, true},
+      {"taken", [](auto& property, const auto& value) { property.SetTaken(value); }, six, six, false},
+      {"refused", [](auto& property, const auto& value) { property.SetRefused(value); }, five, six, true},
+      {"dropped", [](auto& property, const auto&) { property.DropEdit(); }, five, five, false},
+  };
+  for (const auto& c : cases) {
+    PropertyDescriptor& property = MakeWithValue(u"Integer", u"5");
+    property.SetNewValue(PropertyValue::OfInteger(9));
+    property.SetNewValue(six);
+    c.end(property, six);
+    EXPECT_EQ(property.GetValue(), c.value) << c.name;
+    EXPECT_EQ(property.OfferedValue(), c.offered) << c.name;
+    EXPECT_EQ(property.IsChanged(), c.changed) << c.name;
+  }
+}
+
+TEST_F(PropertyDescriptorTest, ARefusedValueIsOfferedUntilThereIsAnother) {
+  PropertyDescriptor& property = MakeWithValue(u"Integer", u"5");
+  property.SetRefused(PropertyValue::OfInteger(6));
+  property.SetNewValue(PropertyValue::OfInteger(7));
+  EXPECT_EQ(property.OfferedValue(), PropertyValue::OfInteger(7));
+  property.SetRefused(PropertyValue::OfInteger(7));
+  property.SetTaken(PropertyValue::OfInteger(8));
+  EXPECT_EQ(property.OfferedValue(), PropertyValue::OfInteger(8));
+}
+
+TEST_F(PropertyDescriptorTest, AnyValueOfTheDeviceMakesItAvailable) {
+  PropertyDescriptor& open = Make({{u"OID", u"1.2"}, {u"Type", u"Integer"}, {u"SubType", u"Date"}});
+  PropertyDescriptor& secured = Make({{u"OID", u"1.3"}, {u"Type", u"Integer"}, {u"Security", u"1"}});
+  for (PropertyDescriptor* property : {&open, &secured}) {
+    EXPECT_FALSE(property->IsAvailable());
+    EXPECT_EQ(property->SubType(), u"");
+    property->SetTaken(PropertyValue::OfInteger(5));
+    EXPECT_TRUE(property->IsAvailable());
+    EXPECT_EQ(property->HeldType(), u"Integer");
+  }
+  EXPECT_EQ(open.EditorName(), u"Integer");
+  EXPECT_EQ(open.SubType(), u"Date");
+  EXPECT_FALSE(open.IsReadOnly());
+  EXPECT_EQ(secured.EditorName(), u"None");
+  EXPECT_TRUE(secured.IsReadOnly());
 }
 
 }  // namespace

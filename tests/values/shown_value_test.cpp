@@ -89,6 +89,13 @@ TEST_F(ShownValueTest, AMaskHas1023StarsAtMost) {
 
 TEST_F(ShownValueTest, APasswordIsASecretWithoutItsMaskToo) { EXPECT_EQ(Shown(u"Password", u"abcde", {}), u"*****"); }
 
+TEST_F(ShownValueTest, AKeyIsASecretWithoutItsFixedTextToo) {
+  EXPECT_EQ(Shown(u"Hex", u"abcde", {}), u"*****");
+  EXPECT_EQ(Shown(u"hex", u"abcde", {}), u"*****");
+  EXPECT_EQ(Shown(u"Hex32", u"passphrase", {}), u"**********");
+  EXPECT_EQ(Shown(u"HEX32", u"abc", {}), u"abc");  // no type of that name
+}
+
 TEST_F(ShownValueTest, AWirelessKeyShowsItsFixedTextWhateverTheValue) {
   EXPECT_EQ(Shown(u"Hex", u"abcde", {{u"WEP", u"Set"}}), u"Set");
   EXPECT_EQ(Shown(u"Hex", u"", {{u"WEP", u"Set"}}), u"Set");

@@ -26,14 +26,17 @@ struct StartedProgram {
   WideString arguments;
 };
 
-StartedProgram Split(WideStringView commandLine) {
-  if (!commandLine.starts_with(u'"')) return {WideString(commandLine), {}};
-  commandLine.remove_prefix(1);
-  const std::size_t quote = commandLine.find(u'"');
-  if (quote == WideStringView::npos) return {WideString(commandLine), {}};
-  WideStringView arguments = commandLine.substr(quote + 1);
-  if (arguments.starts_with(u' ')) arguments.remove_prefix(1);
-  return {WideString(commandLine.substr(0, quote)), WideString(arguments)};
+// The program's name may hold quotes of its own: it is what the name of the file to start ends in.
+StartedProgram Split(WideStringView commandLine, WideStringView fileName) {
+  for (std::size_t length = commandLine.size(); length > 1; --length) {
+    if (commandLine[length - 1] != u'"') continue;
+    const WideStringView program = commandLine.substr(1, length - 2);
+    if (!fileName.ends_with(program)) continue;
+    WideStringView arguments = commandLine.substr(length);
+    if (arguments.starts_with(u' ')) arguments.remove_prefix(1);
+    return {WideString(program), WideString(arguments)};
+  }
+  return {WideString(commandLine), {}};
 }
 
 // A zero-ended text of another process.
@@ -228,7 +231,8 @@ DWORD Debuggee::State::HandleException(const DEBUG_EVENT& event) {
 bool Debuggee::State::TraceCalls() {
   calls = std::make_unique<TracedCalls>(process.Get(), imageStart, imageEnd);
   const auto onCreateProcess = [this](const StoppedThread& call) -> TracedCalls::OnReturn {
-    StartedProgram started = Split(ReadText(process.Get(), call.Argument(1)));
+    StartedProgram started =
+        Split(ReadText(process.Get(), call.Argument(1)), ReadText(process.Get(), call.Argument(0)));
     return [this, started = std::move(started)](HANDLE thread, std::uint64_t result) {
       const DWORD error = static_cast<BOOL>(result) != FALSE ? 0 : LastErrorOf(thread);
       Add(StartLine(started.program, started.arguments, error));

@@ -1,4 +1,4 @@
-#include "values/pending_changes.h"
+#include "values/submission.h"
 
 #include "base/format.h"
 #include "base/number.h"
@@ -8,7 +8,6 @@
 #include "values/key_rules.h"
 #include "values/property_descriptor.h"
 
-#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -33,8 +32,12 @@ class Submission {
 
   int Run(const ChangeList& changes) {
     for (const PendingChange& change : changes) {
-      if (change.oid.empty() || IsPseudoOid(change.oid)) continue;
-      SubmitOne(change, changes.size() == 1);
+      if (change.oid.empty()) continue;
+      if (IsPseudoOid(change.oid)) {
+        context_.host.Settled(change, true);
+      } else {
+        SubmitOne(change, changes.size() == 1);
+      }
     }
     return failed_ ? 1 : 0;
   }
@@ -43,17 +46,16 @@ class Submission {
   void SubmitOne(const PendingChange& change, bool isOnlyOne) {
     WideString text = change.value.AsText();
     WideString message;
-    if (!Convert(change, text, message)) {
-      ShowFailure(message);
-      if (isOnlyOne) failed_ = true;
-      return;
-    }
-    PropertyDescriptor* descriptor = FindDescriptor(context_.descriptors, change.oid);
-    try {
-      Store(change, descriptor, text);
-    } catch (...) {
-      platform::KernelDebugOutput(base::Format(u"EXCEPTION: SNMPSet OID[%s]\r\n", change.oid));
-      failed_ = true;
+    const bool isSound = Convert(change, text, message);
+    const bool taken = isSound && Store(change, text);
+    context_.host.Settled(change, taken);
+    if (taken) return;
+    if (isSound || isOnlyOne) failed_ = true;
+    cursor_.reset();
+    if (isSound) {
+      ShowNotStored(context_.boxes, context_.host.ErrorTextOf(change.oid));
+    } else {
+      context_.boxes.Show(message, u"Error", kWarningBox);
     }
   }
 
@@ -67,25 +69,17 @@ class Submission {
     return !isHex || CheckKey(change.kind, text, message);
   }
 
-  void Store(const PendingChange& change, PropertyDescriptor* descriptor, const WideString& text) {
-    const WideString oid =
-        descriptor == nullptr ? change.oid : context_.device.FillOid(change.oid, descriptor->Attributes());
-    const platform::ResultCode result = context_.device.Set(oid, change.type, text);
-    if (result >= 0) {
+  bool Store(const PendingChange& change, const WideString& text) {
+    const WideString oid = DeviceOid(context_.descriptors, context_.device, change.oid);
+    const std::optional<platform::ResultCode> result = context_.device.Set(oid, change.type, text);
+    const bool taken = result && *result >= 0;
+    if (taken) {
       context_.valueWritten = true;
-      if (descriptor != nullptr) descriptor->SetChanged(false);
-      return;
+    } else if (result) {
+      platform::KernelDebugOutput(
+          base::Format(u"FAILED: SNMPSet  hr[%x] OID[%s] Value[%s] Type[%s])\r\n", *result, oid, text, change.type));
     }
-    platform::KernelDebugOutput(
-        base::Format(u"FAILED: SNMPSet  hr[%x] OID[%s] Value[%s] Type[%s])\r\n", result, oid, text, change.type));
-    failed_ = true;
-    const WideString ownText = context_.errorTexts.ErrorTextOf(change.oid);
-    ShowFailure(ownText.empty() ? LoadText(TextId::kChangeNotSaved) : WideStringView(ownText));
-  }
-
-  void ShowFailure(WideStringView message) {
-    cursor_.reset();
-    context_.boxes.Show(message, u"Error", kWarningBox);
+    return taken;
   }
 
   const SubmitContext& context_;
@@ -95,9 +89,8 @@ class Submission {
 
 }  // namespace
 
-void EventNames::Add(WideStringView name) {
-  const bool isKnown = std::find(names_.begin(), names_.end(), name) != names_.end();
-  if (!name.empty() && !isKnown) names_.emplace_back(name);
+void ShowNotStored(MessageBoxes& boxes, WideStringView ownText) {
+  boxes.Show(ownText.empty() ? LoadText(TextId::kChangeNotSaved) : ownText, u"Error", kWarningBox);
 }
 
 int SnmpSetChanges(ChangeList& changes, int& status, const SubmitContext& context) {

@@ -1,4 +1,4 @@
-#include "values/pending_changes.h"
+#include "values/submission.h"
 
 #include "tests/support/fake_boxes.h"
 #include "tests/values/property_fixture.h"
@@ -10,24 +10,28 @@ namespace {
 
 using tests::Lines;
 
-class FakeErrorTexts final : public ErrorTexts {
+// "OID taken" and "OID refused" as each change is settled.
+class FakeHost final : public SubmitHost {
  public:
   std::map<WideString, WideString, std::less<>> texts;
+  Lines settled;
+
   WideString ErrorTextOf(WideStringView oid) override {
     const auto found = texts.find(oid);
     return found == texts.end() ? WideString() : found->second;
   }
+  void Settled(const PendingChange& change, bool taken) override {
+    settled.push_back(change.oid + (taken ? u" taken" : u" refused"));
+  }
 };
 
-class PendingChanges : public tests::PropertyTest {
+class Submission : public tests::PropertyTest {
  protected:
   int Submit(ChangeList changes) {
     changes_ = std::move(changes);
     return Submit();
   }
-  int Submit() {
-    return SnmpSetChanges(changes_, status_, {access_, descriptors_, boxes_, errors_, nullptr, written_});
-  }
+  int Submit() { return SnmpSetChanges(changes_, status_, {access_, descriptors_, boxes_, host_, nullptr, written_}); }
 
   static PendingChange Change(WideStringView oid, WideStringView type, WideStringView text,
                               KeyKind kind = KeyKind::kWepKey) {
@@ -38,10 +42,10 @@ class PendingChanges : public tests::PropertyTest {
   int status_ = 77;
   bool written_ = false;
   tests::FakeBoxes boxes_;
-  FakeErrorTexts errors_;
+  FakeHost host_;
 };
 
-TEST_F(PendingChanges, AreSentInOrderAndGone) {
+TEST_F(Submission, AreSentInOrderAndGone) {
   device_.Put(u"1", u"");
   device_.Put(u"2", u"");
   EXPECT_EQ(Submit({Change(u"1", u"Octet String", u"a"),
@@ -56,14 +60,14 @@ TEST_F(PendingChanges, AreSentInOrderAndGone) {
   EXPECT_EQ(terminal_.TakeDebugLines(), Lines());
 }
 
-TEST_F(PendingChanges, AnEmptyListTouchesNothing) {
+TEST_F(Submission, AnEmptyListTouchesNothing) {
   EXPECT_EQ(Submit({}), 0);
   EXPECT_EQ(status_, 0);
   EXPECT_FALSE(written_);
   EXPECT_EQ(device_.connections, 0);
 }
 
-TEST_F(PendingChanges, WithoutADeviceTheListIsKept) {
+TEST_F(Submission, WithoutADeviceTheListIsKept) {
   device_.reachable = false;
   EXPECT_EQ(Submit({Change(u"1", u"Integer", u"5")}), 0);
   EXPECT_EQ(status_, 0);
@@ -72,14 +76,14 @@ TEST_F(PendingChanges, WithoutADeviceTheListIsKept) {
   EXPECT_EQ(terminal_.TakeSystemBoxes(), (Lines{u"Error: Cannot get SNMP Interface"}));
 }
 
-TEST_F(PendingChanges, WithoutAnOidOrForAPseudoOidNothingIsSent) {
+TEST_F(Submission, WithoutAnOidOrForAPseudoOidNothingIsSent) {
   EXPECT_EQ(Submit({Change(u"", u"Integer", u"5"), Change(u"_Local", u"Hex", u"x")}), 0);
   EXPECT_EQ(device_.TakeLog(), Lines());
   EXPECT_FALSE(written_);
   EXPECT_EQ(boxes_.TakeShown(), Lines());
 }
 
-TEST_F(PendingChanges, AnAddressIsSentDotted) {
+TEST_F(Submission, AnAddressIsSentDotted) {
   device_.Put(u"1", u"");
   Submit({{u"1", u"IP Address", PropertyValue::OfInteger(0)},
           {u"1", u"IP Address", PropertyValue::OfInteger(static_cast<std::int32_t>(0xC0A80001))},
@@ -89,7 +93,7 @@ TEST_F(PendingChanges, AnAddressIsSentDotted) {
                                       u"set 1 IP Address 0.0.1.2", u"set 1 ip address 258"}));
 }
 
-TEST_F(PendingChanges, KeysAreCheckedAndConvertedByTheirKind) {
+TEST_F(Submission, KeysAreCheckedAndConvertedByTheirKind) {
   device_.Put(u"1", u"");
   Submit({Change(u"1", u"Hex", u"abcde", KeyKind::kWepKey), Change(u"1", u"Hex", u"0x12abcdef90", KeyKind::kWepKey),
           Change(u"1", u"Hex", u"abcde", KeyKind::kWepKeyAsTyped),
@@ -103,7 +107,7 @@ TEST_F(PendingChanges, KeysAreCheckedAndConvertedByTheirKind) {
   EXPECT_EQ(boxes_.TakeShown(), Lines());
 }
 
-TEST_F(PendingChanges, ARejectedKeyAloneIsAFailure) {
+TEST_F(Submission, ARejectedKeyAloneIsAFailure) {
   device_.Put(u"1", u"before");
   EXPECT_EQ(Submit({Change(u"1", u"Hex", u"abcd")}), 1);
   EXPECT_EQ(boxes_.TakeShown(), (Lines{u"Error: WEP Key must be 5 or 13 characters. [48]"}));
@@ -113,7 +117,7 @@ TEST_F(PendingChanges, ARejectedKeyAloneIsAFailure) {
   EXPECT_EQ(terminal_.TakeDebugLines(), Lines());
 }
 
-TEST_F(PendingChanges, ARejectedKeyAmongOthersIsSkippedAndTheOthersDecide) {
+TEST_F(Submission, ARejectedKeyAmongOthersIsSkippedAndTheOthersDecide) {
   device_.Put(u"1", u"");
   EXPECT_EQ(Submit({Change(u"1", u"Hex32", u"short", KeyKind::kPreSharedKey), Change(u"1", u"Integer", u"5")}), 0);
   EXPECT_EQ(boxes_.TakeShown(), (Lines{u"Error: Pass phrase must be from 8 to 63 characters. [48]"}));
@@ -123,7 +127,7 @@ TEST_F(PendingChanges, ARejectedKeyAmongOthersIsSkippedAndTheOthersDecide) {
   EXPECT_EQ(Submit({Change(u"1", u"Hex", u"short"), Change(u"1", u"Hex", u"abc"), Change(u"1", u"Integer", u"5")}), 1);
 }
 
-TEST_F(PendingChanges, ARefusedValueIsShownAndTheNextIsTried) {
+TEST_F(Submission, ARefusedValueIsShownAndTheNextIsTried) {
   device_.Put(u"1", u"before");
   device_[u"1"].setResult = platform::kAccessDenied;
   device_.Put(u"2", u"before");
@@ -136,21 +140,21 @@ TEST_F(PendingChanges, ARefusedValueIsShownAndTheNextIsTried) {
   EXPECT_TRUE(changes_.empty());
 }
 
-TEST_F(PendingChanges, APropertysOwnErrorTextReplacesTheGeneralOne) {
+TEST_F(Submission, APropertysOwnErrorTextReplacesTheGeneralOne) {
   device_[u"1"].setResult = platform::kFailed;
-  errors_.texts[u"1"] = u"The radio is off.";
+  host_.texts[u"1"] = u"The radio is off.";
   EXPECT_EQ(Submit({Change(u"1", u"Integer", u"5")}), 1);
   EXPECT_EQ(boxes_.TakeShown(), (Lines{u"Error: The radio is off. [48]"}));
   EXPECT_FALSE(written_);
 }
 
-TEST_F(PendingChanges, EverySuccessCodeCounts) {
+TEST_F(Submission, EverySuccessCodeCounts) {
   device_[u"1"].setResult = platform::kFalse;
   EXPECT_EQ(Submit({Change(u"1", u"Integer", u"5")}), 0);
   EXPECT_TRUE(written_);
 }
 
-TEST_F(PendingChanges, ASpecialOidTakesTheAlternateOperation) {
+TEST_F(Submission, ASpecialOidTakesTheAlternateOperation) {
   device_.Put(u"1.3.6.1.4.1.4242.10.5.1.3.0", u"");
   Submit({Change(u"1.3.6.1.4.1.4242.10.5.1.3.0", u"Integer", u"5"),
           Change(u"1.3.6.1.4.1.4242.10.5.1.3.0 ", u"Integer", u"5")});
@@ -158,7 +162,7 @@ TEST_F(PendingChanges, ASpecialOidTakesTheAlternateOperation) {
                                       u"set 1.3.6.1.4.1.4242.10.5.1.3.0  Integer 5"}));
 }
 
-TEST_F(PendingChanges, TheActiveProfileStandsForTheStarOfAProfileProperty) {
+TEST_F(Submission, TheActiveProfileStandsForTheStarOfAProfileProperty) {
   device_.Put(u"cfg|80211PM|ActiveProfile", u"Work");
   device_.Put(u"cfg|Work|SSID", u"old");
   device_.Put(u"cfg|*|Plain", u"old");
@@ -171,11 +175,11 @@ TEST_F(PendingChanges, TheActiveProfileStandsForTheStarOfAProfileProperty) {
                                       u"set cfg|Work|SSID Octet String new", u"set cfg|*|Plain Octet String new"}));
 }
 
-TEST_F(PendingChanges, AnErrorTextIsAskedForByTheOidOfTheConfiguration) {
+TEST_F(Submission, AnErrorTextIsAskedForByTheOidOfTheConfiguration) {
   device_.Put(u"cfg|80211PM|ActiveProfile", u"Work");
   device_.Put(u"cfg|Work|SSID", u"old");
   device_[u"cfg|Work|SSID"].setResult = platform::kFailed;
-  errors_.texts[u"cfg|*|SSID"] = u"No such network.";
+  host_.texts[u"cfg|*|SSID"] = u"No such network.";
   Make({{u"OID", u"cfg|*|SSID"}, {u"Type", u"Octet String"}, {u"FillOID", u"Profile"}});
   EXPECT_EQ(Submit({Change(u"cfg|*|SSID", u"Octet String", u"new")}), 1);
   EXPECT_EQ(boxes_.TakeShown(), (Lines{u"Error: No such network. [48]"}));
@@ -183,25 +187,24 @@ TEST_F(PendingChanges, AnErrorTextIsAskedForByTheOidOfTheConfiguration) {
             (Lines{u"FAILED: SNMPSet  hr[80004005] OID[cfg|Work|SSID] Value[new] Type[Octet String])\r\n"}));
 }
 
-TEST_F(PendingChanges, ASetThatBreaksDownIsAFailureAndTheNextIsTried) {
+TEST_F(Submission, ASetThatBreaksDownIsAFailureAndTheNextIsTried) {
   device_[u"1"].throws = true;
   device_.Put(u"2", u"before");
   EXPECT_EQ(Submit({Change(u"1", u"Integer", u"5"), Change(u"2", u"Integer", u"6")}), 1);
   EXPECT_EQ(terminal_.TakeDebugLines(), (Lines{u"EXCEPTION: SNMPSet OID[1]\r\n"}));
+  EXPECT_EQ(boxes_.TakeShown(), (Lines{u"Error: An error occurred.  Change was not saved. [48]"}));
   EXPECT_EQ(device_.TextOf(u"2"), u"6");
 }
 
-TEST_F(PendingChanges, OnlyATakenValueCeasesToBeChanged) {
-  PropertyDescriptor& property = MakeWithValue(u"Integer", u"5");
-  property.SetNewValue(PropertyValue::OfInteger(6));
-  property.SetChanged(true);
-  device_[u"1.2.3"].setResult = platform::kFailed;
-  Submit({Change(u"1.2.3", u"Integer", u"6")});
-  EXPECT_TRUE(property.IsChanged());
-  EXPECT_EQ(property.GetValue(), PropertyValue::OfInteger(6));
-  device_[u"1.2.3"].setResult = platform::kOk;
-  Submit({Change(u"1.2.3", u"Integer", u"6")});
-  EXPECT_FALSE(property.IsChanged());
+TEST_F(Submission, SaysOfEachChangeWhetherItWasTaken) {
+  device_.Put(u"1", u"");
+  device_.Put(u"2", u"");
+  device_[u"2"].setResult = platform::kFailed;
+  device_[u"3"].throws = true;
+  Submit({Change(u"1", u"Integer", u"5"), Change(u"2", u"Integer", u"5"), Change(u"", u"Integer", u"5"),
+          Change(u"_Local", u"Integer", u"5"), Change(u"3", u"Integer", u"5"), Change(u"1", u"Hex", u"abc"),
+          Change(u"1", u"Integer", u"6")});
+  EXPECT_EQ(host_.settled, (Lines{u"1 taken", u"2 refused", u"_Local taken", u"3 refused", u"1 refused", u"1 taken"}));
 }
 
 // Asks for another change while the box of a failure is up.
@@ -218,25 +221,13 @@ class BusyBoxes final : public MessageBoxes {
   ChangeList& changes_;
 };
 
-TEST_F(PendingChanges, WhatIsRecordedMeanwhileWaitsForTheNextRunAndBoxesStandWithoutAWaitCursor) {
+TEST_F(Submission, WhatIsRecordedMeanwhileWaitsForTheNextRunAndBoxesStandWithoutAWaitCursor) {
   BusyBoxes boxes(changes_);
   changes_.push_back(Change(u"1", u"Integer", u"5"));
-  EXPECT_EQ(SnmpSetChanges(changes_, status_, {access_, descriptors_, boxes, errors_, nullptr, written_}), 1);
+  EXPECT_EQ(SnmpSetChanges(changes_, status_, {access_, descriptors_, boxes, host_, nullptr, written_}), 1);
   ASSERT_EQ(changes_.size(), 1u);
   EXPECT_EQ(changes_[0].oid, u"2");
   EXPECT_FALSE(platform::host::IsWaitCursorShown());
-}
-
-TEST(EventNames, HoldEachNameOnceInOrder) {
-  EventNames events;
-  events.Add(u"B");
-  events.Add(u"A");
-  events.Add(u"");
-  events.Add(u"B");
-  events.Add(u"b");
-  EXPECT_EQ(events.Names(), (Lines{u"B", u"A", u"b"}));
-  events.Clear();
-  EXPECT_EQ(events.Names(), Lines());
 }
 
 }  // namespace
