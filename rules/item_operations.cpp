@@ -32,7 +32,7 @@ void ItemOperations::SetItemType(WideStringView key, WideStringView type) {
 }
 
 void ItemOperations::SetItemValue(WideStringView key, WideStringView value) {
-  if (auto* property = context_.model.FindDescriptor(key)) SetTaken(*property, ValueOf(*property, value));
+  if (auto* property = context_.model.FindDescriptor(key)) Settle(key, ValueOf(*property, value), true);
 }
 
 void ItemOperations::StoreValue(const WideString& oid, const WideString& type, const WideString& value) {
@@ -63,7 +63,8 @@ WideString ItemOperations::Reread(const WideString& oid, const WideString& type)
     UpdateLine(*property);
     return {};
   }
-  SetTaken(*property, ValueOf(*property, *text));
+  property->SetRead(ValueOf(*property, *text));
+  Follow(*property);
   return *text;
 }
 
@@ -71,7 +72,8 @@ void ItemOperations::Settle(WideStringView oid, const values::PropertyValue& val
   auto* property = context_.model.FindDescriptor(oid);
   if (property == nullptr) return;
   if (taken) {
-    SetTaken(*property, value);
+    property->SetTaken(value);
+    Follow(*property);
     return;
   }
   property->SetRefused(value);
@@ -87,8 +89,8 @@ void ItemOperations::DropEdit(WideStringView oid) {
   VisitFields(*property, [](values::PropertyDescriptor& field) { field.DropEdit(); });
 }
 
-void ItemOperations::SetTaken(values::PropertyDescriptor& property, values::PropertyValue value) {
-  property.SetTaken(std::move(value));
+// The property has another value: its line and its fields do too.
+void ItemOperations::Follow(const values::PropertyDescriptor& property) {
   UpdateLine(property);
   VisitFields(property, [](values::PropertyDescriptor& field) { field.InitFromCommand(); });
 }

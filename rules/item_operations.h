@@ -37,7 +37,7 @@ class ItemOperations {
   using Visit = void (*)(values::PropertyDescriptor& field);
 
   void SetState(WideStringView key, model::DisplayState state);
-  void SetTaken(values::PropertyDescriptor& property, values::PropertyValue value);
+  void Follow(const values::PropertyDescriptor& property);
   void VisitFields(const values::PropertyDescriptor& command, Visit visit);
   void UpdateLine(const values::PropertyDescriptor& property);
 

@@ -67,7 +67,7 @@ void PropertyDescriptor::InitFromCommand() {
                                        layout.Width(field->index), layout.Start(field->index),
                                        static_cast<std::int32_t>(record.size())));
   }
-  SetTaken(std::move(cut));
+  SetRead(std::move(cut));
 }
 
 bool PropertyDescriptor::WriteToCommand(PropertyDescriptor* parent, const PropertyValue& value) const {

@@ -83,10 +83,8 @@ void PropertyDescriptor::SetNewValue(PropertyValue value) {
 }
 
 void PropertyDescriptor::SetTaken(PropertyValue value) {
-  value_ = std::move(value);
-  beforeEdit_.reset();
   refused_.reset();
-  available_ = true;
+  SetRead(std::move(value));
 }
 
 void PropertyDescriptor::SetRefused(PropertyValue value) {
@@ -96,6 +94,13 @@ void PropertyDescriptor::SetRefused(PropertyValue value) {
 
 void PropertyDescriptor::DropEdit() {
   if (beforeEdit_) value_ = *std::exchange(beforeEdit_, std::nullopt);
+}
+
+void PropertyDescriptor::SetRead(PropertyValue value) {
+  DropEdit();
+  if (value_ != value) refused_.reset();
+  value_ = std::move(value);
+  available_ = true;
 }
 
 void PropertyDescriptor::InitValue() {
@@ -120,7 +125,7 @@ void PropertyDescriptor::InitValue() {
   }
   PropertyValue read = value_;
   ParseValue(*text, read);
-  SetTaken(std::move(read));
+  SetRead(std::move(read));
 }
 
 void PropertyDescriptor::ParseValue(WideStringView text, PropertyValue& value) const {

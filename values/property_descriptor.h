@@ -83,11 +83,13 @@ class PropertyDescriptor {
   // An edit waits to be sent, or was refused.
   bool IsChanged() const { return beforeEdit_ || refused_; }
 
-  // The value becomes an edit that waits to be sent, until one of the three below.
+  // The value becomes an edit that waits to be sent, until one of those below.
   void SetNewValue(PropertyValue value);
-  void SetTaken(PropertyValue value);    // the device has given or taken it
+  void SetTaken(PropertyValue value);    // the device has taken it
   void SetRefused(PropertyValue value);  // the value before the edit is back
   void DropEdit();                       // as if there had been none
+  // The device has it now. A refused edit is still offered as long as that is what the device had.
+  void SetRead(PropertyValue value);
 
   // Reads a value of the property's type from its text. An empty text leaves `value` as it is.
   void ParseValue(WideStringView text, PropertyValue& value) const;

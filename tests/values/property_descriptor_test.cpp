@@ -338,7 +338,12 @@ TEST_F(PropertyDescriptorTest, ARefusedValueIsOfferedUntilThereIsAnother) {
   property.SetNewValue(PropertyValue::OfInteger(7));
   EXPECT_EQ(property.OfferedValue(), PropertyValue::OfInteger(7));
   property.SetRefused(PropertyValue::OfInteger(7));
-  property.SetTaken(PropertyValue::OfInteger(8));
+  property.SetRead(PropertyValue::OfInteger(5));  // nothing new
+  EXPECT_EQ(property.OfferedValue(), PropertyValue::OfInteger(7));
+  property.SetTaken(PropertyValue::OfInteger(5));
+  EXPECT_EQ(property.OfferedValue(), PropertyValue::OfInteger(5));
+  property.SetRefused(PropertyValue::OfInteger(7));
+  property.SetRead(PropertyValue::OfInteger(8));
   EXPECT_EQ(property.OfferedValue(), PropertyValue::OfInteger(8));
 }
 
