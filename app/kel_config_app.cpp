@@ -4,9 +4,12 @@
 #include "base/format.h"
 #include "base/string_table.h"
 #include "config/config_source.h"
+#include "platform/debug.h"
 #include "rules/program_start.h"
 #include "ui/ip_address_control.h"
 #include "ui/private_messages.h"
+
+#include <exception>
 
 namespace app {
 namespace {
@@ -35,19 +38,26 @@ platform::LResult CKelConfigApp::Run(WideStringView commandLine) {
 }
 
 bool CKelConfigApp::LoadConfiguration(WideStringView commandLine) {
+  try {
+    report_.isLoaded = SelectSource(commandLine) && tree_.BuildFirst();
+    if (report_.isLoaded) symbols_ = values::SymbolTable::FromRegistry();
+  } catch (const std::exception&) {
+    platform::DebugOutput(u"EXCEPTION: CKelConfigApp::LoadConfiguration()\r\n");
+    report_.isLoaded = false;
+  }
+  if (!report_.isLoaded) ShowConfigurationError();
+  return report_.isLoaded;
+}
+
+bool CKelConfigApp::SelectSource(WideStringView commandLine) {
   config::SelectedSource selected = config::SelectSource(commandLine);
   report_.refusals = std::move(selected.refusals);
   for (const config::SourceRefusal& refusal : report_.refusals) {
     if (!refusal.isMalformed) continue;
     boxes_.Show(base::Format(u"%s document is not well formed", refusal.source), u"Error", values::kErrorBox);
   }
-  if (selected.source) tree_.SetSource(std::move(*selected.source));
-  report_.isLoaded = selected.source && tree_.BuildFirst();
-  if (!report_.isLoaded) {
-    ShowConfigurationError();
-    return false;
-  }
-  symbols_ = values::SymbolTable::FromRegistry();
+  if (!selected.source) return false;
+  tree_.SetSource(std::move(*selected.source));
   return true;
 }
 
@@ -59,17 +69,24 @@ void CKelConfigApp::StartTreeRebuild() {
   if (worker_) return;
   // Readers wait from now on, not only from when the thread runs.
   tree_.AnnounceRebuild();
-  worker_.emplace([this, screen = mainDialog_.MainWindow()] {
-    if (!tree_.Rebuild()) rebuildFailed_ = true;
-    platform::Post(screen, ui::private_message::kRelayToList, ui::private_message::kTreeReplaced);
-  });
+  try {
+    worker_.emplace([this, screen = mainDialog_.MainWindow()] {
+      if (!tree_.Rebuild()) rebuildFailed_ = true;
+      platform::Post(screen, ui::private_message::kRelayToList, ui::private_message::kTreeReplaced);
+    });
+  } catch (const std::exception&) {
+    platform::DebugOutput(u"EXCEPTION: CKelConfigApp::StartTreeRebuild()\r\n");
+    tree_.CallOffRebuild();
+    rebuildFailed_ = true;
+  }
 }
 
 void CKelConfigApp::BringModelUpToDate() {
   {
     const KeyTree::Reader reader(tree_);
     const auto tree = tree_.Current();
-    if (tree != model_.Tree()) mainDialog_.ReplaceItems([&] { model_.Build(tree, tree_.RootPath()); });
+    if (tree != model_.Tree() || !model_.IsWhole())
+      mainDialog_.ReplaceItems([&] { model_.Build(tree, tree_.RootPath()); });
   }
   if (rebuildFailed_.exchange(false)) ShowConfigurationError();
 }

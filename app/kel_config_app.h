@@ -49,6 +49,7 @@ class CKelConfigApp final : private ScreenActions, private ui::EditActions {
   void RunPostEditAction(WideStringView command, model::MenuItem& item) override;
 
   bool LoadConfiguration(WideStringView commandLine);
+  bool SelectSource(WideStringView commandLine);
   void ShowConfigurationError();
   void EditProperty(model::MenuItem& item);
 

@@ -19,15 +19,15 @@ class KeyTree {
   void SetSource(config::ConfigSource source) { source_ = std::move(source); }
   const WideString& RootPath() const { return source_.path; }
 
-  // Builds the tree that the first menu needs. False when it holds nothing; it stays in place all the same.
+  // Builds the tree that the first menu needs. False when that failed; there is no tree then.
   bool BuildFirst();
 
-  // A rebuild is about to start: readers wait for it from now on.
+  // A rebuild is about to start: readers wait for it from now on, or until it is called off.
   void AnnounceRebuild() { created_.Reset(); }
+  void CallOffRebuild() { created_.Set(); }
 
   // Builds the full tree and puts it in the place of the first one, when no reader uses that. Runs on the worker
-  // thread. Afterwards the document is gone. False when the full tree holds nothing, or when there was no memory for
-  // it, and then the first one stays.
+  // thread. Afterwards the document is gone. False when that failed, as for want of memory; the first one stays.
   bool Rebuild();
 
   // The tree in force. Whoever holds it may go on reading it after it has been replaced.

@@ -20,7 +20,12 @@ bool KeyWalk::Enter(const config::ConfigKey& key, WideStringView name) {
   if (key.Subkeys().empty()) return false;
   const bool own = IsOwnPlace(key);
   if (!(own ? visits_.EnterOwnPlace(key, name) : visits_.EnterFurtherPlace(key, name))) return false;
-  open_.push_back({&key, own, {key.Subkeys().begin(), key.Subkeys().end()}});
+  try {
+    open_.push_back({&key, own, {key.Subkeys().begin(), key.Subkeys().end()}});
+  } catch (...) {
+    visits_.Leave(key);
+    throw;
+  }
   return true;
 }
 

@@ -5,7 +5,10 @@
 #include "model/child_key.h"
 #include "model/key_walk.h"
 #include "model/ordered_menu_items.h"
+#include "platform/debug.h"
 #include "values/shown_value.h"
+
+#include <exception>
 
 namespace model {
 namespace {
@@ -30,7 +33,7 @@ MenuModel::MenuModel(const Environment& environment)
     : environment_(environment), root_(std::make_unique<MenuItem>(nullptr, WideString(), WideString(), WideString())) {}
 
 // Leaves nothing of the model there was but the root item, which gets the new root's name. The root key, or null.
-const config::ConfigKey* MenuModel::StartFrom(std::shared_ptr<const config::PDataStore> tree, WideString rootPath) {
+const config::ConfigKey* MenuModel::StartFrom(std::shared_ptr<const config::PDataStore> tree, WideStringView rootPath) {
   root_->RemoveChildren();
   items_.clear();
   pages_.clear();
@@ -38,22 +41,38 @@ const config::ConfigKey* MenuModel::StartFrom(std::shared_ptr<const config::PDat
   oidByName_.clear();
   typeByOid_.clear();
   owned_.clear();
+  isWhole_ = true;
 
   tree_ = std::move(tree);
-  rootPath_ = std::move(rootPath);
+  rootPath_ = rootPath;
   const config::ConfigKey* rootKey = FindKey(rootPath_);
   const WideStringView name = rootKey == nullptr ? WideStringView() : rootKey->Value(TextId::kDisplayName);
   root_->Rename(rootPath_, WideString(name), environment_.symbols.TextOf(name));
   return rootKey;
 }
 
-void MenuModel::BuildTopLevel(std::shared_ptr<const config::PDataStore> tree, WideString rootPath) {
-  const config::ConfigKey* rootKey = StartFrom(std::move(tree), std::move(rootPath));
-  if (rootKey == nullptr) return;
-  std::vector<WideStringView> names(rootKey->Subkeys().begin(), rootKey->Subkeys().end());
-  InitOrderedMenuItems(names, *rootKey, *tree_);
+template <typename Part>
+void MenuModel::Guarded(Part part) {
+  try {
+    part();
+  } catch (const std::exception&) {
+    isWhole_ = false;
+    platform::DebugOutput(u"EXCEPTION: MenuModel::Build()\r\n");
+  }
+}
+
+void MenuModel::BuildTopLevel(std::shared_ptr<const config::PDataStore> tree, WideStringView rootPath) {
+  Guarded([&] {
+    const config::ConfigKey* rootKey = StartFrom(std::move(tree), rootPath);
+    if (rootKey != nullptr) AddTopLevel(*rootKey);
+  });
+}
+
+void MenuModel::AddTopLevel(const config::ConfigKey& rootKey) {
+  std::vector<WideStringView> names(rootKey.Subkeys().begin(), rootKey.Subkeys().end());
+  InitOrderedMenuItems(names, rootKey, *tree_);
   for (const WideStringView name : names) {
-    const config::ConfigKey* key = FindChild(*tree_, *rootKey, name);
+    const config::ConfigKey* key = FindChild(*tree_, rootKey, name);
     if (key == nullptr || IsCommand(*key)) continue;
     const WideStringView displayName = key->Value(TextId::kDisplayName);
     MenuItem& item =
@@ -62,25 +81,28 @@ void MenuModel::BuildTopLevel(std::shared_ptr<const config::PDataStore> tree, Wi
   }
 }
 
-bool MenuModel::Build(std::shared_ptr<const config::PDataStore> tree, WideString rootPath, std::uint32_t maxDepth) {
-  const config::ConfigKey* rootKey = StartFrom(std::move(tree), std::move(rootPath));
+bool MenuModel::Build(std::shared_ptr<const config::PDataStore> tree, WideStringView rootPath, std::uint32_t maxDepth) {
+  const config::ConfigKey* rootKey = nullptr;
+  Guarded([&] { rootKey = StartFrom(std::move(tree), rootPath); });
   if (rootKey == nullptr) return false;
 
   // In menu order, so that a command stands before its fields.
   std::vector<MenuItem*> menus;  // those open, by depth
   KeyWalk walk(u"MenuModel::Build");
   const auto enter = [&](MenuItem& item, WideStringView name, const config::ConfigKey& key) {
-    if (!walk.Enter(key, name)) return;
-    InitOrderedMenuItems(walk.Names(), key, *tree_);
     menus.push_back(&item);
+    if (walk.Enter(key, name)) InitOrderedMenuItems(walk.Names(), key, *tree_);
   };
-  enter(*root_, rootPath_, *rootKey);
+  const auto add = [&](const KeyWalk::Step& step) {
+    menus.resize(step.depth + 1);
+    const config::ConfigKey* key = FindChild(*tree_, step.parent, step.name);
+    if (key == nullptr || walk.LeadsBack(*key, step.name)) return;
+    MenuItem& item = AddItem(*menus.back(), step.name, *key);
+    if (step.depth < maxDepth) enter(item, step.name, *key);
+  };
+  Guarded([&] { enter(*root_, rootPath_, *rootKey); });
   while (const auto step = walk.Next()) {
-    menus.resize(step->depth + 1);
-    const config::ConfigKey* key = FindChild(*tree_, step->parent, step->name);
-    if (key == nullptr || walk.LeadsBack(*key, step->name)) continue;
-    MenuItem& item = AddItem(*menus.back(), step->name, *key);
-    if (step->depth < maxDepth) enter(item, step->name, *key);
+    Guarded([&] { add(*step); });
   }
   return true;
 }
@@ -95,7 +117,15 @@ MenuItem& MenuModel::AddItem(MenuItem& parent, WideStringView name, const config
   MenuItem& item = parent.AddChild(WideString(name), WideString(displayName), environment_.symbols.TextOf(displayName));
   item.topLevel = parent.Parent() == nullptr;
   const WideString oid = OidOf(key);
-  if (!oid.empty()) AddDescriptor(item, oid, key);
+  if (oid.empty()) return item;
+  try {
+    AddDescriptor(item, oid, key);
+  } catch (const std::exception&) {
+    isWhole_ = false;
+    platform::DebugOutput(u"EXCEPTION: MenuModel::AddDescriptor()\r\n");
+    // It may have entered itself before it failed.
+    std::erase_if(descriptors_, [this](const auto& entry) { return !items_.contains(entry.second); });
+  }
   return item;
 }
 

@@ -40,13 +40,16 @@ class MenuModel {
   MenuModel& operator=(const MenuModel&) = delete;
 
   // Builds the first menu alone, without properties and commands, so that it is there at once.
-  void BuildTopLevel(std::shared_ptr<const config::PDataStore> tree, WideString rootPath);
+  void BuildTopLevel(std::shared_ptr<const config::PDataStore> tree, WideStringView rootPath);
 
   // Builds everything, reading every property from the device. The items and descriptors there were are gone before
   // the first new one is made; the root item stays. Levels deeper than `maxDepth` below the first are left out, and so
   // is what leads back to an open menu. The children of one key are built within the bounds of KeyVisits; its further
-  // items have none. False when the tree has no root key.
-  bool Build(std::shared_ptr<const config::PDataStore> tree, WideString rootPath, std::uint32_t maxDepth = 9999);
+  // items have none. What there is no memory for is left out. False when the tree has no root key.
+  bool Build(std::shared_ptr<const config::PDataStore> tree, WideStringView rootPath, std::uint32_t maxDepth = 9999);
+
+  // False: Build() has left something out; another try may help.
+  bool IsWhole() const { return isWhole_; }
 
   // The tree that the model stands on, null before the first build.
   const std::shared_ptr<const config::PDataStore>& Tree() const { return tree_; }
@@ -76,12 +79,17 @@ class MenuModel {
  private:
   using TextMap = std::unordered_map<WideString, WideString, values::TextHash, std::equal_to<>>;
 
-  const config::ConfigKey* StartFrom(std::shared_ptr<const config::PDataStore> tree, WideString rootPath);
+  const config::ConfigKey* StartFrom(std::shared_ptr<const config::PDataStore> tree, WideStringView rootPath);
+  // Runs a part of the building. What there is no memory for is left out, with a debug line.
+  template <typename Part>
+  void Guarded(Part part);
+  void AddTopLevel(const config::ConfigKey& rootKey);
   MenuItem& AddItem(MenuItem& parent, WideStringView name, const config::ConfigKey& key);
   void AddDescriptor(MenuItem& item, const WideString& oid, const config::ConfigKey& key);
 
   Environment environment_;
   std::shared_ptr<const config::PDataStore> tree_;
+  bool isWhole_ = true;
   WideString rootPath_;
   std::unique_ptr<MenuItem> root_;
   std::vector<std::unique_ptr<values::PropertyDescriptor>> owned_;

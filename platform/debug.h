@@ -1,4 +1,4 @@
-// Debug output. Lines end in "\r\n" themselves.
+// Debug output. Lines end in "\r\n" themselves. A line that there is no memory for is lost.
 #pragma once
 
 #include "base/wide_string.h"

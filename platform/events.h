@@ -28,8 +28,8 @@ class Event {
   std::unique_ptr<State> state_;
 };
 
-// A running thread; the destructor waits for its end. When the system has no thread left, the routine has run when the
-// constructor returns.
+// A running thread; the destructor waits for its end. What the routine throws ends it and is logged. When the system
+// has no thread left, the routine has run when the constructor returns.
 class Thread {
  public:
   explicit Thread(std::function<void()> routine);

@@ -1,9 +1,11 @@
 #include "platform/events.h"
 
+#include "platform/debug.h"
 #include "platform/host/named_events.h"
 #include "platform/host/session.h"
 
 #include <condition_variable>
+#include <exception>
 #include <map>
 #include <mutex>
 #include <thread>
@@ -102,13 +104,24 @@ struct Thread::State {
 
 Thread::Thread(std::function<void()> routine) : state_(std::make_unique<State>()) {
   host::MessageQueue& queue = host::CurrentSession().queue;
-  queue.ThreadStarted();
-  state_->thread = std::thread([&queue, routine = std::move(routine)] {
-    routine();
+  const auto run = [&queue, routine = std::move(routine)] {
+    try {
+      routine();
+    } catch (const std::exception&) {
+      DebugOutput(u"EXCEPTION: Thread::Thread()\r\n");
+    }
     queue.ThreadEnded();
-  });
+  };
+  queue.ThreadStarted();
+  try {
+    state_->thread = std::thread(run);
+  } catch (const std::exception&) {
+    run();
+  }
 }
 
-Thread::~Thread() { state_->thread.join(); }
+Thread::~Thread() {
+  if (state_->thread.joinable()) state_->thread.join();
+}
 
 }  // namespace platform

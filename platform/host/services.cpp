@@ -6,6 +6,7 @@
 
 #include <chrono>
 #include <ctime>
+#include <new>
 #include <utility>
 
 namespace platform {
@@ -38,7 +39,12 @@ class DeviceUntilReset final : public ISnmpConfig {
 
 void DebugOutput(WideStringView line) {
   if (host::IsWarmReset()) return;
-  if (host::Observer* observer = host::CurrentEnvironment().observer) observer->Debug(line);
+  host::Observer* const observer = host::CurrentEnvironment().observer;
+  if (observer == nullptr) return;
+  try {
+    observer->Debug(line);
+  } catch (const std::bad_alloc&) {
+  }
 }
 
 void KernelDebugOutput(WideStringView line) { DebugOutput(line); }

@@ -2,9 +2,16 @@
 
 #include "platform/win32/windows_api.h"
 
+#include <new>
+
 namespace platform {
 
-void DebugOutput(WideStringView line) { OutputDebugStringW(win32::ToApi(WideString(line))); }
+void DebugOutput(WideStringView line) {
+  try {
+    OutputDebugStringW(win32::ToApi(WideString(line)));
+  } catch (const std::bad_alloc&) {
+  }
+}
 
 void KernelDebugOutput(WideStringView line) {
 #ifdef UNDER_CE

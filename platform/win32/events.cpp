@@ -1,6 +1,9 @@
 #include "platform/events.h"
 
+#include "platform/debug.h"
 #include "platform/win32/owned_handle.h"
+
+#include <exception>
 
 namespace platform {
 
@@ -24,7 +27,11 @@ void Modify(HANDLE event, Change change) {
 }
 
 DWORD WINAPI RunRoutine(void* routine) {
-  (*static_cast<const std::function<void()>*>(routine))();
+  try {
+    (*static_cast<const std::function<void()>*>(routine))();
+  } catch (const std::exception&) {
+    DebugOutput(u"EXCEPTION: Thread::Thread()\r\n");
+  }
   return 0;
 }
 
@@ -61,7 +68,7 @@ struct Thread::State {
 Thread::Thread(std::function<void()> routine) : state_(std::make_unique<State>()) {
   state_->routine = std::move(routine);
   state_->handle = OwnedHandle(CreateThread(nullptr, 0, RunRoutine, &state_->routine, 0, nullptr));
-  if (!state_->handle) state_->routine();
+  if (!state_->handle) RunRoutine(&state_->routine);
 }
 
 Thread::~Thread() {
