@@ -19,14 +19,16 @@ platform::WindowHandle RunningInstance() {
 
 }  // namespace
 
-RunReport RunUtility(WideStringView commandLine) {
+RunReport RunUtility(WideStringView commandLine, const Watcher& watcher) {
   if (const platform::WindowHandle other = RunningInstance()) {
     platform::BringToForeground(other);
     return {};
   }
   platform::InitDateTimeControls();
   CKelConfigApp application;
+  if (watcher) watcher(&application);
   application.Run(commandLine);
+  if (watcher) watcher(nullptr);
   return application.Report();
 }
 

@@ -4,10 +4,18 @@
 #include "app/run_report.h"
 #include "base/wide_string.h"
 
+#include <functional>
+
 namespace app {
+
+class CKelConfigApp;
+
+// Told of the running application before it shows anything, and of none (null) when it has ended: for whoever shows the
+// terminal around it.
+using Watcher = std::function<void(const CKelConfigApp*)>;
 
 // Runs the utility to its end: the source is `commandLine`, all that follows the program's name. A second instance
 // brings the first to the foreground and ends at once.
-RunReport RunUtility(WideStringView commandLine);
+RunReport RunUtility(WideStringView commandLine, const Watcher& watcher = {});
 
 }  // namespace app

@@ -32,6 +32,8 @@ class CKelConfigApp final : private ScreenActions, private ui::EditActions {
   platform::LResult Run(WideStringView commandLine);
   const RunReport& Report() const { return report_; }
 
+  bool Inserts() const { return insertFlag_.inserts; }  // typing in fields
+
  private:
   void BringModelUpToDate() override;
   void StartTreeRebuild() override;

@@ -96,26 +96,4 @@ int CellsOf(WideStringView text) {
   return cells;
 }
 
-std::vector<WideString> Wrap(WideStringView text, int columns) {
-  const std::size_t width = static_cast<std::size_t>(std::max(columns, 1));
-  std::vector<WideString> lines;
-  while (!text.empty()) {
-    const std::size_t end = std::min(text.find_first_of(u"\r\n"), text.size());
-    std::size_t cut = end;
-    std::size_t next = end;
-    if (end <= width) {
-      // The whole line fits; its end is passed, "\r\n" as one.
-      if (next < text.size() && text[next] == u'\r') ++next;
-      if (next < text.size() && text[next] == u'\n') ++next;
-    } else {
-      const std::size_t blank = text.substr(0, width + 1).rfind(u' ');
-      cut = blank == WideStringView::npos || blank == 0 ? width : blank;
-      next = cut == blank ? cut + 1 : cut;
-    }
-    lines.emplace_back(text.substr(0, cut));
-    text.remove_prefix(next);
-  }
-  return lines;
-}
-
 }  // namespace simulator

@@ -58,7 +58,4 @@ class CellGrid {
 // The number of cells that a text takes.
 int CellsOf(WideStringView text);
 
-// Breaks a text into lines of at most `columns` cells, at blanks where possible; line ends in the text break too.
-std::vector<WideString> Wrap(WideStringView text, int columns);
-
 }  // namespace simulator

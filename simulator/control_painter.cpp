@@ -1,6 +1,7 @@
 #include "simulator/control_painter.h"
 
 #include "platform/host/desktop.h"
+#include "simulator/text_fit.h"
 
 #include <algorithm>
 
@@ -12,6 +13,9 @@ namespace style = platform::style;
 using host::WindowKind;
 using platform::WindowHandle;
 
+// Of the system's own scroll bars.
+constexpr int kScrollBarWidthPx = 17;
+
 bool HasFocus(WindowHandle control) { return platform::FocusedWindow() == control; }
 
 CellStyle LookOf(WindowHandle control) {
@@ -21,16 +25,20 @@ CellStyle LookOf(WindowHandle control) {
   return host::FontOf(control).weight >= 600 ? CellStyle::kBold : CellStyle::kNormal;
 }
 
+// A row may stand for less than a line, a column for more than a character: then what is in sight on the device goes on
+// over the cells' end.
 void PaintStatic(const ControlCanvas& canvas, WindowHandle control, const CellRect& cells) {
   const CellStyle look = LookOf(control);
   canvas.screen.grid.Fill(cells, {U' ', look}, canvas.clip);
-  const auto lines = Wrap(platform::TextOf(control), cells.Width());
+  const platform::Rect client = platform::ClientRect(control);
+  auto lines = BrokenIntoLines(control, platform::TextOf(control), client.Width());
+  lines.resize(std::min(lines.size(), static_cast<std::size_t>(LinesInSight(control, client.Height()))));
   const bool centred = (platform::StyleOf(control) & style::kStaticCentre) != 0;
   int row = cells.top;
   for (const WideString& line : lines) {
-    if (row >= cells.bottom) break;
-    const int indent = centred ? std::max(0, cells.Width() - CellsOf(line)) / 2 : 0;
-    canvas.screen.grid.Text(cells.left + indent, row++, line, look, Intersection(cells, canvas.clip));
+    const WideStringView shown = InSight(control, line, client.Width());
+    const int indent = centred ? std::max(0, cells.Width() - CellsOf(shown)) / 2 : 0;
+    canvas.screen.grid.Text(cells.left + indent, row++, shown, look, canvas.clip);
   }
 }
 
@@ -48,12 +56,22 @@ void PaintButton(const ControlCanvas& canvas, WindowHandle control, const CellRe
   canvas.screen.grid.Text(cells.left + indent, row, face, look, canvas.clip);
 }
 
+// At the list's right edge, when it has more lines than are in sight: a mark at each end that hides some.
+void PaintListBar(const ControlCanvas& canvas, const host::ListState& list, const CellRect& cells) {
+  const CellRect bar{cells.right - 1, cells.top, cells.right, cells.bottom};
+  canvas.screen.grid.Fill(bar, {U'░', CellStyle::kNormal}, canvas.clip);
+  const bool isMoreBelow = list.top + list.visibleLines < static_cast<int>(list.lines.size());
+  if (list.top > 0) canvas.screen.grid.Put(bar.left, bar.top, {U'▲', CellStyle::kBold}, canvas.clip);
+  if (isMoreBelow) canvas.screen.grid.Put(bar.left, bar.bottom - 1, {U'▼', CellStyle::kBold}, canvas.clip);
+}
+
 void PaintList(const ControlCanvas& canvas, WindowHandle control, CellRect cells) {
   const auto list = host::ListStateOf(control).value_or(host::ListState{});
-  // No more rows than lines are in sight: the screen may have more cells than the list has lines.
-  const int rows = std::min(cells.Height(), std::max(list.visibleLines, 1));
+  const int rows = std::max(list.visibleLines, 1);
   cells.bottom = cells.top + rows;
-  const CellRect clip = Intersection(cells, canvas.clip);
+  const bool hasBar = (platform::StyleOf(control) & style::kVerticalScroll) != 0 &&
+                      static_cast<int>(list.lines.size()) > list.visibleLines;
+  const int widthPx = platform::ClientRect(control).Width() - (hasBar ? kScrollBarWidthPx : 0);
   canvas.screen.grid.Fill(cells, {}, canvas.clip);
   const CellStyle look = platform::IsEnabled(control) ? CellStyle::kNormal : CellStyle::kFaint;
   for (int i = 0; i < rows; ++i) {
@@ -61,10 +79,13 @@ void PaintList(const ControlCanvas& canvas, WindowHandle control, CellRect cells
     if (line < 0 || line >= static_cast<int>(list.lines.size())) break;
     const bool selected = line == list.selected;
     const CellRect row{cells.left, cells.top + i, cells.right, cells.top + i + 1};
-    if (selected) canvas.screen.grid.Fill(row, {U' ', CellStyle::kInverse}, clip);
-    canvas.screen.grid.Text(row.left + 1, row.top, list.lines[static_cast<std::size_t>(line)],
-                            selected ? CellStyle::kInverse : look, clip);
+    if (selected) canvas.screen.grid.Fill(row, {U' ', CellStyle::kInverse}, canvas.clip);
+    if (selected && HasFocus(control)) canvas.screen.toSee.push_back(row);
+    canvas.screen.grid.Text(row.left + 1, row.top,
+                            InSight(control, list.lines[static_cast<std::size_t>(line)], widthPx),
+                            selected ? CellStyle::kInverse : look, canvas.clip);
   }
+  if (hasBar) PaintListBar(canvas, list, Intersection(cells, canvas.clip));
 }
 
 CellStyle FieldStyle(WindowHandle control) {
@@ -72,8 +93,12 @@ CellStyle FieldStyle(WindowHandle control) {
 }
 
 // The part of a single-line field's text that is in sight: the caret always is.
-std::size_t FirstInSight(int caret, int width) {
-  return caret < width ? 0 : static_cast<std::size_t>(caret - width + 1);
+WideStringView PartInSight(WindowHandle control, WideStringView shown, int caret) {
+  const int widthPx = platform::ClientRect(control).Width();
+  const WideStringView before = shown.substr(0, static_cast<std::size_t>(std::max(caret, 0)));
+  std::size_t first = 0;
+  while (first < before.size() && host::TextWidthIn(control, before.substr(first)) > widthPx) ++first;
+  return InSight(control, shown.substr(first), widthPx);
 }
 
 void PaintField(const ControlCanvas& canvas, WindowHandle control, const CellRect& cells, const host::EditState& edit) {
@@ -82,31 +107,35 @@ void PaintField(const ControlCanvas& canvas, WindowHandle control, const CellRec
   const CellRect clip = Intersection(line, canvas.clip);
   const CellStyle look = FieldStyle(control);
   canvas.screen.grid.Fill(line, {U' ', look}, clip);
-  const WideString shown = edit.passwordChar == 0 ? edit.text : WideString(edit.text.size(), edit.passwordChar);
-  const std::size_t first = FirstInSight(edit.caret, line.Width());
+  const WideString text = edit.passwordChar == 0 ? edit.text : WideString(edit.text.size(), edit.passwordChar);
+  const WideStringView shown = PartInSight(control, text, edit.caret);
+  const int first = static_cast<int>(shown.data() - text.data());
   const bool right = (platform::StyleOf(control) & style::kEditRight) != 0 && first == 0;
   const bool centred = (platform::StyleOf(control) & style::kEditCentre) != 0 && first == 0;
   const int spare = std::max(0, line.Width() - static_cast<int>(shown.size()) - 1);
   const int indent = right ? spare : centred ? spare / 2 : 0;
-  for (std::size_t i = first; i < shown.size(); ++i) {
-    const int at = static_cast<int>(i);
+  for (std::size_t i = 0; i < shown.size(); ++i) {
+    const int at = first + static_cast<int>(i);
     const bool selected = HasFocus(control) && at >= edit.selectionStart && at < edit.selectionEnd;
-    canvas.screen.grid.Text(line.left + indent + static_cast<int>(i - first), row, WideStringView(shown).substr(i, 1),
+    canvas.screen.grid.Text(line.left + indent + static_cast<int>(i), row, shown.substr(i, 1),
                             selected ? CellStyle::kInverse : look, clip);
   }
   if (HasFocus(control)) {
-    const int column = line.left + indent + edit.caret - static_cast<int>(first);
-    canvas.screen.caret = {std::min(column, line.right - 1), row};
+    const int column = std::min(line.left + indent + edit.caret - first, line.right - 1);
+    canvas.screen.caret = {column, row};
+    canvas.screen.toSee.push_back({column, row, column + 1, row + 1});
   }
 }
 
-void PaintTextPage(const ControlCanvas& canvas, const CellRect& cells, const host::EditState& edit) {
+void PaintTextPage(const ControlCanvas& canvas, WindowHandle control, const CellRect& cells,
+                   const host::EditState& edit) {
   canvas.screen.grid.Fill(cells, {}, canvas.clip);
-  for (int i = 0; i < cells.Height(); ++i) {
+  const platform::Rect client = platform::ClientRect(control);
+  for (int i = 0; i < LinesInSight(control, client.Height()); ++i) {
     const auto line = static_cast<std::size_t>(std::max(edit.firstVisibleLine, 0) + i);
     if (line >= edit.lines.size()) break;
-    canvas.screen.grid.Text(cells.left, cells.top + i, edit.lines[line], CellStyle::kNormal,
-                            Intersection(cells, canvas.clip));
+    canvas.screen.grid.Text(cells.left, cells.top + i, InSight(control, edit.lines[line], client.Width()),
+                            CellStyle::kNormal, canvas.clip);
   }
 }
 
@@ -114,7 +143,7 @@ void PaintEdit(const ControlCanvas& canvas, WindowHandle control, const CellRect
   const auto edit = host::EditStateOf(control).value_or(host::EditState{});
   // A field of one line may have the multi-line style, as those of an address do.
   if (edit.multiLine && cells.Height() > 2) {
-    PaintTextPage(canvas, cells, edit);
+    PaintTextPage(canvas, control, cells, edit);
   } else {
     PaintField(canvas, control, cells, edit);
   }
@@ -198,6 +227,8 @@ bool IsBackground(WindowHandle control) {
 
 void PaintControl(const ControlCanvas& canvas, WindowHandle control) {
   const CellRect cells = canvas.scale.Cells(platform::WindowRect(control));
+  // Of a list and a field it is a part that should be seen: they say which.
+  if (HasFocus(control) && host::KindOf(control) != WindowKind::kListBox) canvas.screen.toSee.push_back(cells);
   PaintOwn(canvas, control, cells);
   if ((platform::StyleOf(control) & style::kThickFrame) != 0) {
     canvas.screen.grid.Box(cells, CellStyle::kFrame, canvas.clip);

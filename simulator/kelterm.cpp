@@ -1,5 +1,6 @@
 // kelterm: the utility inside a simulated terminal.
 #include "app/entry.h"
+#include "app/kel_config_app.h"
 #include "base/utf8.h"
 #include "simulator/demonstration.h"
 #include "simulator/instance_lock.h"
@@ -10,6 +11,7 @@
 #include "simulator/terminal.h"
 #include "simulator/text_display.h"
 #include "simulator/text_file.h"
+#include "simulator/usage.h"
 
 #include <clocale>
 #include <cstdio>
@@ -54,7 +56,13 @@ std::optional<std::string> ReadScript(const std::string& name) {
   return readAll(file);
 }
 
-int Run(const Options& options, app::RunReport& report) {
+// What is to be said when the display no longer has the screen.
+struct Outcome {
+  app::RunReport report;
+  std::string remark;
+};
+
+int Run(const Options& options, Outcome& outcome) {
   std::string problem;
   const auto scriptText = ReadScript(options.script);
   if (!scriptText) return Complain(kUnusable, options.script + ": cannot be read");
@@ -82,28 +90,37 @@ int Run(const Options& options, app::RunReport& report) {
     return Complain(kUnusable, options.log + ": cannot be written");
   }
 
-  TextDisplay text(options.screenWidthPx, options.screenHeightPx);
+  const app::CKelConfigApp* running = nullptr;
+  TextDisplay text(options.screenWidthPx, options.screenHeightPx,
+                   [&running] { return running != nullptr && running->Inserts(); });
   ScriptDisplay player(std::move(script), scriptName, effects, debug,
                        [](const std::string& printed) { std::cout << printed << std::flush; });
   display = scripted ? static_cast<platform::host::Display*>(&player) : &text;
   if (!scripted) problem = text.Start();
   if (!problem.empty()) return Complain(kUnusable, problem);
 
-  const auto utility = [&report](WideStringView commandLine) {
-    report = app::RunUtility(commandLine);
+  const auto watcher = [&running](const app::CKelConfigApp* application) { running = application; };
+  const auto utility = [&outcome, &watcher](WideStringView commandLine) {
+    outcome.report = app::RunUtility(commandLine, watcher);
     return 0;
   };
   Terminal terminal({storage, instance, effects, debug, *display}, options.screenWidthPx, options.screenHeightPx,
                     utility);
   terminal.Run(options.commandLine);
+  if (terminal.GaveWay()) {
+    outcome.remark = "this terminal already runs, as process " + std::to_string(instance.Other()) + "; it was rung";
+  }
   player.PlayRest();
   return player.Player().Failure().empty() ? kRan : Complain(kScriptFailed, player.Player().Failure());
 }
 
-// Says why a configuration was not taken, when the display no longer needs the screen.
-int Conclude(int status, const app::RunReport& report) {
-  for (const config::SourceRefusal& refusal : report.refusals) Complain(kUnusable, base::ToUtf8(refusal.Line()));
-  return status == kRan && !report.isLoaded ? kUnusable : status;
+// Says why a configuration was not taken, or the terminal not started.
+int Conclude(int status, const Outcome& outcome) {
+  if (!outcome.remark.empty()) Complain(kRan, outcome.remark);
+  for (const config::SourceRefusal& refusal : outcome.report.refusals) {
+    Complain(kUnusable, base::ToUtf8(refusal.Line()));
+  }
+  return status == kRan && !outcome.report.isLoaded ? kUnusable : status;
 }
 
 int Main(int count, char** arguments) {
@@ -119,9 +136,9 @@ int Main(int count, char** arguments) {
     std::fputs(kUsage, stdout);
     return kRan;
   }
-  app::RunReport report;
-  const int status = Run(*options, report);
-  return Conclude(status, report);
+  Outcome outcome;
+  const int status = Run(*options, outcome);
+  return Conclude(status, outcome);
 }
 
 }  // namespace

@@ -67,47 +67,47 @@ std::string SetHelp(Options& options, const std::string&) {
 
 const struct {
   const char* name;
+  char letter;  // its short form; 0: none
   int hasArgument;
   std::string (*set)(Options& options, const std::string& argument);
 } kOptions[] = {
-    {"root", required_argument, SetRoot},       {"screen", required_argument, SetScreen},
-    {"display", required_argument, SetDisplay}, {"script", required_argument, SetScript},
-    {"log", required_argument, SetLog},         {"reset", no_argument, SetReset},
-    {"version", no_argument, SetVersion},       {"help", no_argument, SetHelp},
+    {"root", 0, required_argument, SetRoot},       {"screen", 0, required_argument, SetScreen},
+    {"display", 0, required_argument, SetDisplay}, {"script", 0, required_argument, SetScript},
+    {"log", 0, required_argument, SetLog},         {"reset", 0, no_argument, SetReset},
+    {"version", 0, no_argument, SetVersion},       {"help", 'h', no_argument, SetHelp},
 };
 constexpr int kOptionCount = static_cast<int>(std::size(kOptions));
 
-std::string UnusableOption(char code, const std::string& argument) {
+// Codes of getopt_long: the option's place, or its letter.
+int PlaceOf(int code) {
+  for (int i = 0; i < kOptionCount; ++i) {
+    if (code == i || (kOptions[i].letter != 0 && code == kOptions[i].letter)) return i;
+  }
+  return -1;
+}
+
+// What getopt_long stumbled over: a letter, or the argument that it was last at.
+std::string UnusableOption(int code, const char* lastArgument) {
+  constexpr int kFirstLetter = ' ';
+  const bool isLetter = code == '?' && optopt > kFirstLetter;
+  const std::string argument = isLetter ? std::string("-") + static_cast<char>(optopt) : lastArgument;
   if (code == ':') return argument + " needs an argument; see kelterm --help";
   return "there is no option " + argument + "; see kelterm --help";
 }
 
 }  // namespace
 
-const char* const kUsage =
-    "kelterm [options] [SOURCE...]\n"
-    "  SOURCE               the utility's command line: nothing, a HKEY_LOCAL_MACHINE path, or the path of an XML "
-    "file\n"
-    "  --root DIR           the terminal's storage; default: the demonstration terminal, copied on first use to\n"
-    "                       $XDG_STATE_HOME/kelterm/terminal\n"
-    "  --screen WxH         default 240x320; 160x160 is the small layout\n"
-    "  --display text|none  default text\n"
-    "  --script FILE        play a UI script (\"-\" is standard input); implies --display none\n"
-    "  --log FILE           debug output; default: nowhere\n"
-    "  --reset              put the demonstration terminal back to its first state, then start\n"
-    "  --version            the program's name and version\n";
-
 std::optional<Options> ParseOptions(int count, char* const* arguments, std::string& problem) {
   struct option known[kOptionCount + 1] = {};
   for (int i = 0; i < kOptionCount; ++i) known[i] = {kOptions[i].name, kOptions[i].hasArgument, nullptr, i};
   Options options;
   optind = 0;  // from the first argument again, however often this is called
-  for (int code = 0; problem.empty();) {
-    code = getopt_long(count, arguments, ":", known, nullptr);
+  while (problem.empty()) {
+    const int code = getopt_long(count, arguments, ":h", known, nullptr);
     if (code == -1) break;
-    const bool isKnown = code >= 0 && code < kOptionCount;
-    problem = isKnown ? kOptions[code].set(options, optarg == nullptr ? "" : optarg)
-                      : UnusableOption(static_cast<char>(code), arguments[optind - 1]);
+    const int place = PlaceOf(code);
+    problem = place < 0 ? UnusableOption(code, arguments[optind - 1])
+                        : kOptions[place].set(options, optarg == nullptr ? "" : optarg);
   }
   if (problem.empty() && options.reset && !options.root.empty()) {
     problem = "--reset is for the demonstration terminal and cannot go with --root";

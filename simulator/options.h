@@ -27,7 +27,4 @@ struct Options {
 // Nothing, and one line in `problem`, when the arguments cannot be used.
 std::optional<Options> ParseOptions(int count, char* const* arguments, std::string& problem);
 
-// What --help prints.
-extern const char* const kUsage;
-
 }  // namespace simulator

@@ -2,8 +2,11 @@
 
 #include "platform/host/desktop.h"
 #include "simulator/control_painter.h"
+#include "simulator/keypad_legend.h"
+#include "simulator/viewport.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace simulator {
 namespace {
@@ -13,25 +16,15 @@ namespace style = platform::style;
 using platform::WindowHandle;
 
 constexpr WideStringView kDeviceName = u"Valtorix terminal";
-constexpr int kHelpColumns = 20;
-
-const WideStringView kHelp[] = {
-    u"\u2191 \u2193    choose a line",
-    u"1-9    enter a line",
-    u"Enter  enter, save",
-    u"Esc    back, cancel",
-    u"Tab    next line",
-    u"Home   the main menu",
-    u"",
-    u"Ctrl-C turn off",
-};
 
 // Beside the device, where there is room.
-void PaintHelp(CellGrid& grid, int left) {
-  if (left + kHelpColumns > grid.Columns()) return;
+void PaintLegend(CellGrid& grid, int left, bool inserts) {
+  if (left + kLegendColumns > grid.Columns()) return;
   int row = 2;
   grid.Text(left, row++, u"Keypad", CellStyle::kBold, grid.Whole());
-  for (const WideStringView line : kHelp) grid.Text(left, row++, line, CellStyle::kFaint, grid.Whole());
+  for (const WideString& line : KeypadLegend(inserts)) {
+    grid.Text(left, row++, line, CellStyle::kFaint, grid.Whole());
+  }
 }
 
 // The window's name: in its caption, whose rows hold nothing else.
@@ -48,6 +41,9 @@ void PaintWindow(PaintedScreen& screen, const ScreenScale& scale, WindowHandle w
   CellRect frame{client.left - 1, client.top - 1, client.right + 1, client.bottom + 1};
   if (frame.top < device.top) frame.top = device.top;
   screen.grid.Fill(frame, {}, device);
+  // What lies below a window can be seen, but not typed into.
+  screen.caret.reset();
+  screen.toSee = {frame};
   if (!isBottom) screen.grid.Box(frame, CellStyle::kFrame, device);
   const CellRect clip = Intersection(client, device);
   const ControlCanvas canvas{screen, scale, clip};
@@ -71,23 +67,23 @@ void PaintOnEdge(CellGrid& grid, const CellRect& frame, int row, WideStringView 
 
 }  // namespace
 
-PaintedScreen PaintScreen(int columns, int rows, int screenWidthPx, int screenHeightPx) {
-  PaintedScreen screen{CellGrid(columns, rows), std::nullopt};
-  const ScreenScale scale(screenWidthPx, screenHeightPx, 1, 1, columns - 2, rows - 2);
-  const CellRect& device = scale.Screen();
-  const CellRect frame{device.left - 1, device.top - 1, device.right + 1, device.bottom + 1};
-  screen.grid.Box(frame, CellStyle::kFrame, screen.grid.Whole());
-  PaintOnEdge(screen.grid, frame, frame.bottom - 1, kDeviceName);
-  PaintHelp(screen.grid, frame.right + 1);
+PaintedScreen PaintScreen(int columns, int rows, const DeviceScreen& device) {
+  if (IsTooSmall(columns, rows)) return TooSmallScreen(columns, rows);
+  const ScreenScale scale(device.widthPx, device.heightPx, 1, 1, rows - 2);
+  const CellRect& cells = scale.Screen();
+  const CellRect frame{cells.left - 1, cells.top - 1, cells.right + 1, cells.bottom + 1};
+  PaintedScreen whole{CellGrid(std::max(columns, frame.right), std::max(rows, frame.bottom)), std::nullopt, {}};
+  whole.grid.Box(frame, CellStyle::kFrame, whole.grid.Whole());
+  PaintOnEdge(whole.grid, frame, frame.bottom - 1, kDeviceName);
   bool isBottom = true;
   for (const WindowHandle window : host::TopLevelFromBottom()) {
     if (!platform::IsVisible(window)) continue;
-    // What lies below a window can be seen, but not typed into.
-    screen.caret.reset();
-    PaintWindow(screen, scale, window, isBottom);
-    if (isBottom) PaintOnEdge(screen.grid, frame, frame.top, platform::TextOf(window));
+    PaintWindow(whole, scale, window, isBottom);
+    if (isBottom) PaintOnEdge(whole.grid, frame, frame.top, platform::TextOf(window));
     isBottom = false;
   }
+  PaintedScreen screen = InViewport(std::move(whole), columns, rows);
+  PaintLegend(screen.grid, frame.right + 1, device.inserts);
   return screen;
 }
 

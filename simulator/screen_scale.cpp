@@ -6,20 +6,20 @@
 namespace simulator {
 namespace {
 
-// A cell stands for at least as much as a small character takes on the screen.
-constexpr double kMinColumnPx = 4.2;
+// A cell stands for as much as a small character takes on the screen, a row for little more than a small line.
+constexpr double kColumnPx = 4.2;
 constexpr double kMinRowPx = 13.0;
+constexpr double kMaxRowPx = 14.6;
 
 int Rounded(double number) { return static_cast<int>(std::lround(number)); }
 
 }  // namespace
 
-ScreenScale::ScreenScale(int screenWidthPx, int screenHeightPx, int left, int top, int maxColumns, int maxRows)
-    : columnPx_(std::max(kMinColumnPx, static_cast<double>(screenWidthPx) / std::max(maxColumns, 1))),
-      rowPx_(std::max(kMinRowPx, static_cast<double>(screenHeightPx) / std::max(maxRows, 1))),
-      screen_{left, top, left + Rounded(screenWidthPx / columnPx_), top + Rounded(screenHeightPx / rowPx_)} {}
+ScreenScale::ScreenScale(int screenWidthPx, int screenHeightPx, int left, int top, int rows)
+    : rowPx_(std::clamp(static_cast<double>(screenHeightPx) / std::max(rows, 1), kMinRowPx, kMaxRowPx)),
+      screen_{left, top, left + Rounded(screenWidthPx / kColumnPx), top + Rounded(screenHeightPx / rowPx_)} {}
 
-int ScreenScale::Column(int xPx) const { return screen_.left + Rounded(xPx / columnPx_); }
+int ScreenScale::Column(int xPx) const { return screen_.left + Rounded(xPx / kColumnPx); }
 
 int ScreenScale::Row(int yPx) const { return screen_.top + Rounded(yPx / rowPx_); }
 

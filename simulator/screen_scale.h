@@ -8,9 +8,9 @@ namespace simulator {
 
 class ScreenScale {
  public:
-  // The screen is to lie at `left`, `top` and to take at most that many cells; it takes fewer where more would only
-  // tear lines apart.
-  ScreenScale(int screenWidthPx, int screenHeightPx, int left, int top, int maxColumns, int maxRows);
+  // The screen is to lie at `left`, `top` and to take so many rows, as far as its lines are neither torn apart nor
+  // pushed together by it.
+  ScreenScale(int screenWidthPx, int screenHeightPx, int left, int top, int rows);
 
   // The cells of the screen.
   const CellRect& Screen() const { return screen_; }
@@ -21,7 +21,6 @@ class ScreenScale {
   CellRect Cells(const platform::Rect& rectPx) const;
 
  private:
-  double columnPx_;
   double rowPx_;
   CellRect screen_;
 };

@@ -10,8 +10,8 @@ const struct {
   char32_t character;
   wchar_t shown;
 } kLookAlikes[] = {
-    {U'─', L'-'}, {U'│', L'|'}, {U'┌', L'+'}, {U'┐', L'+'}, {U'└', L'+'}, {U'┘', L'+'}, {U'█', L'#'},
-    {U'░', L'.'}, {U'▾', L'v'}, {U'▲', L'^'}, {U'▼', L'v'}, {U'↑', L'^'}, {U'↓', L'v'}, {U'\u00A0', L' '},
+    {U'─', L'-'}, {U'│', L'|'}, {U'┌', L'+'}, {U'┐', L'+'}, {U'└', L'+'}, {U'┘', L'+'}, {U'█', L'#'}, {U'░', L'.'},
+    {U'▾', L'v'}, {U'▲', L'^'}, {U'▼', L'v'}, {U'↑', L'^'}, {U'↓', L'v'}, {U'←', L'<'}, {U'→', L'>'}, {U'\u00A0', L' '},
 };
 
 bool FillsOneCell(wchar_t character) {

@@ -88,7 +88,10 @@ platform::host::Environment Terminal::MakeEnvironment(platform::host::Display& d
   environment.screenWidthPx = screenWidthPx_;
   environment.screenHeightPx = screenHeightPx_;
   environment.otherWindows = parts_.instance.OtherTitles();
-  environment.bringOtherForward = [this](std::size_t) { parts_.instance.BringOtherForward(); };
+  environment.bringOtherForward = [this](std::size_t) {
+    gaveWay_ = true;
+    parts_.instance.BringOtherForward();
+  };
   return environment;
 }
 

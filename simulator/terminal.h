@@ -28,6 +28,9 @@ class Terminal : private platform::host::Observer {
   // Returns the status of the run that was not ended by a warm reset.
   int Run(WideStringView commandLine);
 
+  // Whether the program ended because it already ran in another terminal, which came forward.
+  bool GaveWay() const { return gaveWay_; }
+
  private:
   platform::host::Environment MakeEnvironment(platform::host::Display& display);
 
@@ -41,6 +44,7 @@ class Terminal : private platform::host::Observer {
   int screenHeightPx_;
   Program program_;
   bool resetting_ = false;
+  bool gaveWay_ = false;
 };
 
 // The titles of the program's visible windows, the topmost first.

@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <thread>
+#include <utility>
 
 namespace simulator {
 namespace {
@@ -17,7 +18,8 @@ bool AsksToDrawAnew(const KeyStroke& stroke) { return stroke.control && stroke.v
 
 }  // namespace
 
-TextDisplay::TextDisplay(int screenWidthPx, int screenHeightPx) : widthPx_(screenWidthPx), heightPx_(screenHeightPx) {}
+TextDisplay::TextDisplay(int screenWidthPx, int screenHeightPx, std::function<bool()> inserts)
+    : widthPx_(screenWidthPx), heightPx_(screenHeightPx), inserts_(std::move(inserts)) {}
 
 std::string TextDisplay::Start() {
   if (!wake_.IsOpen()) return "the text display cannot make a pipe";
@@ -28,7 +30,7 @@ std::string TextDisplay::Start() {
 
 void TextDisplay::Show() {
   const CursesScreen::Size size = screen_.SizeNow();
-  screen_.Show(PaintScreen(size.columns, size.rows, widthPx_, heightPx_));
+  screen_.Show(PaintScreen(size.columns, size.rows, {widthPx_, heightPx_, inserts_()}));
 }
 
 std::optional<KeyStroke> TextDisplay::NextKey() {

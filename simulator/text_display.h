@@ -6,6 +6,7 @@
 #include "simulator/terminal_keyboard.h"
 #include "simulator/wake_pipe.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -13,7 +14,8 @@ namespace simulator {
 
 class TextDisplay : public platform::host::Display {
  public:
-  TextDisplay(int screenWidthPx, int screenHeightPx);
+  // `inserts` says whether typing in the program's fields inserts now.
+  TextDisplay(int screenWidthPx, int screenHeightPx, std::function<bool()> inserts);
 
   // Takes the terminal over, until this goes. Empty, or why it cannot be used.
   std::string Start();
@@ -29,6 +31,7 @@ class TextDisplay : public platform::host::Display {
 
   const int widthPx_;
   const int heightPx_;
+  const std::function<bool()> inserts_;
   WakePipe wake_;
   CursesScreen screen_;
   std::optional<TerminalKeyboard> keyboard_;

@@ -125,6 +125,11 @@ FontState FontOf(WindowHandle window) {
   return {font.face, font.metrics->heightPx, font.weight};
 }
 
+int TextWidthIn(WindowHandle window, WideStringView text) {
+  const auto record = Find(window);
+  return WidthOf(record ? record->FontInUse() : SystemFont(), text);
+}
+
 bool IsWaitCursorShown() { return CurrentSession().waitCursors > 0; }
 
 bool IsIdle() {

@@ -114,6 +114,7 @@ struct FontState {
   int weight = 400;
 };
 FontState FontOf(WindowHandle window);
+int TextWidthIn(WindowHandle window, WideStringView text);  // pixels, in its font
 
 bool IsWaitCursorShown();
 

@@ -39,6 +39,8 @@ TEST(Options, EveryOptionIsTaken) {
   EXPECT_EQ(u"HKEY_LOCAL_MACHINE\\Grüße two", options->commandLine);
   EXPECT_TRUE(Parse({"--reset"}, problem)->reset);
   EXPECT_TRUE(Parse({"--version"}, problem)->version);
+  EXPECT_TRUE(Parse({"--help"}, problem)->help);
+  EXPECT_TRUE(Parse({"-h"}, problem)->help);
 }
 
 TEST(Options, UnusableArgumentsAreOneLine) {
@@ -47,6 +49,9 @@ TEST(Options, UnusableArgumentsAreOneLine) {
     const char* problem;
   } cases[] = {
       {{"--bogus"}, "there is no option --bogus; see kelterm --help"},
+      {{"a", "-hx", "b"}, "there is no option -x; see kelterm --help"},
+      {{"-x"}, "there is no option -x; see kelterm --help"},
+      {{"SOURCE", "--reset", "--bogus"}, "there is no option --bogus; see kelterm --help"},
       {{"--root"}, "--root needs an argument; see kelterm --help"},
       {{"--root", ""}, "--root takes a folder"},
       {{"--screen", "240"}, "--screen takes WIDTHxHEIGHT in pixels, each from 100 to 2000"},

@@ -1,0 +1,44 @@
+#include "simulator/usage.h"
+
+namespace simulator {
+
+const char* const kUsage = R"(kelterm [options] [SOURCE...]
+
+Runs the configuration utility in a simulated terminal, in this text window.
+
+  SOURCE               the utility's command line: nothing, a HKEY_LOCAL_MACHINE path, or the path of an XML file
+
+Options:
+  --root DIR           the terminal's storage; default: the demonstration terminal, copied on first use to
+                       $XDG_STATE_HOME/kelterm/terminal
+  --screen WxH         default 240x320; 160x160 is the small layout
+  --display text|none  default text
+  --script FILE        play a UI script ("-" is standard input); implies --display none
+  --log FILE           debug output; default: nowhere
+  --reset              put the demonstration terminal back to its first state, then start
+  --version            the program's name and version
+  -h, --help           this text
+
+Keys:
+  Beside the screen stands what the keys do. Ctrl-L draws it anew, Ctrl-C turns the terminal off at once.
+
+Environment:
+  TERM                 the kind of terminal this window is
+  LC_ALL, LANG         what characters it shows; without UTF-8, frames are of ASCII
+  NO_COLOR             if set, no colours
+  ESCDELAY             how many milliseconds Esc waits for the rest of another key; default 40, more for a slow line
+  XDG_STATE_HOME       where the demonstration terminal lies; default: ~/.local/state
+
+Exit status:
+  0    the utility ran to its end, or this terminal already runs and was rung
+  1    a script failed
+  2    the arguments, the storage or the configuration cannot be used; a line on standard error says why
+  130  turned off by Ctrl-C
+
+Examples:
+  kelterm --root my-terminal
+  kelterm --screen 160x160 '\Windows\ovu.xml'
+  printf 'wait\nkey 1\ndump\n' | kelterm --script -
+)";
+
+}  // namespace simulator
