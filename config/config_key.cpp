@@ -10,6 +10,11 @@ WideString ConfigKey::FullPath() const { return PathOf(*node_); }
 
 bool ConfigKey::IsChildOf(const ConfigKey& parent) const { return node_->parent == parent.node_; }
 
+std::uint32_t ConfigKey::Element() const {
+  const PathNode* const source = ElementSource(*node_);
+  return source == nullptr ? 0 : source->firstElement;
+}
+
 WideStringView ConfigKey::Value(WideStringView name) const {
   const std::span<const NamedText> values = Values();
   auto found = values.end();

@@ -34,6 +34,9 @@ class ConfigKey {
   // Its path is the other's and one name more. Both are keys of one tree.
   bool IsChildOf(const ConfigKey& parent) const;
 
+  // The element of the document's index that the key was read from; 0: none, as of every key from the registry.
+  std::uint32_t Element() const;
+
   // A value's text, empty when the key has no value of exactly that name.
   WideStringView Value(WideStringView name) const;
   // The same with a name from the string table; empty too when the table has no such text.

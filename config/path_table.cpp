@@ -49,6 +49,11 @@ WideString PathOf(const PathNode& node) {
   return path;
 }
 
+const PathNode* ElementSource(const PathNode& node) {
+  const PathNode* const source = node.name.empty() && node.parent != nullptr ? node.parent : &node;
+  return source->hasElement ? source : nullptr;
+}
+
 PathTable::PathTable() : slots_(std::size_t{1} << kFirstSlotBits), shift_(64 - kFirstSlotBits) {
   nodes_.Add().hash = kSeed;
 }

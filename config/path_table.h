@@ -30,6 +30,10 @@ struct PathNode {
 // The names down to a node, put together.
 WideString PathOf(const PathNode& node);
 
+// The node whose element a key is read from; null when the document has none. A path that ends with a backslash is read
+// where it stands without it.
+const PathNode* ElementSource(const PathNode& node);
+
 // Calls step(name) for each name of a path.
 template <typename Step>
 void ForEachName(WideStringView path, Step step) {

@@ -33,15 +33,9 @@ class XmlTreeBuilder {
     std::uint32_t next = 0;
   };
 
-  // The element that a key is read from; null when the document has none.
-  static const PathNode* Source(const PathNode& node) {
-    const PathNode* const source = node.name.empty() ? node.parent : &node;
-    return source->hasElement ? source : nullptr;
-  }
-
   void Read(PathNode& node, bool hasChildren) {
     children_.clear();
-    if (const PathNode* const source = Source(node)) {
+    if (const PathNode* const source = ElementSource(node)) {
       // The keys below are mostly those of the element that the key is read from.
       PathNode* const parent = hasChildren && source == &node && !node.expanded ? &node : nullptr;
       ReadElement(source->firstElement, parent);

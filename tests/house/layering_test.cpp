@@ -124,6 +124,8 @@ std::vector<Include> IncludesOf(const std::string& file) {
 
 bool StartsWith(std::string_view text, std::string_view start) { return text.starts_with(start); }
 
+std::string FolderOf(std::string_view path) { return std::string(path.substr(0, path.find('/'))); }
+
 bool IsOfOnePlatform(std::string_view file) {
   return StartsWith(file, "platform/host/") || StartsWith(file, "platform/win32/");
 }
@@ -134,7 +136,7 @@ std::string Wrong(const Include& include, std::size_t floor) {
     const bool allowed = kStandardHeaders.contains(include.header) || IsOfOnePlatform(include.file);
     return allowed ? "" : "a header of the system outside its platform's folder";
   }
-  const std::string folder = include.header.substr(0, include.header.find('/'));
+  const std::string folder = FolderOf(include.header);
   const auto target = std::find(kFloors.begin(), kFloors.end(), folder);
   if (target == kFloors.end()) return "not one of the floors";
   if (static_cast<std::size_t>(target - kFloors.begin()) > floor) return "points up the floors";
@@ -173,6 +175,48 @@ TEST(Layering, WhatWouldBeWrongIsFound) {
       {{"config/x.cpp", "", "vector", true}, 2, ""},
   };
   for (const auto& c : cases) EXPECT_EQ(c.wrong, Wrong(c.include, c.floor)) << c.include.file << c.include.header;
+}
+
+// What stands beside the house, for authors: a folder, the folders beside the house that it may include, and the
+// libraries it may use. All of them stand on the floors.
+struct Annex {
+  std::string folder;
+  std::set<std::string> folders;
+  std::vector<std::string> libraries;  // beginnings of header names
+};
+const std::vector<Annex> kAnnexes = {
+    {"authoring", {"authoring", "simulator"}, {"nlohmann/"}},
+    {"tools", {"tools", "authoring", "simulator"}, {"nlohmann/", "CLI/"}},
+};
+
+std::string WrongInAnnex(const Include& include, const Annex& annex) {
+  if (include.isSystem) {
+    const auto isOf = [&](const std::string& library) { return StartsWith(include.header, library); };
+    const bool allowed =
+        kStandardHeaders.contains(include.header) || std::any_of(annex.libraries.begin(), annex.libraries.end(), isOf);
+    // Whether anybody watches is the one thing that the standard library cannot say.
+    return allowed || include.file == "tools/console.cpp" ? "" : "a header of the system";
+  }
+  const std::string folder = FolderOf(include.header);
+  const bool isFloor = std::find(kFloors.begin(), kFloors.end(), folder) != kFloors.end();
+  return isFloor || annex.folders.contains(folder) ? "" : "a folder it does not stand on";
+}
+
+TEST(Layering, WhatIsForAuthorsStandsOnTheFloorsAndOnStandardHeaders) {
+  for (const Annex& annex : kAnnexes) {
+    std::size_t seen = 0;
+    for (const std::string& file : SourcesOf(annex.folder)) {
+      for (const Include& include : IncludesOf(file)) {
+        ++seen;
+        EXPECT_EQ("", WrongInAnnex(include, annex)) << file << ": " << include.line;
+      }
+    }
+    EXPECT_GT(seen, 10u) << annex.folder;
+  }
+  const Include upwards{"authoring/x.cpp", "", "tools/console.h", false};
+  const Include ofTheSystem{"authoring/x.cpp", "", "unistd.h", true};
+  EXPECT_EQ("a folder it does not stand on", WrongInAnnex(upwards, kAnnexes[0]));
+  EXPECT_EQ("a header of the system", WrongInAnnex(ofTheSystem, kAnnexes[0]));
 }
 
 TEST(Layering, SharedCodeDoesNotAskForThePlatform) {

@@ -1,0 +1,68 @@
+#include "authoring/entries.h"
+
+#include "model/child_key.h"
+#include "model/ordered_menu_items.h"
+
+#include <unordered_map>
+
+namespace authoring {
+
+WideStringView Entry::Oid() const {
+  const WideStringView oid = Value(TextId::kOid);
+  return oid.empty() ? Value(TextId::kCmdOid) : oid;
+}
+
+Entries::Entries(const config::PDataStore& tree, WideStringView rootPath) {
+  struct OpenMenu {
+    Entry* menu;
+    std::vector<WideStringView> names;
+    std::size_t next = 0;
+  };
+  std::vector<OpenMenu> open;
+  std::unordered_map<const config::ConfigKey*, const Entry*> known;
+  const auto add = [&](const config::ConfigKey& key, Entry* parent, WideStringView name) {
+    Entry& entry = entries_.emplace_back();
+    entry.key = &key;
+    entry.parent = parent;
+    entry.name = name;
+    if (parent != nullptr) {
+      entry.depth = parent->depth + 1;
+      parent->children.push_back(&entry);
+    }
+    const auto [place, isNew] = known.emplace(&key, &entry);
+    if (!isNew) {
+      entry.first = place->second;
+    } else if (!key.Subkeys().empty()) {
+      std::vector<WideStringView> names(key.Subkeys().begin(), key.Subkeys().end());
+      model::InitOrderedMenuItems(names, key, tree);
+      open.push_back({&entry, std::move(names)});
+    }
+  };
+
+  const config::ConfigKey* root = tree.Find(rootPath);
+  static const config::ConfigKey kNone;
+  add(root == nullptr ? kNone : *root, nullptr, rootPath);
+  while (!open.empty()) {
+    OpenMenu& menu = open.back();
+    if (menu.next == menu.names.size()) {
+      open.pop_back();
+      continue;
+    }
+    const WideStringView name = menu.names[menu.next++];
+    const config::ConfigKey* key = model::FindChild(tree, *menu.menu->key, name);
+    if (key != nullptr) add(*key, menu.menu, name);
+  }
+}
+
+WideString Entries::PathOf(const Entry& entry) {
+  std::vector<const Entry*> way;
+  for (const Entry* at = &entry; at->parent != nullptr; at = at->parent) way.push_back(at);
+  WideString path;
+  for (auto at = way.rbegin(); at != way.rend(); ++at) {
+    if (!path.empty()) path.push_back(u'\\');
+    path.append((*at)->name);
+  }
+  return path;
+}
+
+}  // namespace authoring

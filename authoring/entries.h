@@ -1,0 +1,43 @@
+// The entries of a configuration in the order of the menus.
+#pragma once
+
+#include "config/data_store.h"
+
+#include <deque>
+#include <vector>
+
+namespace authoring {
+
+struct Entry {
+  const config::ConfigKey* key = nullptr;
+  const Entry* parent = nullptr;       // null: the root
+  WideStringView name;                 // as the parent has it; a path when it is a "Descendent"
+  std::vector<const Entry*> children;  // in the order of the menu
+  const Entry* first = nullptr;        // an earlier entry of the same key, which has the children; null: this is it
+  std::size_t depth = 0;
+
+  WideStringView Value(TextId valueName) const { return key->Value(valueName); }
+  WideStringView Value(WideStringView valueName) const { return key->Value(valueName); }
+  WideStringView DisplayName() const { return Value(TextId::kDisplayName); }
+  // OID, or without one the command OID; empty: the entry is no property.
+  WideStringView Oid() const;
+  bool IsMenu() const { return !key->Subkeys().empty(); }
+};
+
+class Entries {
+ public:
+  // The tree must live longer.
+  Entries(const config::PDataStore& tree, WideStringView rootPath);
+
+  const Entry& Root() const { return entries_.front(); }
+  // All of them, each before those below it, the root first.
+  const std::deque<Entry>& All() const { return entries_; }
+
+  // "Network\Addresses": the names down to the entry, without the root's.
+  static WideString PathOf(const Entry& entry);
+
+ private:
+  std::deque<Entry> entries_;  // never empty; addresses stay
+};
+
+}  // namespace authoring

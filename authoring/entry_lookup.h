@@ -1,0 +1,17 @@
+// Finding the entry that an author means.
+#pragma once
+
+#include "authoring/trial.h"
+
+#include <vector>
+
+namespace authoring {
+
+// The items that `text` may mean: the one at the key path, the one that the keys lead to ("2-3-1"), else all with that
+// OID, else all with that display name, else those whose name, OID or path it is in another case. Empty: there is none.
+std::vector<model::MenuItem*> FindEntries(Trial& trial, WideStringView text);
+
+// The path below the root, "Network\Addresses"; empty for the root.
+WideString PathOf(const model::MenuItem& item);
+
+}  // namespace authoring

@@ -1,0 +1,46 @@
+// A device whose values live in memory: what is set is gone with it. Options of a storage's device ("readonly",
+// "set=...") hold here too; delays do not.
+#pragma once
+
+#include "authoring/terminal_copy.h"
+#include "platform/device.h"
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace authoring {
+
+class MemoryDevice {
+ public:
+  struct Write {
+    WideString oid;
+    WideString type;
+    WideString value;
+    platform::ResultCode result = platform::kOk;
+    bool operator==(const Write&) const = default;
+  };
+
+  explicit MemoryDevice(const TerminalCopy& terminal) : values_(terminal.device) {}
+
+  platform::ResultCode Get(const WideString& oid, std::optional<WideString>& value) const;
+  platform::ResultCode Set(const WideString& oid, const WideString& type, const WideString& value);
+
+  // Gives an OID a value, whatever its options; an OID that was not there is there from now on.
+  void Put(const WideString& oid, WideString value) { values_[oid].line.value = std::move(value); }
+  // Null when there is no such OID.
+  const simulator::DeviceLine* Find(const WideString& oid) const;
+
+  // What was set, in order, refused or not.
+  const std::vector<Write>& Writes() const { return writes_; }
+  void ForgetWrites() { writes_.clear(); }
+
+  // Connections refer to this object.
+  std::function<std::unique_ptr<platform::ISnmpConfig>()> Connector();
+
+ private:
+  std::unordered_map<WideString, DeviceEntry> values_;
+  std::vector<Write> writes_;
+};
+
+}  // namespace authoring

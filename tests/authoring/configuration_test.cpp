@@ -1,0 +1,90 @@
+#include "authoring/configuration.h"
+
+#include "base/utf8.h"
+#include "tests/authoring/storage_folder.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+using authoring::Configuration;
+using authoring::Position;
+using tests::StorageFolder;
+
+std::string ShownFrom(const fs::path& root, const Position& position) {
+  return fs::relative(position.file, root).generic_string() + ":" + std::to_string(position.line) + ":" +
+         std::to_string(position.column);
+}
+
+TEST(Configuration, AFolderAFileAndARegistryFileAreLoadedAsTheUtilityDoes) {
+  for (const char* path : {"", "Windows/ovu.xml", "registry.reg"}) {
+    const auto loaded = Configuration::Load(tests::kDemonstration / path);
+    ASSERT_NE(nullptr, loaded.configuration) << loaded.problem;
+    const Configuration& configuration = *loaded.configuration;
+    EXPECT_EQ(u"Main Menu", configuration.Root().Value(TextId::kDisplayName)) << path;
+    EXPECT_TRUE(configuration.Terminal().hasDevice) << path;
+    EXPECT_EQ(std::string(path) == "registry.reg", configuration.Index() == nullptr);
+  }
+}
+
+TEST(Configuration, TheCommandLineNamesAnotherSource) {
+  const auto loaded =
+      Configuration::Load(tests::kDemonstration, u"HKEY_LOCAL_MACHINE\\SOFTWARE\\Valtorix\\ZEP\\CONFIGAPP");
+  ASSERT_NE(nullptr, loaded.configuration) << loaded.problem;
+  EXPECT_EQ(nullptr, loaded.configuration->Index());
+  EXPECT_NE("", Configuration::Load(tests::kDemonstration, u"HKEY_LOCAL_MACHINE\\Nowhere").problem);
+}
+
+TEST(Configuration, WhatCannotBeUsedIsNamedInOneLine) {
+  StorageFolder folder;
+  EXPECT_NE(std::string::npos, Configuration::Load(folder.Path()).problem.find("there is no configuration"));
+  folder.WriteMenu("").Write("device.txt", "1.2\tInteger\t1\n1.3\tInteger\n");
+  const std::string problem = Configuration::Load(folder.Path()).problem;
+  EXPECT_NE(std::string::npos, problem.find("device.txt:2: ")) << problem;
+  EXPECT_EQ(std::string::npos, problem.find('\n'));
+  EXPECT_NE("", Configuration::Load(folder.Path() / "nothing").problem);
+}
+
+TEST(Configuration, ADocumentThatIsNotWellFormedIsReportedInTheReadersWords) {
+  StorageFolder folder;
+  folder.Write("Windows/ovu.xml", "<GROUP name=\"R\">\n  <GROUP name=\"A\">\n</GRUOP></GROUP>");
+  const auto configuration = folder.Load();
+  ASSERT_EQ(1u, configuration->BrokenDocuments().size());
+  EXPECT_FALSE(configuration->HasTree());
+  const authoring::BrokenDocument& broken = configuration->BrokenDocuments()[0];
+  EXPECT_TRUE(broken.reason.starts_with(u"End tag does not correspond to GROUP")) << base::ToUtf8(broken.reason);
+  EXPECT_EQ("Windows/ovu.xml:3:1", ShownFrom(folder.Path(), broken.position));
+}
+
+TEST(Configuration, KeysAndValuesStandSomewhere) {
+  StorageFolder folder;
+  folder.WriteMenu(
+      "  <GROUP name=\"A\">\n"
+      "    <DisplayName>Name</DisplayName>\n"
+      "    <Dependency>\n IF &quot;A B&quot; EQ 1</Dependency>\n"
+      "  </GROUP>\n");
+  const auto configuration = folder.Load();
+  const config::ConfigKey& key = *configuration->Tree()->Find(u"R\\A");
+  const auto shown = [&](const Position& position) { return ShownFrom(folder.Path(), position); };
+  EXPECT_EQ("Windows/ovu.xml:2:3", shown(configuration->PositionOf(key)));
+  EXPECT_EQ("Windows/ovu.xml:3:5", shown(configuration->PositionOf(key, u"DisplayName")));
+  EXPECT_EQ("Windows/ovu.xml:2:3", shown(configuration->PositionOf(key, u"OID")));
+  // Counted in the text as it reads: a line feed, " IF ", then a quote that is written as a reference.
+  EXPECT_EQ("Windows/ovu.xml:5:5", shown(configuration->PositionOf(key, u"Dependency", 5)));
+  EXPECT_EQ("Windows/ovu.xml:5:11", shown(configuration->PositionOf(key, u"Dependency", 6)));
+}
+
+TEST(Configuration, LoadingLeavesTheStorageAsItIs) {
+  StorageFolder folder;
+  const std::string twice = "1.2\tInteger\t1\n1.2\tInteger\t2\n";
+  folder.WriteMenu("").Write("device.txt", twice);
+  {
+    const auto configuration = folder.Load();
+    EXPECT_EQ(u"2", configuration->Terminal().device.at(u"1.2").line.value);
+    EXPECT_EQ(2u, configuration->Terminal().device.at(u"1.2").number);
+  }
+  std::ifstream file(folder.Path() / "device.txt");
+  EXPECT_EQ(twice, std::string(std::istreambuf_iterator<char>(file), {}));
+}
+
+}  // namespace

@@ -1,0 +1,63 @@
+#include "tools/kelconf_source.h"
+
+#include "authoring/entry_lookup.h"
+#include "base/utf8.h"
+
+#include <ostream>
+
+namespace tools {
+
+void AddSourceOptions(CLI::App& command, SourceOptions& options, bool required) {
+  CLI::Option* path = command.add_option("FOLDER", options.path, "a storage folder, an XML file or a registry file");
+  if (required) path->required();
+  command.add_option(
+      "--source", options.source,
+      "the utility's command line: a HKEY_LOCAL_MACHINE path, or the path of an XML file in the storage");
+}
+
+void AddFormatOption(CLI::App& command, Format& format) {
+  command
+      .add_option_function<std::string>(
+          "--format", [&format](const std::string& name) { format = name == "json" ? Format::kJson : Format::kText; },
+          "how to answer")
+      ->check(CLI::IsMember({"text", "json"}))
+      ->type_name("");
+}
+
+std::unique_ptr<authoring::Configuration> LoadConfiguration(const SourceOptions& options, Streams& streams) {
+  auto loaded = authoring::Configuration::Load(options.path, base::FromUtf8(options.source));
+  if (!loaded.configuration) streams.errors << "kelconf: " << loaded.problem << '\n';
+  return std::move(loaded.configuration);
+}
+
+std::unique_ptr<authoring::Configuration> LoadWellFormed(const SourceOptions& options, Streams& streams) {
+  auto configuration = LoadConfiguration(options, streams);
+  if (!configuration || configuration->HasTree()) return configuration;
+  for (const auto& broken : configuration->BrokenDocuments()) {
+    streams.errors << "kelconf: " << ToText(broken.position) << ": " << base::ToUtf8(broken.reason) << '\n';
+  }
+  return nullptr;
+}
+
+model::MenuItem* FindOneEntry(authoring::Trial& trial, const std::string& text, Streams& streams) {
+  const auto found = authoring::FindEntries(trial, base::FromUtf8(text));
+  if (found.size() == 1) return found.front();
+  if (found.empty()) {
+    streams.errors << "kelconf: there is no entry " << text << '\n';
+  } else {
+    streams.errors << "kelconf: " << text << " may be one of these:\n";
+    for (const model::MenuItem* item : found) {
+      streams.errors << "  " << base::ToUtf8(authoring::PathOf(*item)) << "  " << base::ToUtf8(item->Title()) << '\n';
+    }
+  }
+  return nullptr;
+}
+
+std::string ToText(const authoring::Position& position) {
+  std::string text = position.file;
+  if (position.line != 0) text += ":" + std::to_string(position.line);
+  if (position.column != 0) text += ":" + std::to_string(position.column);
+  return text;
+}
+
+}  // namespace tools

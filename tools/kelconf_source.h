@@ -1,0 +1,35 @@
+// The configuration that a command is about, and the entry in it.
+#pragma once
+
+#include "authoring/configuration.h"
+#include "authoring/trial.h"
+#include "tools/kelconf_program.h"
+
+#include <memory>
+#include <string>
+
+namespace tools {
+
+struct SourceOptions {
+  std::string path = ".";
+  std::string source;  // the utility's command line
+};
+
+enum class Format { kText, kJson };
+
+// FOLDER|FILE.xml|FILE.reg and --source.
+void AddSourceOptions(CLI::App& command, SourceOptions& options, bool required = true);
+void AddFormatOption(CLI::App& command, Format& format);
+
+// Null, after it was said on standard error why.
+std::unique_ptr<authoring::Configuration> LoadConfiguration(const SourceOptions& options, Streams& streams);
+// The same, and the document must be well formed.
+std::unique_ptr<authoring::Configuration> LoadWellFormed(const SourceOptions& options, Streams& streams);
+
+// The one item that `text` means. Null, after the candidates were listed on standard error, when there is none or more.
+model::MenuItem* FindOneEntry(authoring::Trial& trial, const std::string& text, Streams& streams);
+
+// "file:line:column", "file:line" or "file".
+std::string ToText(const authoring::Position& position);
+
+}  // namespace tools

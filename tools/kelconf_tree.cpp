@@ -1,0 +1,123 @@
+// kelconf tree: the menus as text.
+#include "authoring/entries.h"
+#include "base/format.h"
+#include "base/utf8.h"
+#include "tools/console.h"
+#include "tools/kelconf_source.h"
+
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <memory>
+#include <ostream>
+
+namespace tools {
+namespace {
+
+using authoring::Configuration;
+using authoring::Entries;
+using authoring::Entry;
+
+struct Options {
+  SourceOptions source;
+  Format format = Format::kText;
+};
+
+// `Dependency`, `Dependency1` and so on, as far as they run.
+std::vector<WideString> RulesOf(const Entry& entry) {
+  std::vector<WideString> rules;
+  WideStringView rule = entry.Value(u"Dependency");
+  for (int number = 1; !rule.empty(); ++number) {
+    rules.emplace_back(rule);
+    rule = entry.Value(base::Format(u"Dependency%d", number));
+  }
+  return rules;
+}
+
+std::string NameOf(const Configuration& configuration, const Entry& entry) {
+  return base::ToUtf8(configuration.Symbols().TextOf(entry.DisplayName()));
+}
+
+// What stands behind the name: type and OID of a property, what a command runs.
+std::string KindOf(const Entry& entry) {
+  std::string text;
+  const auto add = [&text](WideStringView part) {
+    if (part.empty()) return;
+    if (!text.empty()) text += "  ";
+    text += base::ToUtf8(part);
+  };
+  add(entry.Oid().empty() ? WideStringView() : entry.Value(TextId::kType));
+  add(entry.Oid());
+  add(entry.Value(TextId::kFunction));
+  add(entry.Value(TextId::kAppName));
+  return text;
+}
+
+void PrintText(const Configuration& configuration, const Entries& entries, const Streams& streams) {
+  std::size_t number = 0;
+  for (const Entry& entry : entries.All()) {
+    const std::string indent(entry.depth * 2, ' ');
+    if (entry.parent == nullptr) {
+      streams.out << NameOf(configuration, entry) << '\n';
+      continue;
+    }
+    const auto& siblings = entry.parent->children;
+    number = static_cast<std::size_t>(std::find(siblings.begin(), siblings.end(), &entry) - siblings.begin()) + 1;
+    streams.out << indent << number << "  " << NameOf(configuration, entry);
+    if (const std::string kind = KindOf(entry); !kind.empty()) {
+      streams.out << "  " << Coloured("[" + kind + "]", "36", streams.colours);
+    }
+    if (entry.first != nullptr && entry.IsMenu()) streams.out << "  (as above)";
+    streams.out << '\n';
+    for (const WideString& rule : RulesOf(entry)) {
+      streams.out << indent << "     " << Coloured(base::ToUtf8(rule), "33", streams.colours) << '\n';
+    }
+  }
+}
+
+nlohmann::ordered_json ToJson(const Configuration& configuration, const Entry& entry) {
+  nlohmann::ordered_json json;
+  json["path"] = base::ToUtf8(Entries::PathOf(entry));
+  json["depth"] = entry.depth;
+  json["name"] = NameOf(configuration, entry);
+  const std::pair<const char*, WideStringView> texts[] = {{"type", entry.Value(TextId::kType)},
+                                                          {"oid", entry.Oid()},
+                                                          {"function", entry.Value(TextId::kFunction)},
+                                                          {"program", entry.Value(TextId::kAppName)}};
+  for (const auto& [name, text] : texts) {
+    if (!text.empty()) json[name] = base::ToUtf8(text);
+  }
+  json["rules"] = nlohmann::ordered_json::array();
+  for (const WideString& rule : RulesOf(entry)) json["rules"].push_back(base::ToUtf8(rule));
+  const authoring::Position position = configuration.PositionOf(*entry.key);
+  json["file"] = position.file;
+  if (position.line != 0) json["line"] = position.line;
+  return json;
+}
+
+int Run(const Options& options, Streams& streams) {
+  const auto configuration = LoadWellFormed(options.source, streams);
+  if (!configuration) return kUnusable;
+  const Entries entries(*configuration->Tree(), configuration->RootPath());
+  if (options.format == Format::kText) {
+    PrintText(*configuration, entries, streams);
+    return kFine;
+  }
+  auto json = nlohmann::ordered_json::array();
+  for (const Entry& entry : entries.All()) json.push_back(ToJson(*configuration, entry));
+  streams.out << json.dump(2) << '\n';
+  return kFine;
+}
+
+}  // namespace
+
+void AddTree(CLI::App& program, Streams& streams, int& status) {
+  const auto options = std::make_shared<Options>();
+  CLI::App* command = program.add_subcommand("tree", "the menus as text, each line with its type, OID and rules");
+  command->footer("Example: kelconf tree examples/small");
+  AddSourceOptions(*command, options->source);
+  AddFormatOption(*command, options->format);
+  command->callback([options, &streams, &status] { status = Run(*options, streams); });
+}
+
+}  // namespace tools
