@@ -20,12 +20,15 @@ void ChangeQueue::Clear() {
 
 void ChangeQueue::Settled(const values::PendingChange& change, bool taken) {
   items_.Settle(change.oid, change.value, taken);
+  if (!taken) cursor_.reset();  // a box is next
 }
 
 bool ChangeQueue::Submit(int& outcome) {
-  const values::SubmitContext submit{context_.device, context_.model.Descriptors(), context_.boxes,
-                                     *this,           context_.shell.MainWindow(),  context_.flashWrite};
-  return values::SnmpSetChanges(context_.changes, outcome, submit) == 0;
+  const values::SubmitContext submit{context_.device, context_.model.Descriptors(), context_.boxes, *this,
+                                     context_.flashWrite};
+  const bool submitted = values::SnmpSetChanges(context_.changes, outcome, submit) == 0;
+  cursor_.reset();
+  return submitted;
 }
 
 bool ChangeQueue::Submit() {

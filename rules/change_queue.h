@@ -1,8 +1,11 @@
 // The pending changes as rules and commands use them: texts go in, all are submitted together.
 #pragma once
 
+#include "platform/window.h"
 #include "rules/item_operations.h"
 #include "values/submission.h"
+
+#include <optional>
 
 namespace rules {
 
@@ -24,11 +27,13 @@ class ChangeQueue final : private values::SubmitHost {
 
  private:
   WideString ErrorTextOf(WideStringView oid) override { return single_.ErrorTextOf(oid); }
+  void Started() override { cursor_.emplace(context_.shell.MainWindow()); }
   void Settled(const values::PendingChange& change, bool taken) override;
 
   Context context_;
   const SingleValues& single_;
   ItemOperations& items_;
+  std::optional<platform::WaitCursor> cursor_;  // while changes are sent
 };
 
 }  // namespace rules

@@ -28,9 +28,10 @@ bool CheckKey(KeyKind kind, WideString& text, WideString& message) {
 // One run over the pending changes.
 class Submission {
  public:
-  explicit Submission(const SubmitContext& context) : context_(context) { cursor_.emplace(context.mainWindow); }
+  explicit Submission(const SubmitContext& context) : context_(context) {}
 
   int Run(const ChangeList& changes) {
+    context_.host.Started();
     for (const PendingChange& change : changes) {
       if (change.oid.empty()) continue;
       if (IsPseudoOid(change.oid)) {
@@ -51,7 +52,6 @@ class Submission {
     context_.host.Settled(change, taken);
     if (taken) return;
     if (isSound || isOnlyOne) failed_ = true;
-    cursor_.reset();
     if (isSound) {
       ShowNotStored(context_.boxes, context_.host.ErrorTextOf(change.oid));
     } else {
@@ -83,7 +83,6 @@ class Submission {
   }
 
   const SubmitContext& context_;
-  std::optional<platform::WaitCursor> cursor_;
   bool failed_ = false;
 };
 

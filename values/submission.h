@@ -2,7 +2,6 @@
 #pragma once
 
 #include "base/wide_string.h"
-#include "platform/window.h"
 #include "values/descriptor_map.h"
 #include "values/device_access.h"
 #include "values/message_boxes.h"
@@ -17,6 +16,8 @@ class SubmitHost {
   // What the configuration wants said when the value of an OID, as the configuration writes it, cannot be stored.
   // Empty: nothing of its own.
   virtual WideString ErrorTextOf(WideStringView oid) = 0;
+  // The device is there, and the first change goes to it.
+  virtual void Started() = 0;
   // The change is done with: the device has taken it, or else nothing on the device has changed. A pseudo-OID's change
   // is always taken. Told before a box says why a change was not taken.
   virtual void Settled(const PendingChange& change, bool taken) = 0;
@@ -28,8 +29,7 @@ struct SubmitContext {
   const DescriptorMap& descriptors;
   MessageBoxes& boxes;
   SubmitHost& host;
-  platform::WindowHandle mainWindow;  // the wait cursor stands in its middle
-  bool& valueWritten;                 // set when the device has taken a value
+  bool& valueWritten;  // set when the device has taken a value
 };
 
 // Says that a value was not stored: in the configuration's own words, or when it has none in the program's.

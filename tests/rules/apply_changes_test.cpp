@@ -129,6 +129,54 @@ TEST_F(ApplyTest, WhatIsDiscardedPulsesNothingLater) {
   EXPECT_EQ(Journal(), TakeJournal());
 }
 
+// Says whether the wait cursor stands.
+class CursorBoxes final : public values::MessageBoxes {
+ public:
+  explicit CursorBoxes(Journal& journal) : journal_(journal) {}
+  int Show(WideStringView, WideStringView, int) override {
+    journal_.push_back(platform::host::IsWaitCursorShown() ? u"box, waiting" : u"box");
+    return 0;
+  }
+
+ private:
+  Journal& journal_;
+};
+
+class CursorDevice final : public platform::ISnmpConfig {
+ public:
+  explicit CursorDevice(Journal& journal) : journal_(journal) {}
+  platform::ResultCode Set(const WideString&, const WideString&, const WideString& value) override {
+    journal_.push_back(platform::host::IsWaitCursorShown() ? u"set, waiting" : u"set");
+    return value == u"refuse" ? platform::kAccessDenied : platform::kOk;
+  }
+  platform::ResultCode Get(const WideString&, const WideString&, std::optional<WideString>&) override {
+    return platform::kFailed;
+  }
+  platform::ResultCode SetSpecial(const WideString& oid, const WideString& type, const WideString& value) override {
+    return Set(oid, type, value);
+  }
+  platform::ResultCode GetSpecial(const WideString& oid, const WideString& type,
+                                  std::optional<WideString>& value) override {
+    return Get(oid, type, value);
+  }
+
+ private:
+  Journal& journal_;
+};
+
+TEST_F(ApplyTest, TheWaitCursorStandsWhileChangesAreSentAndUnderNoBox) {
+  CursorBoxes boxes(journal_);
+  values::DeviceAccess device([this] { return std::make_unique<CursorDevice>(journal_); });
+  rules::Rules rules({model_, device, symbols_, changes_, events_, edit_, boxes, shell_, flashWrite_});
+  rules.queue.Add(u"1", u"Octet String", u"take");
+  rules.queue.Add(u"2", u"Octet String", u"refuse");
+  EXPECT_FALSE(rules.queue.Submit());
+  EXPECT_EQ((Journal{u"set, waiting", u"set, waiting", u"box"}), TakeJournal());
+  EXPECT_FALSE(platform::host::IsWaitCursorShown());
+  EXPECT_TRUE(rules.queue.Submit());  // nothing to send
+  EXPECT_FALSE(platform::host::IsWaitCursorShown());
+}
+
 // A command of two fields, of which the device refuses or takes what is edited.
 class FieldEditTest : public tests::RulesTest {
  protected:

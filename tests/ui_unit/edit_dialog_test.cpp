@@ -121,9 +121,9 @@ class EditBench : public ui_test::PropertyBench {
     bool ApplyChanges() override {
       bench_.log_.push_back("apply");
       int status = 0;
-      return values::SnmpSetChanges(bench_.changes, status,
-                                    {bench_.access, bench_.descriptors, bench_.terminal.boxes, *this, bench_.owner,
-                                     bench_.valueWritten}) == 0;
+      return values::SnmpSetChanges(
+                 bench_.changes, status,
+                 {bench_.access, bench_.descriptors, bench_.terminal.boxes, *this, bench_.valueWritten}) == 0;
     }
     void RunPostEditAction(WideStringView command, model::MenuItem& item) override {
       bench_.log_.push_back("run " + base::ToUtf8(command) + " on " + base::ToUtf8(item.DisplayName()));
@@ -131,6 +131,7 @@ class EditBench : public ui_test::PropertyBench {
 
    private:
     WideString ErrorTextOf(WideStringView) override { return {}; }
+    void Started() override {}
     void Settled(const values::PendingChange& change, bool taken) override {
       auto* property = values::FindDescriptor(bench_.descriptors, change.oid);
       taken ? property->SetTaken(change.value) : property->SetRefused(change.value);
