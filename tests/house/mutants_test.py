@@ -153,6 +153,12 @@ class Coverage(unittest.TestCase):
     def test_decisions_are_found_on_their_lines(self):
         self.assertEqual(covered.decisions_by_line("f(a);\nif (a && b)\n  c(x ? 1 : 2);\n"), {2: ["if", "&&"], 3: ["?"]})
 
+    def test_lines_that_stayed_are_reached_wherever_they_stand_now(self):
+        known = covered.Covered({"a.cpp": {"source": "a\nb\nc\n", "lines": [1, 3]}})
+        self.assertEqual(known.lines("a.cpp", "a\nb\nc\n"), {1, 3})
+        self.assertEqual(known.lines("a.cpp", "new\nb\nother\nc\n"), {4})
+        self.assertEqual(known.lines("b.cpp", "a\n"), set())
+
     def test_branches_of_the_compiler_are_not_counted(self):
         def branch(count, fallthrough=False, throw=False):
             return {"count": count, "fallthrough": fallthrough, "throw": throw}

@@ -172,6 +172,16 @@ TEST_F(DateTimePickerTest, TheDayOfTheWeekFollowsTheDate) {
   }
 }
 
+TEST_F(DateTimePickerTest, WithoutAFormatItShowsTheShortDate) {
+  const DateTimePicker picker = MakePicker(u"d", {2024, 1, 0, 31, 0, 0, 0, 0});
+  picker.SetFormat(u"");
+  EXPECT_EQ(u"1/31/2024", TextOf(picker.Handle()));
+  picker.SetFormat(u"'on' ");
+  Press(picker.Handle(), key::kRight);
+  Type(picker.Handle(), u"5");
+  EXPECT_EQ(u"on ", TextOf(picker.Handle()));
+}
+
 TEST_F(DateTimePickerTest, AClickTakesTheFocusAndItsTextCannotBeSet) {
   const DateTimePicker picker = MakePicker(u"d", {2024, 1, 0, 31, 0, 0, 0, 0});
   Focus(frameWindow);

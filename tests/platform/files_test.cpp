@@ -34,6 +34,25 @@ TEST(Files, AnExactNameIsTakenBeforeOneThatDiffersInCase) {
   EXPECT_EQ("capital", ReadWholeFile(u"\\A.txt"));
 }
 
+TEST(Files, OfNamesThatOnlyDifferInCaseTheFirstInByteOrderIsTaken) {
+  const Root root;
+  for (const char* name : {"ab.txt", "AB.txt", "Ab.txt"}) root.Write(name, name);
+  const Installed installed(root.Environment());
+  EXPECT_EQ("AB.txt", ReadWholeFile(u"\\aB.txt"));
+}
+
+TEST(Files, AFileForWhichThereIsNoPlaceIsNotRead) {
+  const Root root;
+  root.Write("file", "12345");
+  const Installed installed(root.Environment());
+  std::size_t asked = 0;
+  EXPECT_FALSE(ReadWholeFile(u"\\file", [&](std::size_t size) -> char* {
+    asked = size;
+    return nullptr;
+  }));
+  EXPECT_EQ(5U, asked);
+}
+
 TEST(Files, WhatIsNoReadableFileIsNotRead) {
   const Root root;
   root.Write("folder/file", "x");

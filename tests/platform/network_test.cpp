@@ -36,6 +36,23 @@ TEST_F(NetworkTest, TheTerminalKnowsItsNameAndAddress) {
   EXPECT_NE(0, HostName(100).error);
 }
 
+TEST_F(NetworkTest, StoppingWhatWasNotStartedIsHarmless) {
+  StopSockets();
+  StartSockets(0x0101);
+  StartSockets(0x0101);
+  StopSockets();
+  EXPECT_EQ("terminal", HostName(100).text);  // started twice
+  StopSockets();
+  EXPECT_NE(0, HostName(100).error);
+}
+
+TEST_F(NetworkTest, AHostThatNobodyKnowsHasNoAddress) {
+  StartSockets(0x0101);
+  EXPECT_EQ("", FirstAddressOf("no such host").text);
+  EXPECT_NE(0, FirstAddressOf("no such host").error);
+  StopSockets();
+}
+
 TEST_F(NetworkTest, VersionZeroIsRefused) { EXPECT_NE(0, StartSockets(0).error); }
 
 TEST(NetworkOfTheMachine, LooksAddressesUp) {

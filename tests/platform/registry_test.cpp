@@ -59,7 +59,9 @@ TEST(Registry, KeysThatAreMissingOrDeniedDoNotOpen) {
   EXPECT_FALSE(RegistryKey::Open(kMachine, u"Software\\Secret", false, kKeyAllAccess));
   EXPECT_FALSE(RegistryKey::Open(kMachine, u"Software\\Missing", false, kKeyAllAccess));
   EXPECT_FALSE(RegistryKey::Open(RegistryTree::kUsers, u"Software", false, kKeyAllAccess));
-  EXPECT_FALSE(RegistryKey::Open(0x1234, u"", false, kKeyAllAccess));
+  for (const std::uint32_t root : {0x1234U, 0x80000004U})
+    EXPECT_FALSE(RegistryKey::Open(root, u"", false, kKeyAllAccess));
+  EXPECT_FALSE(RegistryKey::Open(kMachine, u"SOFTWARE", false, 0));
 }
 
 TEST(Registry, TheRootsExistInAnEmptyRegistryToo) {
