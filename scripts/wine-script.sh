@@ -75,7 +75,7 @@ fi
 
 cd "$work/root"
 status=0
-timeout "${KEL_LIMIT:-120}" wine "$build/simulator/windows/screen_driver.exe" "${hold[@]}" \
+timeout "${KEL_LIMIT:-240}" wine "$build/simulator/windows/screen_driver.exe" "${hold[@]}" \
   "$(windows_path "$build/app/KelLocalCfg.exe")" "$(windows_path "$script")" "$@" || status=$?
 [ -z "$picture" ] || wait "$taker" || true
 exit $status

@@ -7,6 +7,7 @@
 #include "values/ip_address.h"
 #include "values/key_rules.h"
 #include "values/property_descriptor.h"
+#include "values/shown_value.h"
 
 #include <optional>
 #include <utility>
@@ -76,10 +77,16 @@ class Submission {
     if (taken) {
       context_.valueWritten = true;
     } else if (result) {
-      platform::KernelDebugOutput(
-          base::Format(u"FAILED: SNMPSet  hr[%x] OID[%s] Value[%s] Type[%s])\r\n", *result, oid, text, change.type));
+      platform::KernelDebugOutput(base::Format(u"FAILED: SNMPSet  hr[%x] OID[%s] Value[%s] Type[%s])\r\n", *result, oid,
+                                               LoggedText(change, text), change.type));
     }
     return taken;
+  }
+
+  // A secret is none in a log either: it looks as it does on its line.
+  WideString LoggedText(const PendingChange& change, const WideString& text) const {
+    const PropertyDescriptor* descriptor = FindDescriptor(context_.descriptors, change.oid);
+    return descriptor == nullptr ? text : MaskedText(*descriptor, text);
   }
 
   const SubmitContext& context_;

@@ -1,5 +1,9 @@
-// Random keys against the whole utility with the demonstration terminal, whose every tenth call fails.
+// Random keys against the whole utility with the demonstration terminal, whose every tenth call fails. No secret of it
+// is shown or logged where it does not belong.
 #include "tests/app/random_keys.h"
+
+#include "base/utf8.h"
+#include "tests/app/canary.h"
 #include "tests/app/utility_run.h"
 #include "tests/platform/temporary_root.h"
 
@@ -26,6 +30,7 @@ TEST_P(RandomKeys, HarmNeitherTheUtilityNorTheStorage) {
   std::filesystem::copy(KEL_DEMONSTRATION, root.Path(), std::filesystem::copy_options::recursive);
   std::set<std::string> titles = DisplayNamesIn(root.Read("Windows/ovu.xml"));
   titles.insert("Scanner");  // the text of a symbol
+  ASSERT_EQ("", PlantSecrets(root.Path()));
 
   std::mt19937 random(child.seed);
   FailingCalls calls([](std::size_t number) { return number % 10 == 0; });
@@ -43,12 +48,18 @@ TEST_P(RandomKeys, HarmNeitherTheUtilityNorTheStorage) {
     });
     keypad.answersBoxes = false;
     std::string problem;
+    std::string secret;
     keypad.beforeEachKey = [&] {
       if (problem.empty()) problem = ProblemOfTheScreen(titles);
+      if (secret.empty()) secret = SecretOnScreen();
       edits += WhatIsInFront() == Front::kEditDialog ? 1 : 0;
       boxes += WhatIsInFront() == Front::kBox ? 1 : 0;
     };
-    ASSERT_EQ("", RunUtilityOn({root.Path(), "", child.widthPx, child.heightPx}, keypad, calls));
+    simulator::DebugLog debug(true);
+    PlantSecretsAgain(root.Path());
+    ASSERT_EQ("", RunUtilityOn({root.Path(), "", child.widthPx, child.heightPx, &debug}, keypad, calls));
+    ASSERT_EQ("", secret) << keysLeft << " keys were left, start " << starts;
+    for (const WideString& line : debug.TakeLines()) ASSERT_FALSE(HasSecret(line)) << base::ToUtf8(line);
     ASSERT_EQ("", problem) << keysLeft << " keys were left, start " << starts;
     ASSERT_FALSE(keypad.IsStuck()) << keysLeft << " keys were left, start " << starts;
   }

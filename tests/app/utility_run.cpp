@@ -13,13 +13,14 @@ std::string RunUtilityOn(const UtilityRun& run, Keypad& keypad, FailingCalls& ca
   if (!problem.empty()) return problem;
   simulator::InstanceLock instance(run.root);
   simulator::LineLog effects(false);
-  simulator::DebugLog debug(false);
+  simulator::DebugLog unheard(false);
   const auto program = [&calls](WideStringView commandLine) {
     calls.Install(platform::host::CurrentEnvironment());
     app::RunUtility(commandLine);
     return 0;
   };
-  simulator::Terminal terminal({storage, instance, effects, debug, keypad}, run.widthPx, run.heightPx, program);
+  simulator::Terminal terminal({storage, instance, effects, run.debug == nullptr ? unheard : *run.debug, keypad},
+                               run.widthPx, run.heightPx, program);
   terminal.Run(base::FromUtf8(run.commandLine));
   return {};
 }

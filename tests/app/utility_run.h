@@ -1,6 +1,7 @@
 // The whole utility on a simulated terminal over a storage folder, until it has been left.
 #pragma once
 
+#include "simulator/debug_log.h"
 #include "tests/app/failing_calls.h"
 #include "tests/app/keypad.h"
 
@@ -14,6 +15,7 @@ struct UtilityRun {
   std::string commandLine = {};
   int widthPx = 240;
   int heightPx = 320;
+  simulator::DebugLog* debug = nullptr;  // where debug lines go; null: nowhere
 };
 
 // After a warm reset it runs on. Empty, or why the storage cannot be used; then nothing ran.

@@ -177,6 +177,15 @@ TEST_F(Submission, TheActiveProfileStandsForTheStarOfAProfileProperty) {
                                       u"set cfg|Work|SSID Octet String new", u"set cfg|*|Plain Octet String new"}));
 }
 
+TEST_F(Submission, ARefusedSecretIsLoggedAsItsLineShowsIt) {
+  device_.Put(u"1", u"");
+  device_[u"1"].setResult = platform::kFailed;
+  Make({{u"OID", u"1"}, {u"Type", u"Password"}});
+  EXPECT_EQ(Submit({Change(u"1", u"Password", u"geheim")}), 1);
+  EXPECT_EQ(terminal_.TakeDebugLines(),
+            (Lines{u"FAILED: SNMPSet  hr[80004005] OID[1] Value[******] Type[Password])\r\n"}));
+}
+
 TEST_F(Submission, AnErrorTextIsAskedForByTheOidOfTheConfiguration) {
   device_.Put(u"cfg|80211PM|ActiveProfile", u"Work");
   device_.Put(u"cfg|Work|SSID", u"old");

@@ -242,8 +242,9 @@ bool Debuggee::State::TraceCalls() {
     Add(PulseLine(NameOfObject(process.Get(), reinterpret_cast<HANDLE>(call.Argument(0)))));
     return nullptr;
   };
+  // The machine goes on: the system would ask every window whether it may end, that of the program's next start too.
   return calls->Trace(L"kernel32", "CreateProcessW", onCreateProcess) &&
-         calls->Trace(L"kernel32", "PulseEvent", onPulse);
+         calls->Trace(L"kernel32", "PulseEvent", onPulse) && calls->Answer(L"user32", "ExitWindowsEx", TRUE);
 }
 
 HANDLE Debuggee::State::HandleOf(DWORD threadId) const {

@@ -14,8 +14,8 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr auto kPatience = std::chrono::seconds(60);
-constexpr auto kActivationPatience = std::chrono::seconds(2);
+constexpr auto kPatience = std::chrono::seconds(120);
+constexpr auto kActivationPatience = std::chrono::seconds(5);
 constexpr DWORD kPollMs = 1;
 // One painting may have been under way when it was asked for.
 constexpr int kPaintingsToSee = 2;
@@ -68,7 +68,8 @@ bool ProgramDriver::WaitUntilIdle() {
       paintings = 0;
     }
     failure_ = program_->Failure();
-    if (Clock::now() - start > kPatience) failure_ = "the program does not wait for input";
+    tookTooLong_ = Clock::now() - start > kPatience;
+    if (tookTooLong_) failure_ = "the program does not wait for input";
     if (!failure_.empty()) return false;
 
     HWND window = ActiveWindow();

@@ -11,9 +11,10 @@ class ProgramDriver final : public ScriptDriver {
   explicit ProgramDriver(DebuggeeSpec spec);
 
   // Returns when the program waits for input, or has ended. A program that restarted the machine is started again.
-  // False when it does neither within a minute; then Failure() says so.
+  // False when it does neither within some minutes; then Failure() says so.
   bool WaitUntilIdle();
   const std::string& Failure() const { return failure_; }
+  bool TookTooLong() const { return tookTooLong_; }
 
   // ScriptDriver
   bool IsRunning() override { return program_->IsRunning(); }
@@ -33,6 +34,7 @@ class ProgramDriver final : public ScriptDriver {
   const DebuggeeSpec spec_;
   std::unique_ptr<Debuggee> program_;
   std::string failure_;
+  bool tookTooLong_ = false;
   bool endNoted_ = false;
   std::vector<std::string> effects_;  // of programs that have ended
   std::vector<WideString> debugLines_;

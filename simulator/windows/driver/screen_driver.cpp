@@ -6,11 +6,10 @@
 // storage is the current folder, which should be the root of a drive. With --hold the program stays as it is after the
 // script until FILE, which is made then, is removed: so its windows can be looked at.
 //
-// Exit status: 0 the script ran to its end; 1 it failed; 2 unusable arguments.
+// Exit status: 0 the script ran to its end; 1 it failed; 2 unusable arguments; 124 the program took too long.
 #include "base/utf8.h"
 #include "simulator/text_file.h"
 #include "simulator/windows/driver/program_driver.h"
-#include "simulator/windows/driver/restart_guard.h"
 
 #include <fcntl.h>
 #include <io.h>
@@ -23,7 +22,7 @@
 namespace simulator {
 namespace {
 
-enum Status { kRan = 0, kScriptFailed = 1, kUnusable = 2 };
+enum Status { kRan = 0, kScriptFailed = 1, kUnusable = 2, kTookTooLong = 124 };
 
 int Complain(Status status, const std::string& problem) {
   std::fprintf(stderr, "%s\n", problem.c_str());
@@ -75,7 +74,6 @@ int Run(int count, wchar_t** arguments) {
   SetEnvironmentVariableW(L"KEL_DEVICE_LOG", deviceLog.c_str());
   int status = kRan;
   {
-    const RestartGuard guard;
     ProgramDriver driver({arguments[1], CommandLine(count, arguments, 3), deviceLog.wstring()});
     ScriptPlayer player(std::move(script), name, driver, Print);
     auto step = ScriptPlayer::Step::kInput;
@@ -85,7 +83,7 @@ int Run(int count, wchar_t** arguments) {
     }
     if (!holdFile.empty()) HoldWhileThere(holdFile);
     const std::string& failure = driver.Failure().empty() ? player.Failure() : driver.Failure();
-    if (!failure.empty()) status = Complain(kScriptFailed, failure);
+    if (!failure.empty()) status = Complain(driver.TookTooLong() ? kTookTooLong : kScriptFailed, failure);
   }
   std::error_code error;
   std::filesystem::remove(deviceLog, error);

@@ -39,6 +39,13 @@ void StoppedThread::GoOnAt(std::uint64_t address, bool singleStep) {
   SetThreadContext(thread_, &context_);
 }
 
+void StoppedThread::ReturnAtOnce(std::uint64_t result) {
+  context_.Rip = ReturnAddress();
+  context_.Rsp += sizeof(std::uint64_t);
+  context_.Rax = result;
+  SetThreadContext(thread_, &context_);
+}
+
 TracedCalls::TracedCalls(HANDLE process, std::uint64_t imageStart, std::uint64_t imageEnd)
     : process_(process), imageStart_(imageStart), imageEnd_(imageEnd) {}
 
@@ -54,6 +61,18 @@ bool TracedCalls::Insert(std::uint64_t address, Place& place) {
 }
 
 bool TracedCalls::Trace(const wchar_t* library, const char* function, OnCall onCall) {
+  Place place;
+  place.onCall = std::move(onCall);
+  return InsertAtFunction(library, function, std::move(place));
+}
+
+bool TracedCalls::Answer(const wchar_t* library, const char* function, std::uint64_t result) {
+  Place place;
+  place.answer = result;
+  return InsertAtFunction(library, function, std::move(place));
+}
+
+bool TracedCalls::InsertAtFunction(const wchar_t* library, const char* function, Place place) {
   const FARPROC here = GetProcAddress(GetModuleHandleW(library), function);
   if (here == nullptr) return false;
   const auto address = reinterpret_cast<std::uint64_t>(here);
@@ -61,8 +80,6 @@ bool TracedCalls::Trace(const wchar_t* library, const char* function, OnCall onC
   char theirs[16] = {};
   if (!Read(process_, address, theirs, sizeof theirs)) return false;
   if (std::memcmp(theirs, reinterpret_cast<const void*>(address), sizeof theirs) != 0) return false;
-  Place place;
-  place.onCall = std::move(onCall);
   if (!Insert(address, place)) return false;
   places_[address] = std::move(place);
   return true;
@@ -73,7 +90,7 @@ bool TracedCalls::HandleBreakpoint(HANDLE thread, std::uint64_t address) {
   if (found == places_.end()) return false;
   StoppedThread stopped(process_, thread);
   Place& place = found->second;
-  if (!place.onCall) {
+  if (!place.onCall && !place.answer) {
     const OnReturn onReturn = std::move(place.onReturn.back());
     place.onReturn.pop_back();
     WriteByte(address, place.original);
@@ -88,6 +105,10 @@ bool TracedCalls::HandleBreakpoint(HANDLE thread, std::uint64_t address) {
   }
   const std::uint64_t back = stopped.ReturnAddress();
   if (back >= imageStart_ && back < imageEnd_) {
+    if (place.answer) {
+      stopped.ReturnAtOnce(*place.answer);
+      return true;
+    }
     if (OnReturn onReturn = place.onCall(stopped)) {
       Place& end = places_[back];
       if (!end.onReturn.empty() || Insert(back, end)) end.onReturn.push_back(std::move(onReturn));

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <optional>
 #include <vector>
 
 namespace simulator {
@@ -20,6 +21,7 @@ class StoppedThread {
   std::uint64_t ReturnAddress() const;      // at the beginning
   std::uint64_t Result() const;             // after the call
   void GoOnAt(std::uint64_t address, bool singleStep);
+  void ReturnAtOnce(std::uint64_t result);  // at the beginning
 
  private:
   HANDLE process_;
@@ -38,6 +40,8 @@ class TracedCalls {
 
   // False when the function is not where it is in this process. Only calls from the program's own image count.
   bool Trace(const wchar_t* library, const char* function, OnCall onCall);
+  // Such calls return this at once: the function is not run.
+  bool Answer(const wchar_t* library, const char* function, std::uint64_t result);
 
   // Each says whether the stop was one of these.
   bool HandleBreakpoint(HANDLE thread, std::uint64_t address);
@@ -46,9 +50,11 @@ class TracedCalls {
  private:
   struct Place {
     std::uint8_t original = 0;
-    OnCall onCall;                   // at a function
-    std::vector<OnReturn> onReturn;  // at a return address
+    OnCall onCall;                          // at a function
+    std::optional<std::uint64_t> answer{};  // at a function that is not run
+    std::vector<OnReturn> onReturn;         // at a return address
   };
+  bool InsertAtFunction(const wchar_t* library, const char* function, Place place);
   bool Insert(std::uint64_t address, Place& place);
   void WriteByte(std::uint64_t address, std::uint8_t byte) const;
 
