@@ -125,4 +125,20 @@ TEST_F(InlineEditorsTest, OtherNotificationsAndOtherControlsAreNotTheirs) {
   EXPECT_EQ("", actions_.log);
 }
 
+TEST_F(InlineEditorsTest, EachControlListensToItsOwnNotificationAlone) {
+  for (const WindowHandle control : {editors_.radioButtons[1].Handle(), editors_.checkBox.Handle(), editors_.valueField,
+                                     editors_.choices.Handle(), editors_.addressField}) {
+    EXPECT_FALSE(Notify(control, platform::notification::kEditSetFocus));
+  }
+  EXPECT_FALSE(Notify(nullptr, kClick));
+  EXPECT_EQ("", actions_.log);
+}
+
+TEST_F(InlineEditorsTest, WithoutASelectedItemNothingIsReported) {
+  const Message click{platform::message::kCommand, 0, platform::ToLParam(editors_.radioButtons[2].Handle())};
+  EXPECT_TRUE(editors_.OnCommand(click, nullptr, actions_));
+  EXPECT_TRUE(editors_.radioButtons[2].IsChecked());
+  EXPECT_EQ("", actions_.log);
+}
+
 }  // namespace

@@ -63,6 +63,18 @@ TEST_F(MainDialogTest, TheSelectAndExitButtonsAreEnterAndEsc) {
   EXPECT_EQ("leaving root;", actions_.log);
 }
 
+TEST_F(MainDialogTest, TheDialogsOwnOkAndCancelAreEnterAndEsc) {
+  const auto command = [&](int id) {
+    return [this, id] { platform::Send(window_, platform::message::kCommand, static_cast<platform::WParam>(id)); };
+  };
+  terminal_.display.Then(command(platform::kIdOk)).Then([&] { EXPECT_EQ(u"a", Title()); });
+  terminal_.display.Then(command(platform::kIdCancel)).Then([&] { EXPECT_EQ(u"Root", Title()); });
+  terminal_.display.Then(command(4711)).Then([&] { EXPECT_EQ(u"Root", Title()); });
+  terminal_.display.Then(command(platform::kIdCancel));
+  Run();
+  EXPECT_EQ("leaving root;", actions_.log);
+}
+
 TEST_F(MainDialogTest, ASecondEditWhileOneRunsIsIgnored) {
   int first = 0;
   int second = 0;
@@ -166,6 +178,15 @@ TEST_F(MainDialogTest, TheTextPageKeepsEmptyLinesWhereverTheyStand) {
     platform::Send(window_, kCloseTextPage);
   });
   terminal_.display.Press("{Esc}");
+  Run();
+}
+
+TEST_F(MainDialogTest, AnEmptyTextPageIsEmpty) {
+  terminal_.display.Then([&] {
+    dialog_.ShowTextPage({});
+    EXPECT_EQ(u"", platform::TextOf(Control(app::control_id::kTextPage)));
+  });
+  terminal_.display.Press("{Esc}{Esc}");
   Run();
 }
 
