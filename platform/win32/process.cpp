@@ -20,7 +20,8 @@ WideString FullName(const WideString& program) {
 
 BOOL Create(const WideString& program, const WideString& arguments, PROCESS_INFORMATION& process) {
 #ifdef UNDER_CE
-  return CreateProcessW(win32::ToApi(program), win32::ToApi(arguments), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+  WideString commandLine = arguments;
+  return CreateProcessW(win32::ToApi(program), win32::ToApi(commandLine), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
                         nullptr, &process);
 #else
   // A PC's command line begins with the program.
