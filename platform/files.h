@@ -20,6 +20,7 @@ std::optional<std::string> ReadWholeFile(WideStringView path);
 bool ReadWholeFile(WideStringView path, const std::function<char*(std::size_t size)>& place);
 
 // A file written in order. What was there before stays until Commit() has succeeded, and for good when it does not.
+// Where files have owners of their own, a new one is for its owner only; the terminal's have none.
 class OutputFile {
  public:
   explicit OutputFile(WideStringView path);

@@ -15,12 +15,15 @@ fs::path Beside(const fs::path& root, const char* suffix) {
   return path;
 }
 
-// An installed original may be read-only; the copy is the user's.
-void MakeWritable(const fs::path& folder, std::error_code& error) {
-  fs::permissions(folder, fs::perms::owner_all, fs::perm_options::add, error);
+// An installed original may be read-only, and all may read it; the copy is the user's alone, as are the secrets that go
+// into it.
+void MakeOwn(const fs::path& folder, std::error_code& error) {
+  constexpr auto kOthers = fs::perms::group_all | fs::perms::others_all;
+  fs::permissions(folder, fs::perms::owner_all, error);
   for (fs::recursive_directory_iterator at(folder, error), end; !error && at != end; at.increment(error)) {
     const auto bits = at->is_directory() ? fs::perms::owner_all : fs::perms::owner_read | fs::perms::owner_write;
     fs::permissions(at->path(), bits, fs::perm_options::add, error);
+    if (!error) fs::permissions(at->path(), kOthers, fs::perm_options::remove, error);
   }
 }
 
@@ -31,7 +34,7 @@ std::string CopyFresh(const fs::path& original, const fs::path& fresh) {
   fs::remove_all(fresh, error);
   fs::create_directories(fresh.parent_path(), error);
   if (!error) fs::copy(original, fresh, fs::copy_options::recursive, error);
-  if (!error) MakeWritable(fresh, error);
+  if (!error) MakeOwn(fresh, error);
   return error ? fresh.string() + ": cannot be written: " + error.message() : "";
 }
 

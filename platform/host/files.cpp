@@ -85,7 +85,8 @@ struct OutputFile::State {
 bool OutputFile::State::Open(WideStringView path) {
   place = host::FindPlace(path);
   if (!place.folder || place.name.empty() || host::IsRefused(host::Use::kCreateFile)) return false;
-  mode_t mode = 0644;
+  // What the program stores may be secret. A file that is replaced keeps the rights that it was given.
+  mode_t mode = 0600;
   if (place.exists) {
     struct stat status = {};
     if (fstatat(place.folder.Number(), place.name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0) return false;

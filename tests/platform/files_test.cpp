@@ -125,6 +125,21 @@ TEST(OutputFile, ReplacesTheFileOnlyWhenCommitted) {
   EXPECT_FALSE(root.Has("settings.TXT"));
 }
 
+TEST(OutputFile, OnlyItsOwnerMayReadANewFileAndAnOldOneKeepsItsRights) {
+  using std::filesystem::perms;
+  const Root root;
+  root.Write("old", "old");
+  constexpr perms kShared = perms::owner_read | perms::owner_write | perms::group_read;
+  std::filesystem::permissions(root.Path() / "old", kShared);
+  const Installed installed(root.Environment());
+  for (const char16_t* path : {u"old", u"new"}) {
+    OutputFile file(path);
+    EXPECT_TRUE(file.Write("text") && file.Commit());
+  }
+  EXPECT_EQ(kShared, std::filesystem::status(root.Path() / "old").permissions());
+  EXPECT_EQ(perms::owner_read | perms::owner_write, std::filesystem::status(root.Path() / "new").permissions());
+}
+
 TEST(OutputFile, WithoutCommitNothingWasWritten) {
   const Root root;
   root.Write("kept", "old");

@@ -12,12 +12,13 @@ using Root = tests::TemporaryRoot;
 TEST(Demonstration, IsCopiedOnFirstUseAndThenKept) {
   const Root original;
   original.Write("Windows/ovu.xml", "first");
-  fs::permissions(original.Path() / "Windows/ovu.xml", fs::perms::owner_read);
+  fs::permissions(original.Path() / "Windows/ovu.xml", fs::perms::owner_read | fs::perms::others_read);
   const Root home;
   const fs::path copy = home.Path() / "state/kelterm/terminal";
   EXPECT_EQ("", simulator::ProvideDemonstration(original.Path(), copy));
   EXPECT_EQ("first", home.Read("state/kelterm/terminal/Windows/ovu.xml"));
-  EXPECT_NE(fs::perms::none, fs::status(copy / "Windows/ovu.xml").permissions() & fs::perms::owner_write);
+  EXPECT_EQ(fs::perms::owner_read | fs::perms::owner_write, fs::status(copy / "Windows/ovu.xml").permissions());
+  EXPECT_EQ(fs::perms::owner_all, fs::status(copy).permissions());
   home.Write("state/kelterm/terminal/Windows/ovu.xml", "changed");
   EXPECT_EQ("", simulator::ProvideDemonstration(original.Path(), copy));
   EXPECT_EQ("changed", home.Read("state/kelterm/terminal/Windows/ovu.xml"));

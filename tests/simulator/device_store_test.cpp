@@ -1,5 +1,6 @@
 #include "simulator/device_store.h"
 
+#include "simulator/text_file.h"
 #include "tests/platform/temporary_root.h"
 #include "tests/printing.h"
 
@@ -187,6 +188,19 @@ TEST(DeviceStore, ManySetsKeepTheFileSmall) {
   }
   EXPECT_LT(root.Read("device.txt").size(), 5000u * 20u);
   EXPECT_EQ(u"10000", Answer(*Open(root), u"1.2"));
+}
+
+TEST(DeviceStore, AFileThatIsPutInOrderKeepsItsRightsAndANewOneIsForItsOwner) {
+  using std::filesystem::perms;
+  constexpr perms kOwners = perms::owner_read | perms::owner_write;
+  const Root root;
+  root.Write("device.txt", "1.2\tInteger\t5\n");
+  std::filesystem::permissions(root.Path() / "device.txt", kOwners | perms::group_read);
+  EXPECT_EQ(platform::kOk, Open(root)->Set(u"1.2", u"6"));
+  EXPECT_EQ("1.2\tInteger\t6\n", root.Read("device.txt"));
+  EXPECT_EQ(kOwners | perms::group_read, std::filesystem::status(root.Path() / "device.txt").permissions());
+  EXPECT_TRUE(simulator::ReplaceTextFile(root.Path() / "new.txt", "text"));
+  EXPECT_EQ(kOwners, std::filesystem::status(root.Path() / "new.txt").permissions());
 }
 
 TEST(DeviceStore, EveryTextComesBackAsItWas) {

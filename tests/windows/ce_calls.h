@@ -1,5 +1,5 @@
-// What the headers of Windows CE declare and those of a PC do not, for the compiler of a PC that checks what is written for
-// Windows CE.
+// What the headers of Windows CE declare and those of a PC do not, for the compiler of a PC that checks what is written
+// for Windows CE.
 #pragma once
 
 #include <winsock2.h>
@@ -9,8 +9,8 @@
 extern "C" {
 __declspec(dllimport) BOOL WINAPI EventModify(HANDLE event, DWORD change);
 __declspec(dllimport) BOOL WINAPI DeleteAndRenameFile(LPCWSTR replaced, LPCWSTR by);
-__declspec(dllimport) BOOL WINAPI KernelIoControl(DWORD code, LPVOID input, DWORD inputSize, LPVOID output,
-                                                  DWORD outputSize, LPDWORD returned);
+__declspec(dllimport) BOOL WINAPI
+    KernelIoControl(DWORD code, LPVOID input, DWORD inputSize, LPVOID output, DWORD outputSize, LPDWORD returned);
 __declspec(dllimport) void WINAPIV NKDbgPrintfW(LPCWSTR format, ...);
 }
 
