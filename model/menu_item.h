@@ -54,6 +54,7 @@ class MenuItem final : public values::PropertyLine {
   DisplayState State() const { return state_; }
   // The states normal and not-displayed travel over to the linked item.
   void SetState(DisplayState state);
+  // Part of what an item is by the system's design, which names no link of its own accord.
   void SetLinkedItem(MenuItem* item) { linkedItem_ = item; }
 
   // How the list shows the item and, of a menu, its pages.
@@ -69,7 +70,7 @@ class MenuItem final : public values::PropertyLine {
   };
   ListState list;
 
-  bool topLevel = false;  // an item of the first menu below the root
+  bool topLevel = false;  // an item of the first menu below the root; kept by design, nothing asks for it
   bool changed = false;   // edited since the network settings were last applied
 
  private:

@@ -67,6 +67,7 @@ class MenuModel {
   MenuItem* ItemOf(const values::PropertyDescriptor& descriptor) const;
   WideString OidByName(WideStringView displayName) const;
   WideString TypeByOid(WideStringView oid) const;
+  // Pages are kept by design; no screen shows them.
   const PropertyPage* FindPage(WideStringView name) const;
 
   // Waits until the device may be read: before a descriptor is made or its value shown. A failure is shown.

@@ -1,5 +1,7 @@
 #include "platform/device.h"
 
+#include "base/format.h"
+#include "platform/debug.h"
 #include "platform/win32/com.h"
 #include "platform/win32/device_interfaces.h"
 
@@ -84,7 +86,11 @@ TableAnswer GetTableValue(const WideString& progId, const WideString& table, con
   CLSID classId = {};
   // A table may be asked for before the device is.
   HRESULT code = CoInitializeEx(nullptr, COINIT_MULTITHREADED);
-  if (SUCCEEDED(code)) code = CLSIDFromProgID(win32::ToApi(progId), &classId);
+  if (FAILED(code)) {
+    KernelDebugOutput(base::Format(u"CoInitializeEx returned 0x%08X.\r\n", static_cast<std::uint32_t>(code)));
+    return {Stage::kCalled, code, {}};  // nothing more is to be said of it
+  }
+  code = CLSIDFromProgID(win32::ToApi(progId), &classId);
   if (FAILED(code)) return {Stage::kNoServer, code, {}};
   const auto server =
       Create<win32::ConfigPropertyInterface>(classId, CLSCTX_INPROC_SERVER, win32::kConfigPropertyInterface, code);

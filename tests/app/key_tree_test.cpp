@@ -51,6 +51,19 @@ TEST_F(KeyTreeTest, AReaderWaitsForTheRebuildUnderWay) {
   EXPECT_EQ(3u, tree_.Current()->Count());
 }
 
+TEST_F(KeyTreeTest, ARebuildWaitsForTheEventOfTheReaders) {
+  ASSERT_TRUE(tree_.BuildFirst());
+  std::vector<WideString> waits;
+  platform::host::CurrentEnvironment().failsWait = [&](WideStringView name) {
+    waits.emplace_back(name);
+    EXPECT_EQ(2u, tree_.Current()->Count());  // not yet replaced
+    return false;
+  };
+  EXPECT_TRUE(tree_.Rebuild());
+  EXPECT_EQ(std::vector<WideString>{u"PDataStoreInUseEvent"}, waits);
+  EXPECT_EQ(3u, tree_.Current()->Count());
+}
+
 TEST_F(KeyTreeTest, ARebuildWaitsForTheReaderThatUsesTheTree) {
   ASSERT_TRUE(tree_.BuildFirst());
   const auto first = tree_.Current();
