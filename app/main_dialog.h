@@ -39,6 +39,9 @@ class MainDialog final : public platform::MessageHandler, public rules::Shell {
   void FocusList() override { platform::Focus(list_.Handle()); }
   void ShowNote(WideStringView text) override;
   void ShowTextPage(const std::vector<WideString>& lines) override;
+  void ShowSystemMessage(WideStringView text, WideStringView caption) override {
+    platform::ShowSystemMessage(text, caption);
+  }
   platform::WindowHandle MainWindow() override { return window_; }
 
   std::optional<platform::LResult> OnMessage(platform::WindowHandle window, const platform::Message& message) override;

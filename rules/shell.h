@@ -16,9 +16,7 @@ class Shell : public model::MenuView {
   // Shows lines on the text page until the user leaves it.
   virtual void ShowTextPage(const std::vector<WideString>& lines) = 0;
   // Shows the platform's own message box and returns when it was closed.
-  virtual void ShowSystemMessage(WideStringView text, WideStringView caption) {
-    platform::ShowSystemMessage(text, caption);
-  }
+  virtual void ShowSystemMessage(WideStringView text, WideStringView caption) = 0;
   virtual platform::WindowHandle MainWindow() = 0;
 };
 

@@ -9,7 +9,6 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <new>
 #include <utility>
 
 namespace platform {
@@ -55,20 +54,6 @@ bool ReadWholeFile(WideStringView path, const std::function<char*(std::size_t si
   if (!input) return false;
   char* const to = place(input->size);
   return to != nullptr && ReadExactly(*input, to);
-}
-
-std::optional<std::string> ReadWholeFile(WideStringView path) {
-  std::string bytes;
-  const auto place = [&bytes](std::size_t size) -> char* {
-    try {
-      bytes.resize(size);
-      return bytes.data();
-    } catch (const std::bad_alloc&) {
-      return nullptr;
-    }
-  };
-  if (!ReadWholeFile(path, place)) return std::nullopt;
-  return bytes;
 }
 
 // The bytes go to a file beside the wanted one, which takes its name when all of them are on disk.

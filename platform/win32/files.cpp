@@ -43,20 +43,6 @@ bool ReadWholeFile(WideStringView path, const std::function<char*(std::size_t si
   return bytes != nullptr && std::fread(bytes, 1, *size, file.get()) == *size;
 }
 
-std::optional<std::string> ReadWholeFile(WideStringView path) {
-  std::string bytes;
-  const auto place = [&](std::size_t size) -> char* {
-    try {
-      bytes.resize(size);
-    } catch (const std::bad_alloc&) {
-      return nullptr;
-    }
-    return bytes.data();
-  };
-  if (!ReadWholeFile(path, place)) return std::nullopt;
-  return bytes;
-}
-
 struct OutputFile::State {
   WideString path;
   WideString freshPath;

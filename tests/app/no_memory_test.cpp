@@ -1,8 +1,10 @@
-// A start of the program's data, once for each of its allocations, which is refused then.
+// A start of the program's data, once for each of its allocations, which is refused then; and the program whose worker
+// gets no memory at all.
 #include "app/key_tree.h"
 #include "base/utf8.h"
 #include "config/config_source.h"
 #include "model/menu_model.h"
+#include "tests/app/utility_run.h"
 #include "tests/platform/temporary_root.h"
 #include "tests/printing.h"
 #include "tests/support/fake_boxes.h"
@@ -12,6 +14,7 @@
 #include <cstdlib>
 #include <memory>
 #include <new>
+#include <thread>
 
 namespace {
 
@@ -19,7 +22,11 @@ std::atomic<bool> counting = false;
 std::atomic<int> allocations = 0;
 std::atomic<int> refused = 0;  // the number of the allocation that fails; 0: none
 
+std::atomic<bool> workersGetNone = false;
+const std::thread::id mainThread = std::this_thread::get_id();
+
 void* Allocate(std::size_t size) {
+  if (workersGetNone && std::this_thread::get_id() != mainThread) throw std::bad_alloc();
   if (counting && ++allocations == refused) throw std::bad_alloc();
   void* const memory = std::malloc(size == 0 ? 1 : size);
   if (memory == nullptr) throw std::bad_alloc();
@@ -150,6 +157,20 @@ TEST_F(NoMemory, NoRefusedAllocationOfAStartEndsItOrSpoilsTheMenu) {
   EXPECT_GT(partialModels, 50);
   EXPECT_GT(unreadValues, 0);
   EXPECT_LT(unreadValues, 10);
+}
+
+TEST(NoMemoryForTheWorker, IsToldAndLeavesTheFirstMenu) {
+  const tests::TemporaryRoot root;
+  root.Write("Windows/ovu.xml", kConfiguration);
+  tests::Keypad keypad;
+  keypad.Press("{Enter}");
+  workersGetNone = true;
+  const std::string problem = tests::RunUtilityOn({root.Path()}, keypad);
+  workersGetNone = false;
+  EXPECT_EQ("", problem);
+  EXPECT_FALSE(keypad.IsStuck());
+  EXPECT_EQ(std::vector<std::string>{"Error: Error getting configuration data. Warm boot and try again."},
+            keypad.Boxes());
 }
 
 }  // namespace

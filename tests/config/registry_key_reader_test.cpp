@@ -172,6 +172,13 @@ TEST_F(RegistryKeyReaderTest, TheLongestNamesThatFitAreRead) {
   EXPECT_EQ(1u, reader.values.count(longValue));
 }
 
+TEST_F(ReadValueAsTextTest, AnIdentifierWithoutATextIsNotTheValueWithoutAName) {
+  RegistryTree::SetText(Add(u"Menu"), u"", u"of no name");
+  const PDataStore tree(u"HKEY_LOCAL_MACHINE\\Menu", nullptr, {}, 0);
+  EXPECT_EQ(u"of no name", tree.Find(u"HKEY_LOCAL_MACHINE\\Menu")->Value(u""));
+  EXPECT_EQ(u"", tree.Find(u"HKEY_LOCAL_MACHINE\\Menu")->Value(TextId{6092}));
+}
+
 TEST_F(ReadValueAsTextTest, TheNameMatchesInAnyCase) {
   RegistryTree::SetText(Add(u"Menu"), u"displayname", u"Main");
   EXPECT_EQ(u"Main", ReadValueAsText(u"HKEY_LOCAL_MACHINE\\Menu", u"DisplayName"));

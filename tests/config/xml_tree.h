@@ -2,6 +2,7 @@
 #pragma once
 
 #include "config/data_store.h"
+#include "tests/support/trees.h"
 
 #include <gtest/gtest.h>
 
@@ -12,9 +13,9 @@ namespace config {
 
 inline std::shared_ptr<const PDataStore> XmlTree(WideStringView text, WideStringView root,
                                                  std::uint32_t maxDepth = PDataStore::kWholeTree) {
-  auto document = std::make_shared<XmlDocument>();
-  EXPECT_TRUE(document->SetDocument(text));
-  return std::make_shared<const PDataStore>(root, document, std::span<const WideString>(), maxDepth);
+  auto tree = tests::TreeOf(text, maxDepth, root);
+  EXPECT_NE(nullptr, tree);
+  return tree;
 }
 
 using Names = std::vector<WideString>;

@@ -180,6 +180,17 @@ TEST_F(MenuModelTest, AnAbsoluteNameStandsWhereItsOwnOrdinalPutsIt) {
   EXPECT_EQ(root + u"\\a\\deep\\x", menu_.Root().Children()[1]->Children()[0]->Path());
 }
 
+TEST_F(MenuModelTest, SymbolsStandInTitlesAndTheirNamesInTheTableOfNames) {
+  fake_.Put(u"1.2", u"5");
+  Build(
+      "<GROUP name='R'><DisplayName>SYM_NET</DisplayName><GROUP name='a'><DisplayName>SYM_NET</DisplayName>"
+      "<OID>1.2</OID><Type>Integer</Type></GROUP></GROUP>");
+  EXPECT_EQ(u"Network", menu_.Root().Title());
+  EXPECT_EQ("Network  <5>\n", Dump());
+  EXPECT_EQ(u"1.2", menu_.OidByName(u"SYM_NET"));
+  EXPECT_EQ(u"", menu_.OidByName(u"Network"));
+}
+
 TEST_F(MenuModelTest, SiblingsOfOneNameAreBothTheFirstOfThem) {
   Build(
       "<GROUP name='R'><GROUP name='a'><DisplayName>A</DisplayName><GROUP name='x'><DisplayName>X</DisplayName></GROUP>"

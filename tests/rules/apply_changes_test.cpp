@@ -356,6 +356,16 @@ TEST_F(RestoreTest, ACommandsFieldsFollowItsDefault) {
   EXPECT_EQ(u"g  <111>", Item(u"g").LineText());
 }
 
+TEST_F(RestoreTest, ACommandOfTheActiveProfileKeepsWhatThatHas) {
+  fake_.Put(u"cfg|80211PM|ActiveProfile", u"Home");
+  fake_.Put(u"cfg|Home|r", u"AABBB");
+  Build(Property(
+      "r", "cfg|*|r", "ReaderCmd",
+      Tag("FillOID", "Profile") + Tag("CmdString", "2,2,3") + Tag("DefVal", "00111") + Tag("Dependency", "x|y|AAZZZ")));
+  Restore();
+  EXPECT_EQ(u"AA111", fake_.TextOf(u"cfg|Home|r"));
+}
+
 TEST_F(RestoreTest, AFieldBehindAGapFollowsItsCommandToo) {
   fake_.Put(u"7", u"AABBBCC");
   Build(

@@ -125,6 +125,21 @@ TEST_F(StoreTest, TheDeviceIsNotAskedBeforeItMayBeRead) {
   EXPECT_EQ(Bytes(u"<Tag>R\\a<\\Tag>\n<Tag>1<\\Tag><Tag>5<\\Tag>"), Stored());
 }
 
+TEST_F(StoreTest, NothingIsReadForAFileThatCannotBeMade) {
+  fake_.Put(u"1", u"5");
+  Build(Property("a", "1", "Integer"));
+  calls_.count = 0;
+  platform::host::CurrentEnvironment().root = "/proc";  // a folder in which nobody can make a file
+  EXPECT_FALSE(Store());
+  platform::host::CurrentEnvironment().root = root_;
+  platform::host::CurrentEnvironment().refuses = [](platform::host::Use use) {
+    return use == platform::host::Use::kCreateFile;
+  };
+  EXPECT_FALSE(Store());
+  EXPECT_EQ(0, calls_.count);
+  EXPECT_EQ("(no file)", Stored());
+}
+
 TEST_F(StoreTest, NothingToWriteGivesAnEmptyFile) {
   Build(Group("menu", Group("empty", "")));
   EXPECT_TRUE(Store());

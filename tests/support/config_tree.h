@@ -26,7 +26,7 @@ class ConfigTree {
       text += u"</GROUP>";
     }
     text += u"</GROUP>";
-    tree_ = TreeOf(base::ToUtf8(text), config::PDataStore::kWholeTree, u"Root");
+    tree_ = TreeOf(text, config::PDataStore::kWholeTree, u"Root");
     EXPECT_NE(nullptr, tree_);
   }
 

@@ -12,12 +12,18 @@
 namespace tests {
 
 // The root GROUP of `xml` is named `root`. Null when the text is not well formed.
-inline std::shared_ptr<const config::PDataStore> TreeOf(std::string_view xml,
+inline std::shared_ptr<const config::PDataStore> TreeOf(WideStringView xml,
                                                         std::uint32_t maxDepth = config::PDataStore::kWholeTree,
                                                         WideStringView root = u"R") {
   auto document = std::make_shared<config::XmlDocument>();
-  if (!document->SetDocument(base::FromUtf8(xml))) return nullptr;
+  if (!document->SetDocument(xml)) return nullptr;
   return std::make_shared<const config::PDataStore>(root, document, std::span<const WideString>(), maxDepth);
+}
+
+inline std::shared_ptr<const config::PDataStore> TreeOf(std::string_view xml,
+                                                        std::uint32_t maxDepth = config::PDataStore::kWholeTree,
+                                                        WideStringView root = u"R") {
+  return TreeOf(base::FromUtf8(xml), maxDepth, root);
 }
 
 }  // namespace tests
