@@ -11,7 +11,10 @@ enum class Shape {
   kFlat,    // all properties in one menu
 };
 
-// A document of about 350 bytes for each key, in UTF-8.
-std::string ConfigurationText(std::size_t keys, Shape shape = Shape::kNested);
+// What the texts are written in that a person reads.
+enum class Script { kLatin, kCyrillic, kChinese };
+
+// A document of about 350 bytes for each key, in UTF-8; more in scripts whose characters have two bytes or three.
+std::string ConfigurationText(std::size_t keys, Shape shape = Shape::kNested, Script script = Script::kLatin);
 
 }  // namespace bench

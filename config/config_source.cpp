@@ -24,7 +24,7 @@ void RefuseMalformed(WideStringView filePath, const XmlRefusal& why, Refusals& r
 
 // Null for a file that is refused.
 std::shared_ptr<XmlDocument> ReadDocument(WideStringView filePath, Refusals& refusals) {
-  if (std::optional<SharedText> text = ReadTextFile(filePath)) {
+  if (std::optional<Utf8Text> text = ReadTextFile(filePath)) {
     try {
       auto document = std::make_shared<XmlDocument>();
       if (document->SetDocument(std::move(*text))) return document;

@@ -1,6 +1,5 @@
 #include "config/shared_text.h"
 
-#include "base/utf8.h"
 #include "platform/files.h"
 
 #include <algorithm>
@@ -19,37 +18,26 @@ SharedText::SharedText(WideStringView text) : length_(text.size()) {
   units_ = std::move(units);
 }
 
-SharedText SharedText::Decoded(std::string_view bytes, std::shared_ptr<char16_t[]> units) {
-  char16_t* const end = base::DecodeUtf8(bytes, units.get());
-  std::fill_n(end, kPadding, u'\0');
-  const auto length = static_cast<std::size_t>(end - units.get());
-  return {std::move(units), length};
-}
+Utf8Text::Utf8Text(std::size_t size) : units(std::make_unique_for_overwrite<char16_t[]>(size + SharedText::kPadding)) {}
 
-SharedText SharedText::FromUtf8(std::string_view bytes) {
-  std::shared_ptr<char16_t[]> units = std::make_unique_for_overwrite<char16_t[]>(bytes.size() + kPadding);
-  return Decoded(bytes, std::move(units));
-}
+Utf8Text::Utf8Text(std::string_view outside) : Utf8Text(outside.size()) { bytes = outside; }
 
-// The bytes lie in the upper half of the text's own memory and are decoded from there to its beginning, so that they
-// are never held beside their text.
-std::optional<SharedText> SharedText::FromUtf8(const std::function<bool(const Place& place)>& read) {
-  std::shared_ptr<char16_t[]> units;
-  std::string_view bytes;
+// The bytes lie in the upper half of the text's own memory and are converted from there to its beginning.
+std::optional<Utf8Text> Utf8Text::Read(const std::function<bool(const Place& place)>& read) {
+  std::optional<Utf8Text> text;
   const auto place = [&](std::size_t size) {
-    units = std::make_unique_for_overwrite<char16_t[]>(size + kPadding);
-    char* const upperHalf = reinterpret_cast<char*>(units.get()) + size;
-    bytes = {upperHalf, size};
+    text = Utf8Text(size);
+    char* const upperHalf = reinterpret_cast<char*>(text->units.get()) + size;
+    text->bytes = {upperHalf, size};
     return upperHalf;
   };
-  if (!read(place) || !units) return std::nullopt;
-  return Decoded(bytes, std::move(units));
+  if (!read(place)) return std::nullopt;
+  return text;
 }
 
-std::optional<SharedText> ReadTextFile(WideStringView path) {
+std::optional<Utf8Text> ReadTextFile(WideStringView path) {
   try {
-    return SharedText::FromUtf8(
-        [path](const SharedText::Place& place) { return platform::ReadWholeFile(path, place); });
+    return Utf8Text::Read([path](const Utf8Text::Place& place) { return platform::ReadWholeFile(path, place); });
   } catch (const std::bad_alloc&) {
     return std::nullopt;
   }

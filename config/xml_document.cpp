@@ -13,6 +13,11 @@ bool XmlDocument::SetDocument(SharedText text) {
   return index_.Parse(std::move(text));
 }
 
+bool XmlDocument::SetDocument(Utf8Text text) {
+  ResetPosition();
+  return index_.Parse(std::move(text));
+}
+
 void XmlDocument::ResetPosition() {
   ResetMainPosition();
   parent_ = XmlIndex::kDocument;

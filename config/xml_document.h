@@ -13,6 +13,7 @@ class XmlDocument {
  public:
   // Takes a text as the document and goes to its top. False when it has no well-formed element at its top level; the
   // document is then empty.
+  bool SetDocument(Utf8Text text);
   bool SetDocument(SharedText text);
   bool SetDocument(WideStringView text) { return SetDocument(SharedText(text)); }
   // Why the last text was refused; empty when it was not.

@@ -1,6 +1,8 @@
 #include "config/xml_index.h"
 
 #include "base/format.h"
+#include "config/bracket_reader.h"
+#include "config/unit_mask.h"
 #include "config/xml_scan.h"
 #include "config/xml_tokens.h"
 
@@ -58,18 +60,27 @@ void XmlIndex::Clear() {
 }
 
 bool XmlIndex::Parse(SharedText text) {
-  Clear();
-  if (text.View().size() > kMaxLength) {
-    refusal_ = {base::Format(u"Longer than %u characters", kMaxLength), PlaceIn(text.View(), 0)};
-    return false;
-  }
-  const XmlScanResult result = ScanElements(text.View(), elements_);
-  if (result.error != XmlError::kNone) {
-    Refuse(text.View(), result);
-    return false;
-  }
-  text_ = std::move(text);
+  BracketReader brackets(text.View());
+  return Parse(brackets) && (text_ = std::move(text), true);
+}
+
+bool XmlIndex::Parse(Utf8Text text) {
+  BracketReader brackets(text);
+  if (!Parse(brackets)) return false;
+  brackets.ReadAll();
+  text_ = SharedText(std::move(text.units), brackets.Text().size());
   return true;
+}
+
+bool XmlIndex::Parse(BracketReader& brackets) {
+  Clear();
+  if (brackets.MaxLength() > kMaxLength) {
+    refusal_ = {base::Format(u"Longer than %u characters", kMaxLength), PlaceIn({}, 0)};
+    return false;
+  }
+  const XmlScanResult result = ScanElements(brackets, elements_);
+  if (result.error != XmlError::kNone) Refuse(brackets.Text(), result);
+  return result.error == XmlError::kNone;
 }
 
 void XmlIndex::Refuse(WideStringView text, const XmlScanResult& result) {

@@ -12,6 +12,7 @@
 
 namespace config {
 
+class BracketReader;
 struct XmlScanResult;
 
 // Positions are indexes into the text, the last three fields indexes of elements; 0 stands for none (of the parent: for
@@ -50,6 +51,7 @@ class XmlIndex {
   // False when the text holds no well-formed element; the index is then that of an empty document. Only the first
   // element of the top level is read.
   bool Parse(SharedText text);
+  bool Parse(Utf8Text text);
   // Why the last text was refused, in the parser's own words; it has none for a text that begins with an end tag.
   const WideString& Error() const { return error_; }
   // The same in full; of no meaning when the text was taken.
@@ -68,6 +70,7 @@ class XmlIndex {
   XmlText Data(std::uint32_t element) const;
 
  private:
+  bool Parse(BracketReader& brackets);
   void Clear();
   void Refuse(WideStringView text, const XmlScanResult& result);
 

@@ -1,9 +1,10 @@
 #include "config/xml_scan.h"
 
+#include "config/bracket_reader.h"
+#include "config/unit_mask.h"
 #include "config/xml_index.h"
 #include "config/xml_tokens.h"
 
-#include <bit>
 #include <cstddef>
 #include <cstdint>
 
@@ -50,60 +51,8 @@ std::size_t EndOfNode(WideStringView text, std::size_t at) {
   return EndOfDeclaration(text, at);
 }
 
-// Goes through the "<" of a text.
-class TagStarts {
- public:
-  explicit TagStarts(WideStringView text) : units_(text.data()), size_(text.size()), mask_(MaskAt(units_)) {}
-
-  // The next one; the size of the text when there is none any more.
-  std::size_t Next() {
-    while (mask_ == 0) {
-      block_ += kBlock;
-      if (block_ >= size_) return size_;
-      mask_ = MaskAt(units_ + block_);
-    }
-    const std::size_t at = block_ + static_cast<std::size_t>(std::countr_zero(mask_));
-    mask_ &= mask_ - 1;
-    return at;
-  }
-
-  // The next one that is not before `from`.
-  std::size_t NextFrom(std::size_t from) {
-    if (from >= block_ + kBlock && from < size_) {
-      block_ = from;
-      mask_ = MaskAt(units_ + block_);
-    }
-    std::size_t at = Next();
-    while (at < from) at = Next();
-    return at;
-  }
-
- private:
-  static constexpr std::size_t kBlock = 64;
-
-  [[gnu::noinline]] static std::uint64_t MaskAt(const char16_t* units) {
-    return UnitMask64(units, [](UnitVector v) -> UnitVector { return v == SpreadUnit(u'<'); });
-  }
-
-  const char16_t* units_;
-  std::size_t size_;
-  std::size_t block_ = 0;   // where the block of units begins that is being gone through
-  std::uint64_t mask_ = 0;  // its "<" that are still to come
-};
-
-// Where the first ">" from `at` on is; the size of the text when there is none.
-std::size_t FindTagEnd(WideStringView text, std::size_t at) {
-  for (; at < text.size(); at += 16) {
-    const std::uint64_t mask =
-        UnitMask16(text.data() + at, [](UnitVector v) -> UnitVector { return v == SpreadUnit(u'>'); });
-    if (mask != 0) return at + static_cast<std::size_t>(std::countr_zero(mask));
-  }
-  return text.size();
-}
-
-constexpr std::size_t kShort = 16;
-
 // Whether the same units stand in both places, `length` of them from 1 to kShort, with no quotes among them.
+constexpr std::size_t kShort = 16;
 bool SameShortName(const char16_t* startTag, const char16_t* endTag, std::size_t length) {
   const auto unfit = [](UnitVector start, UnitVector end) -> UnitVector {
     // A few other units are taken for quotes too.
@@ -114,16 +63,26 @@ bool SameShortName(const char16_t* startTag, const char16_t* endTag, std::size_t
   return (MaskOf(first, second) << (64 - length)) == 0;
 }
 
-// The length of the tag name when the end tag is as nearly all are: the short name as it stands right behind the "<" of
-// the start tag, then ">". Else 0. Both places are behind the "<" and the "/".
-std::size_t PlainEndTagLength(const char16_t* startTag, const char16_t* endTag) {
-  const std::size_t length = PlainTokenLength(startTag);
-  return length != 0 && endTag[length] == u'>' && SameShortName(startTag, endTag, length) ? length : 0;
+// What nearly every name begins with, and nothing else that may stand behind a "<" does.
+bool IsPlain(char16_t unit) { return unit > u'?'; }
+
+// Whether the next two brackets are those of a plain start tag.
+bool IsPlainStartTag(const char16_t* units, const std::uint32_t* places) {
+  return units[places[0]] == u'<' && units[places[1]] == u'>' && IsPlain(units[places[0] + 1]);
+}
+
+// Whether they are those of an end tag that holds the short name of its start tag and nothing else.
+bool IsPlainEndTag(const char16_t* units, const std::uint32_t* places, const char16_t* startTagName) {
+  const char16_t* const name = units + places[0] + 2;
+  if (units[places[0]] != u'<' || name[-1] != u'/' || units[places[1]] != u'>') return false;
+  const std::size_t length = std::size_t{places[1]} - places[0] - 2;
+  return length - 1 < kShort && IsPlain(name[0]) && IsXmlDelimiter(startTagName[length]) &&
+         SameShortName(startTagName, name, length);
 }
 
 struct EndTag {
   XmlError error = XmlError::kNone;
-  std::size_t end = 0;  // its ">"
+  std::size_t end = kNotFound;  // its ">"
 };
 
 // Any end tag, from behind its "/". Its tokens behind the name do not count.
@@ -136,82 +95,136 @@ EndTag ReadEndTag(WideStringView text, std::size_t at, WideStringView tagName) {
   return {XmlError::kNone, token.end - 1};
 }
 
+// Calls find(text) with more of the text as long as no end is found.
+template <typename Find>
+auto WithEnoughText(BracketReader& brackets, std::size_t from, Find find) {
+  auto found = find(brackets.Text());
+  while (found.end == kNotFound && brackets.ReadOn(from)) found = find(brackets.Text());
+  return found;
+}
+
+struct Node {
+  std::size_t end = kNotFound;
+};
+
+enum class Kind { kStartTag, kEndTag, kOther };
+
+// What begins at a bracket.
+struct Markup {
+  Kind kind = Kind::kOther;
+  std::size_t start = 0;
+  std::size_t name = 0;  // of a tag
+  std::size_t end = 0;   // of a tag, its ">"
+  XmlError error = XmlError::kNone;
+};
+
+// Any markup, at the first of the places, by all the rules; goes on to the places behind it. `open` is the innermost
+// open element, null for none.
+Markup ReadMarkup(BracketReader& brackets, BracketReader::Places& places, const XmlElement* open) {
+  const char16_t* const units = brackets.Units();
+  Markup markup = {.start = *places.next};
+  const auto refused = [&markup](XmlError error) {
+    markup.error = error;
+    return markup;
+  };
+  if (units[markup.start] == u'>') {  // in a text
+    places = brackets.Refilled(places.next + 1);
+    return markup;
+  }
+  if (units[markup.start] != u'<') return refused(XmlError::kTagNotFound);
+  // The next bracket is at hand too, so the text reaches beyond the blanks, or this is its end.
+  const std::size_t token = SkipXmlBlanks(brackets.Text(), markup.start + 1);
+  if (token == brackets.Text().size()) return refused(XmlError::kAbruptEnd);
+
+  const char16_t first = units[token];
+  if (first == u'/') {
+    if (open == nullptr) return refused(XmlError::kBeginsWithEndTag);
+    const EndTag tag = WithEnoughText(brackets, token, [&](WideStringView text) {
+      return ReadEndTag(text, token + 1, TagNameAt(text, open->startTagStart));
+    });
+    if (tag.error != XmlError::kNone) return refused(tag.error);
+    places = brackets.From(places.next, tag.end + 1);
+    return {Kind::kEndTag, markup.start, token + 1, tag.end};
+  }
+  if (first == u'?' || first == u'!') {
+    const Node node =
+        WithEnoughText(brackets, token, [&](WideStringView text) { return Node{EndOfNode(text, token)}; });
+    if (node.end == kNotFound) return refused(XmlError::kInvalidNode);
+    places = brackets.From(places.next, node.end);
+    return markup;
+  }
+  if (first == u'"' || first == u'\'') return refused(XmlError::kQuotedTag);
+
+  do {
+    places = brackets.Refilled(places.next + 1);
+  } while (units[*places.next] == u'<' || *places.next == token);
+  const std::size_t end = *places.next;
+  if (units[end] != u'>') return refused(XmlError::kTagNotClosed);
+  places = brackets.Refilled(places.next + 1);
+  return {Kind::kStartTag, markup.start, token, end};
+}
+
 }  // namespace
 
 // All that changes from tag to tag is kept in local variables, and slow cases are functions that know nothing of them:
 // this is the loop that decides how soon the first menu is on the screen.
-XmlScanResult ScanElements(WideStringView text, BlockList<XmlElement>& elements) {
-  const char16_t* const units = text.data();
-  TagStarts tags(text);
+XmlScanResult ScanElements(BracketReader& brackets, BlockList<XmlElement>& elements) {
+  const char16_t* const units = brackets.Units();
+  BracketReader::Places places = brackets.First();
   std::uint32_t openIndex = XmlIndex::kDocument;  // the innermost element that is open
   XmlElement* open = &elements[openIndex];
   std::uint32_t* link = &open->firstChildIndex;  // where the next element inside it is entered
 
-  for (std::size_t start = tags.Next();;) {
-    if (start == text.size()) return {XmlError::kTagNotFound, openIndex, start};
-    std::size_t token = start + 1;
-    if (IsXmlBlank(units[token])) token = SkipXmlBlanks(text, token);
-    if (token == text.size()) return {XmlError::kAbruptEnd, openIndex, start};
+  for (;;) {
+    if (places.next >= places.refill) places = brackets.Refilled(places.next);
+    const bool isOpen = openIndex != XmlIndex::kDocument;
+    Markup markup = {Kind::kOther, places.next[0], places.next[0] + std::size_t{1}, places.next[1]};
+    if (IsPlainStartTag(units, places.next)) {
+      markup.kind = Kind::kStartTag;
+      places.next += 2;
+    } else if (isOpen && IsPlainEndTag(units, places.next, units + open->startTagStart + 1)) {
+      markup.kind = Kind::kEndTag;
+      places.next += 2;
+    } else {
+      markup = ReadMarkup(brackets, places, isOpen ? open : nullptr);
+      if (markup.error != XmlError::kNone) return {markup.error, openIndex, markup.start};
+      if (markup.kind == Kind::kOther) continue;
+    }
 
-    const char16_t first = units[token];
-    if (first == u'/') {
-      if (openIndex == XmlIndex::kDocument) return {XmlError::kBeginsWithEndTag, openIndex, start};
-      const std::size_t name = token + 1;
-      const std::size_t length = PlainEndTagLength(units + open->startTagStart + 1, units + name);
-      std::size_t end = name + length;
-      if (length == 0) {
-        const EndTag endTag = ReadEndTag(text, name, TagNameAt(text, open->startTagStart));
-        if (endTag.error != XmlError::kNone) return {endTag.error, openIndex, start};
-        end = endTag.end;
-      }
-      open->endTagStart = static_cast<std::uint32_t>(start);
-      start = tags.NextFrom(end);
-      open->endTagEnd = static_cast<std::uint32_t>(end);
+    if (markup.kind == Kind::kEndTag) {
+      open->endTagStart = static_cast<std::uint32_t>(markup.start);
+      open->endTagEnd = static_cast<std::uint32_t>(markup.end);
       link = &open->nextSiblingIndex;
       openIndex = open->parentIndex;
       open = &elements[openIndex];
       if (openIndex == XmlIndex::kDocument) return {};
       continue;
     }
-    if (first == u'?' || first == u'!') {
-      const std::size_t end = EndOfNode(text, token);
-      if (end == kNotFound) return {XmlError::kInvalidNode, openIndex, start};
-      start = tags.NextFrom(end);
-      continue;
-    }
-    if (first == u'"' || first == u'\'') return {XmlError::kQuotedTag, openIndex, start};
 
-    const std::size_t end = FindTagEnd(text, token + 1);
-    if (end == text.size()) return {XmlError::kTagNotClosed, openIndex, start};
     const auto index = static_cast<std::uint32_t>(elements.Size());
     XmlElement& element = elements.Add();
     *link = index;
-    element = {.startTagStart = static_cast<std::uint32_t>(start),
-               .startTagEnd = static_cast<std::uint32_t>(end),
+    element = {.startTagStart = static_cast<std::uint32_t>(markup.start),
+               .startTagEnd = static_cast<std::uint32_t>(markup.end),
                .endTagStart = 0,
                .endTagEnd = 0,
                .parentIndex = openIndex,
                .firstChildIndex = 0,
                .nextSiblingIndex = 0};
-
-    // Most elements are a short name, text and the end tag at once; they need not be opened first.
-    const std::size_t length = end - token;
-    start = tags.NextFrom(end);
-    if (units[end - 1] == u'/') {
-      element.endTagStart = static_cast<std::uint32_t>(end - 1);
-      element.endTagEnd = static_cast<std::uint32_t>(end);
-    } else if (length <= kShort && units[start + 1] == u'/' && units[start + 2 + length] == u'>' &&
-               !IsXmlDelimiter(first) && SameShortName(units + token, units + start + 2, length)) {
-      element.endTagStart = static_cast<std::uint32_t>(start);
-      element.endTagEnd = static_cast<std::uint32_t>(start + 2 + length);
-      start = tags.NextFrom(element.endTagEnd);
+    link = &element.nextSiblingIndex;
+    if (units[markup.end - 1] == u'/') {
+      element.endTagStart = static_cast<std::uint32_t>(markup.end - 1);
+      element.endTagEnd = static_cast<std::uint32_t>(markup.end);
+    } else if (IsPlainEndTag(units, places.next, units + markup.name)) {
+      // Most elements are a short name, text and the end tag at once; they need not be opened first.
+      element.endTagStart = places.next[0];
+      element.endTagEnd = places.next[1];
+      places.next += 2;
     } else {
       link = &element.firstChildIndex;
       openIndex = index;
       open = &element;
-      continue;
     }
-    link = &element.nextSiblingIndex;
     if (openIndex == XmlIndex::kDocument) return {};
   }
 }

@@ -9,6 +9,7 @@
 
 namespace config {
 
+class BracketReader;
 struct XmlElement;
 
 enum class XmlError {
@@ -38,7 +39,7 @@ struct XmlScanResult {
 
 // Adds the first element of the text and all inside it to `elements`, which holds the document's own element and
 // nothing else, in the order of their start tags. Stops at the first error.
-XmlScanResult ScanElements(WideStringView text, BlockList<XmlElement>& elements);
+XmlScanResult ScanElements(BracketReader& brackets, BlockList<XmlElement>& elements);
 
 // The tag name behind the "<" at `start`.
 WideStringView TagNameAt(WideStringView text, std::uint32_t start);

@@ -2,7 +2,10 @@
 
 #include "tests/printing.h"
 
+#include <algorithm>
+#include <iterator>
 #include <random>
+#include <vector>
 
 namespace {
 
@@ -64,6 +67,105 @@ TEST(Utf8, WhateverIsReadIsWrittenAndReadAgainUnchanged) {
     for (char& byte : bytes) byte = static_cast<char>(random());
     const WideString text = FromUtf8(bytes);
     ASSERT_EQ(text, FromUtf8(ToUtf8(text)));
+  }
+}
+
+// The rules, byte by byte.
+WideString DecodedByTheRules(std::string_view bytes) {
+  constexpr struct {
+    unsigned char first, last;  // of the lead bytes
+    unsigned char low, high;    // of the byte behind
+    std::size_t length;
+  } kSequences[] = {{0x00, 0x7F, 0x00, 0xFF, 1}, {0xC2, 0xDF, 0x80, 0xBF, 2}, {0xE0, 0xE0, 0xA0, 0xBF, 3},
+                    {0xE1, 0xEC, 0x80, 0xBF, 3}, {0xED, 0xED, 0x80, 0x9F, 3}, {0xEE, 0xEF, 0x80, 0xBF, 3},
+                    {0xF0, 0xF0, 0x90, 0xBF, 4}, {0xF1, 0xF3, 0x80, 0xBF, 4}, {0xF4, 0xF4, 0x80, 0x8F, 4}};
+  const auto byteAt = [bytes](std::size_t at) {
+    return at < bytes.size() ? static_cast<unsigned char>(bytes[at]) : 0u;
+  };
+  WideString text;
+  for (std::size_t at = 0; at < bytes.size();) {
+    std::uint32_t codePoint = 0xFFFD;
+    std::size_t length = 1;
+    for (const auto& sequence : kSequences) {
+      const std::uint32_t lead = byteAt(at);
+      if (lead < sequence.first || lead > sequence.last) continue;
+      bool isWhole = sequence.length == 1 || (byteAt(at + 1) >= sequence.low && byteAt(at + 1) <= sequence.high);
+      std::uint32_t value = sequence.length == 1 ? lead : lead & (0xFFu >> (sequence.length + 1));
+      for (std::size_t i = 1; i < sequence.length; ++i) {
+        isWhole = isWhole && (byteAt(at + i) & 0xC0) == 0x80;
+        value = (value << 6) | (byteAt(at + i) & 0x3F);
+      }
+      if (!isWhole) break;
+      codePoint = value;
+      length = sequence.length;
+    }
+    if (codePoint < 0x10000) {
+      text += static_cast<char16_t>(codePoint);
+    } else {
+      text += static_cast<char16_t>(0xD7C0 + (codePoint >> 10));
+      text += static_cast<char16_t>(0xDC00 + (codePoint & 0x3FF));
+    }
+    at += length;
+  }
+  return text;
+}
+
+// Texts of all kinds of characters in turn, some bytes of which are wrong.
+std::string RandomBytes(std::mt19937& random) {
+  const char* const characters[] = {"a",
+                                    "<",
+                                    " text of sixteen ",
+                                    "\xC2\x80",
+                                    "\xD0\x9F",
+                                    "\xDF\xBF",
+                                    "\xE0\xA0\x80",
+                                    "\xE4\xB8\xAD",
+                                    "\xED\x9F\xBF",
+                                    "\xEE\x80\x80",
+                                    "\xEF\xBF\xBF",
+                                    "\xF0\x9F\x98\x80",
+                                    "\xF4\x8F\xBF\xBF"};
+  std::string bytes;
+  const std::size_t wrong = random() % 3 == 0 ? 15 : 0;  // of 200
+  while (random() % 12 != 0) {
+    const char* const character = characters[random() % std::size(characters)];
+    for (std::size_t count = 1 + random() % 20; count > 0; --count) {
+      bytes += random() % 4 == 0 ? characters[random() % std::size(characters)] : character;
+      if (wrong > random() % 200) bytes.back() = static_cast<char>(random());
+    }
+  }
+  return bytes;
+}
+
+TEST(Utf8, AnyBytesAreReadByTheRules) {
+  std::mt19937 random(8);
+  for (int round = 0; round < 5'000; ++round) {
+    const std::string bytes = RandomBytes(random);
+    ASSERT_EQ(DecodedByTheRules(bytes), FromUtf8(bytes)) << round;
+  }
+}
+
+TEST(Utf8, BytesAreReadInTheUpperHalfOfTheirText) {
+  std::mt19937 random(9);
+  for (int round = 0; round < 2'000; ++round) {
+    const std::string bytes = RandomBytes(random);
+    std::vector<char16_t> room(bytes.size());
+    char* const upperHalf = reinterpret_cast<char*>(room.data()) + bytes.size();
+    std::copy(bytes.begin(), bytes.end(), upperHalf);
+    const char16_t* const end = base::DecodeUtf8({upperHalf, bytes.size()}, room.data());
+    ASSERT_EQ(FromUtf8(bytes), WideString(room.data(), static_cast<std::size_t>(end - room.data()))) << round;
+  }
+}
+
+TEST(Utf8, ATextIsCutBetweenTwoCharacters) {
+  std::mt19937 random(10);
+  for (int round = 0; round < 2'000; ++round) {
+    const std::string bytes = RandomBytes(random);
+    const std::size_t size = random() % (bytes.size() + 4);
+    const std::string_view start = base::Utf8Prefix(bytes, size);
+    ASSERT_LE(start.size(), size);
+    ASSERT_LT(std::min(size, bytes.size()), start.size() + 4);
+    ASSERT_EQ(FromUtf8(bytes), FromUtf8(start) + FromUtf8(bytes.substr(start.size()))) << round;
   }
 }
 

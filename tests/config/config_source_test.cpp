@@ -221,17 +221,21 @@ TEST_F(ConfigSourceTest, OtherEncodingsAreReadAsIfTheyWereUtf8) {
   EXPECT_EQ(u"\U0001F600 \uFFFD", PDataStore(source->path, source->document, {}, 0).Find(source->path)->Value(u"V"));
 }
 
-TEST_F(ConfigSourceTest, TextsOfFilesAreDecodedInPlace) {
-  std::string bytes;
+TEST_F(ConfigSourceTest, TextsOfFilesAreConvertedInPlace) {
+  std::string bytes = "<a>";
   for (int i = 0; i < 500; ++i) {
     bytes += "plain text of some length ";
     bytes += i % 3 == 0 ? "\xE4\xB8\xAD" : i % 3 == 1 ? "\xF0\x9F\x98\x80" : "\xE4\xB8";
-    for (std::size_t length : {bytes.size(), bytes.size() - 1}) {
-      Write("text", bytes.substr(0, length));
-      const std::optional<SharedText> text = ReadTextFile(u"\\text");
-      ASSERT_TRUE(text);
-      ASSERT_EQ(base::FromUtf8(bytes.substr(0, length)), text->View()) << i;
-      ASSERT_EQ(u'\0', text->View().data()[text->View().size() + SharedText::kPadding - 1]);
+    for (const std::string& end : {std::string("</a>"), std::string("</a>\n"), std::string("</a>") + bytes}) {
+      Write("text", bytes + end);
+      std::optional<Utf8Text> read = ReadTextFile(u"\\text");
+      ASSERT_TRUE(read);
+      XmlIndex index;
+      ASSERT_TRUE(index.Parse(std::move(*read)));
+      const WideStringView text = index.Text().View();
+      ASSERT_EQ(base::FromUtf8(bytes + end), text) << i;
+      ASSERT_EQ(WideString(SharedText::kPadding, u'\0'),
+                WideStringView(text.data() + text.size(), SharedText::kPadding));
     }
     if (i == 40) i = 480;
   }

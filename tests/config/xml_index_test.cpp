@@ -222,14 +222,13 @@ TEST(UnitMask, TellsTheUnitsThatPassTheTest) {
   std::mt19937 random(1);
   const auto test = [](UnitVector v) -> UnitVector { return v == SpreadUnit(u'<'); };
   for (int round = 0; round < 2000; ++round) {
-    char16_t units[64];
+    char16_t units[16];
     std::uint64_t expected = 0;
-    for (std::size_t i = 0; i < 64; ++i) {
+    for (std::size_t i = 0; i < 16; ++i) {
       units[i] = random() % 3 == 0 ? u'<' : static_cast<char16_t>(random());
       if (units[i] == u'<') expected |= std::uint64_t{1} << i;
     }
-    ASSERT_EQ(expected, UnitMask64(units, test));
-    ASSERT_EQ(expected & 0xFFFF, UnitMask16(units, test));
+    ASSERT_EQ(expected, UnitMask16(units, test));
   }
 }
 

@@ -9,7 +9,7 @@
 #include <memory>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
-  auto text = config::SharedText::FromUtf8([&](const config::SharedText::Place& place) {
+  auto text = config::Utf8Text::Read([&](const config::Utf8Text::Place& place) {
     std::copy_n(bytes, size, place(size));
     return true;
   });

@@ -130,10 +130,19 @@ bool IsOfOnePlatform(std::string_view file) {
   return StartsWith(file, "platform/host/") || StartsWith(file, "platform/win32/");
 }
 
+// The compiler's own headers of a processor's instructions, and the sources that have other ways for other processors.
+bool IsOfTheProcessor(const Include& include) {
+  static const std::set<std::string, std::less<>> kHeaders = {"emmintrin.h", "immintrin.h", "tmmintrin.h"};
+  static const std::set<std::string, std::less<>> kSources = {"base/utf8.cpp", "config/text_blocks_avx2.cpp",
+                                                              "config/text_blocks_sse2.cpp"};
+  return kHeaders.contains(include.header) && kSources.contains(include.file);
+}
+
 // What is wrong with an include of a file on the floor of that number; empty when it may stand.
 std::string Wrong(const Include& include, std::size_t floor) {
   if (include.isSystem) {
-    const bool allowed = kStandardHeaders.contains(include.header) || IsOfOnePlatform(include.file);
+    const bool allowed =
+        kStandardHeaders.contains(include.header) || IsOfOnePlatform(include.file) || IsOfTheProcessor(include);
     return allowed ? "" : "a header of the system outside its platform's folder";
   }
   const std::string folder = FolderOf(include.header);
@@ -173,6 +182,8 @@ TEST(Layering, WhatWouldBeWrongIsFound) {
       {{"platform/host/x.cpp", "", "platform/win32/handle.h", false}, 1, "shared code knows no platform"},
       {{"ui/x.cpp", "", "platform/host/session.h", false}, 6, "shared code knows no platform"},
       {{"config/x.cpp", "", "vector", true}, 2, ""},
+      {{"config/text_blocks_avx2.cpp", "", "immintrin.h", true}, 2, ""},
+      {{"config/x.cpp", "", "immintrin.h", true}, 2, "a header of the system outside its platform's folder"},
   };
   for (const auto& c : cases) EXPECT_EQ(c.wrong, Wrong(c.include, c.floor)) << c.include.file << c.include.header;
 }
