@@ -91,9 +91,10 @@ void CKelConfigApp::BringModelUpToDate() {
   if (rebuildFailed_.exchange(false)) ShowConfigurationError();
 }
 
-// A blank line shows nothing to enter; a locked one still opens as a menu.
+// A blank line shows nothing to enter; a locked one still opens as a menu. The line of one that is not displayed was
+// shown before the rules of the full tree had run: the list has it no more.
 bool CKelConfigApp::MayEnter(model::MenuItem& item) {
-  if (item.State() == model::DisplayState::kBlank) return false;
+  if (item.State() == model::DisplayState::kBlank || item.State() == model::DisplayState::kNotDisplayed) return false;
   rules_.handlers.RunEnterHandler(item);
   return true;
 }

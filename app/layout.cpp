@@ -1,16 +1,18 @@
 #include "app/layout.h"
 
-#include "platform/window.h"
-
 namespace app {
 
+platform::WindowSpec ScreenProbe() {
+  return {.className = u"Edit",
+          .style = platform::style::kCaption,
+          .x = 0,
+          .y = 0,
+          .width = platform::kUseDefault,
+          .height = platform::kUseDefault};
+}
+
 bool MeasureLargeLayout() {
-  const platform::WindowHandle probe = platform::MakeWindow({.className = u"Edit",
-                                                             .style = platform::style::kCaption,
-                                                             .x = platform::kUseDefault,
-                                                             .y = platform::kUseDefault,
-                                                             .width = platform::kUseDefault,
-                                                             .height = platform::kUseDefault});
+  const platform::WindowHandle probe = platform::MakeWindow(ScreenProbe());
   const int bottom = platform::WindowRect(probe).bottom;
   platform::Destroy(probe);
   return IsLargeLayout(bottom);

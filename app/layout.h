@@ -1,14 +1,19 @@
 // Which of the two layouts the screen has room for.
 #pragma once
 
+#include "platform/window.h"
+
 namespace app {
 
 inline constexpr int kTallestSmallScreenPx = 160;
 
-// `bottom`: of a window at its default place, in pixels.
+// `bottom`: of the probe, in pixels.
 inline bool IsLargeLayout(int bottom) { return bottom > kTallestSmallScreenPx; }
 
-// Measures the screen by a window that is gone again at once.
+// The window by which the screen is measured: at its corner, of the size that windows have by default.
+platform::WindowSpec ScreenProbe();
+
+// Measures the screen; the probe is gone again at once.
 bool MeasureLargeLayout();
 
 }  // namespace app

@@ -194,16 +194,10 @@ std::optional<LResult> MainDialog::OnPrivateMessage(const Message& message) {
   }
 }
 
-// Keys that an inline editor does not need work on the list.
 bool MainDialog::PassEditKey(std::uint16_t virtualKey) const {
-  switch (virtualKey) {
-    case platform::key::kEscape:
-    case platform::key::kUp:
-    case platform::key::kTab:
-    case platform::key::kEnter:
-    case platform::key::kDown: KeyToList(virtualKey); return true;
-    default: return false;
-  }
+  if (!ui::IsPassedEditKey(virtualKey)) return false;
+  KeyToList(virtualKey);
+  return true;
 }
 
 std::optional<LResult> MainDialog::OnControlColor(const Message& message) const {

@@ -135,7 +135,11 @@ int MessageBox::Show(WideStringView text, WideStringView caption, int kind) {
   const auto& boxTemplate =
       TemplateFor(kind, platform::MeasureText(owner_, text), platform::ClientRect(owner_).Width());
   BoxProcedure procedure(text, caption, kind, &boxTemplate == &ShortMessageTemplate());
+  const bool ownerWasEnabled = platform::IsEnabled(owner_);
+  const platform::WaitCursorPause pause;
   const auto answer = static_cast<int>(platform::RunDialog(boxTemplate, owner_, procedure));
+  // A dialog that ends enables its owner, even one that was disabled for an edit dialog.
+  platform::Enable(owner_, ownerWasEnabled);
   // Only now: while the box stood, its owner was disabled and took no focus.
   platform::Focus(procedure.FocusBefore());
   return answer;

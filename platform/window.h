@@ -195,13 +195,28 @@ void ShowSystemMessage(WideStringView text, WideStringView caption);
 // Readies the date and time picker class.
 void InitDateTimeControls();
 
-// While it lives the cursor is the wait cursor in the middle of `window`; then pointer and cursor are as before.
+// While it lives the cursor is the wait cursor in the middle of `window`; then pointer and cursor are as before. They
+// end in the reverse of the order in which they began, pauses too.
 class WaitCursor {
  public:
   explicit WaitCursor(WindowHandle window);
   ~WaitCursor();
   WaitCursor(const WaitCursor&) = delete;
   WaitCursor& operator=(const WaitCursor&) = delete;
+
+ private:
+  friend class WaitCursorPause;
+  struct State;
+  std::unique_ptr<State> state_;
+};
+
+// While it lives no wait cursor is shown, whoever set it: something stands that the user is to answer.
+class WaitCursorPause {
+ public:
+  WaitCursorPause();
+  ~WaitCursorPause();
+  WaitCursorPause(const WaitCursorPause&) = delete;
+  WaitCursorPause& operator=(const WaitCursorPause&) = delete;
 
  private:
   struct State;

@@ -41,11 +41,13 @@ ScriptPlayer::ScriptPlayer(Script script, std::string name, ScriptDriver& driver
 
 ScriptPlayer::Step ScriptPlayer::Next() {
   if (!failure_.empty() || command_ >= script_.commands.size()) return Step::kFinished;
+  // A thread that still works may change the screen under any command, not only under one that waits for it.
+  if (driver_.IsRunning() && !driver_.HasSettled()) return Step::kWaits;
   const Command& command = script_.commands[command_];
   const bool severalKeys = command.kind == Command::Kind::kKey || command.kind == Command::Kind::kType;
-  const Step step = severalKeys ? NextKey(command) : Run(command);
-  if (!severalKeys && step != Step::kWaits) ++command_;
-  return step;
+  if (severalKeys) return NextKey(command);
+  ++command_;
+  return Run(command);
 }
 
 ScriptPlayer::Step ScriptPlayer::Run(const Command& command) {
@@ -59,7 +61,7 @@ ScriptPlayer::Step ScriptPlayer::Run(const Command& command) {
     case Command::Kind::kExpect:
       if (printed_.find(command.text) != std::string::npos) return Step::kRan;
       return Fail(command, "expected \"" + command.text + "\"");
-    default: return driver_.HasSettled() ? Step::kRan : Step::kWaits;
+    default: return Step::kRan;
   }
 }
 

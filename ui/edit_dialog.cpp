@@ -3,19 +3,19 @@
 #include "base/format.h"
 #include "base/string_table.h"
 #include "platform/canvas.h"
+#include "platform/controls.h"
 #include "platform/dialog.h"
 #include "ui/character_query.h"
 #include "ui/edit_templates.h"
-#include "ui/entry_controls.h"
+#include "ui/entry_kinds.h"
+#include "ui/private_messages.h"
 #include "values/shown_value.h"
 
 #include <algorithm>
-#include <array>
 
 namespace ui {
 namespace {
 
-namespace key = platform::key;
 namespace message = platform::message;
 namespace notification = platform::notification;
 
@@ -30,9 +30,6 @@ constexpr LResult kSaved = 1;
 constexpr platform::Point kSmallPlace{3, 15};
 constexpr platform::Point kLargePlace{15, 35};
 constexpr int kDescriptionHeightPx = 24;
-
-// Keys that a control may pass up to act on the dialog.
-constexpr std::array kPassedKeys{key::kEscape, key::kTab, key::kEnter, key::kUp, key::kDown};
 
 class EditDialog final : public platform::MessageHandler {
  public:
@@ -52,6 +49,7 @@ class EditDialog final : public platform::MessageHandler {
   void MakeRoomForDescription() const;
   std::optional<LResult> OnCommand(const Message& received);
   LResult OnPassedKey(platform::WParam virtualKey);
+  void NoteChange();
   void RememberFocus(WindowHandle window);
   void Save();
   bool CommitAndApply(const EnteredValue& entered, bool& applied);
@@ -84,7 +82,7 @@ std::optional<LResult> EditDialog::OnMessage(WindowHandle dialog, const Message&
     case message::kNotify:
       if (received.wParam == kDateTimeEntryId &&
           platform::NotifyCode(received) == notification::kPickerDateTimeChange) {
-        edited_ = true;
+        NoteChange();
       }
       return 0;
     case message::kCommand: return OnCommand(received);
@@ -118,6 +116,7 @@ LResult EditDialog::Init(WindowHandle dialog) {
   ShowDescription();
   platform::Focus(window);
   entry_->Start();
+  entry_->TakeChange();  // what it starts with is none
   edited_ = false;
   return 0;
 }
@@ -151,7 +150,7 @@ void EditDialog::MakeRoomForDescription() const {
 std::optional<LResult> EditDialog::OnCommand(const Message& received) {
   const int code = platform::CommandCode(received);
   if (code == notification::kListSelectionChange || code == notification::kEditChange) {
-    edited_ = true;
+    NoteChange();
     return 0;
   }
   if (code != notification::kButtonClicked) return std::nullopt;
@@ -165,10 +164,14 @@ std::optional<LResult> EditDialog::OnCommand(const Message& received) {
 }
 
 LResult EditDialog::OnPassedKey(platform::WParam virtualKey) {
-  if (std::find(kPassedKeys.begin(), kPassedKeys.end(), virtualKey) == kPassedKeys.end()) return 0;
+  if (!IsPassedEditKey(virtualKey)) return 0;
   platform::Post(dialog_, message::kKeyDown, virtualKey);
   edited_ = true;
   return 1;
+}
+
+void EditDialog::NoteChange() {
+  if (entry_ != nullptr && entry_->TakeChange()) edited_ = true;
 }
 
 void EditDialog::RememberFocus(WindowHandle window) {
@@ -180,7 +183,7 @@ void EditDialog::RememberFocus(WindowHandle window) {
 
 void EditDialog::Save() {
   if (!entry_->Finish()) return;
-  if (!edited_) {
+  if (!edited_ || !entry_->HasValue()) {
     Close(kNotSaved);
     return;
   }

@@ -138,7 +138,7 @@ std::optional<LResult> AddressControl::OnMessage(WindowHandle, const Message& re
       return 0;
     case address_message::kSetFocus: FocusField(received.wParam); return 0;
     case address_message::kCheck: return CheckAll() ? 1 : 0;
-    case address_message::kShowRootMenu: platform::Post(parent_, private_message::kShowRootMenu); return 0;
+    case address_message::kAskForRootMenu: platform::Post(parent_, private_message::kShowRootMenu); return 0;
     default: return std::nullopt;
   }
 }
@@ -276,7 +276,7 @@ std::optional<LResult> AddressControl::OnFieldKey(std::size_t index, std::uint16
       if (Check(index)) platform::Post(window_, message::kKeyDown, key::kEnter);
       return 0;
     case key::kEscape: platform::Post(window_, message::kKeyDown, key::kEscape); return 0;
-    case key::kPageUp: platform::Post(window_, address_message::kShowRootMenu); return 0;
+    case key::kPageUp: platform::Post(window_, address_message::kAskForRootMenu); return 0;
     case key::kTab:
       if (Check(index)) {
         platform::Send(parent_, private_message::kEditKey, key::kTab, platform::IsKeyDown(key::kControl) ? 1 : 0);

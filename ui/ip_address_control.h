@@ -19,7 +19,7 @@ namespace address_message {
 using platform::message::Id;
 using platform::message::kUser;
 
-inline constexpr Id kShowRootMenu = kUser + 7;
+inline constexpr Id kAskForRootMenu = kUser + 7;  // the parent is sent private_message::kShowRootMenu
 inline constexpr Id kClear = kUser + 100;
 inline constexpr Id kSet = kUser + 101;  // lParam: the address, its first field in the most significant byte
 inline constexpr Id kGet = kUser + 102;  // lParam: std::uint32_t for the address; answers how many fields hold text

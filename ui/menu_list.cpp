@@ -21,13 +21,6 @@ constexpr int kScrollBarHeightPx = 123;
 constexpr platform::LResult kWantedKeys = platform::dialog_code::kWantArrows | platform::dialog_code::kWantTab |
                                           platform::dialog_code::kWantAllKeys | platform::dialog_code::kWantChars;
 
-model::MenuItem* ChildByPath(const model::MenuItem& menu, const WideString& path) {
-  for (const auto& child : menu.Children()) {
-    if (child->Path() == path) return child.get();
-  }
-  return nullptr;
-}
-
 }  // namespace
 
 // While it lives, items must not be replaced under the caller's feet: the message that asks for it waits.
@@ -80,48 +73,24 @@ void MenuList::SetUpFont(int listHeight) {
   linesPerPage_ = std::max(3, clientHeight / std::max(1, list_.ItemHeight()));
 }
 
-const MenuLine* MenuList::LineAt(int index) const {
-  if (index < 0 || static_cast<std::size_t>(index) >= pages_.lines.size()) return nullptr;
-  return &pages_.lines[static_cast<std::size_t>(index)];
-}
-
-bool MenuList::IsSelectable(int index) const {
-  const MenuLine* line = LineAt(index);
-  return line != nullptr && line->IsSelectable();
-}
-
-// The one line of a menu without items, which is no heading, is selected by Down and Up.
-bool MenuList::HasOnlyHeadings() const {
-  return pages_.lastLine < 0 && !pages_.lines.empty() && pages_.lines.front().kind == MenuLine::Kind::kItem;
-}
-
-int MenuList::SelectableFrom(int line) const {
-  while (line < pages_.lastLine && !IsSelectable(line)) ++line;
-  return line;
-}
-
-int MenuList::SelectableUpTo(int line) const {
-  while (line >= 0 && !IsSelectable(line)) --line;
-  return line;
-}
-
 model::MenuItem* MenuList::SelectedItem() const {
-  const MenuLine* line = LineAt(list_.Selected());
+  const MenuLine* line = pages_.At(list_.Selected());
   return line == nullptr ? nullptr : line->item;
 }
 
+// Pages are told by the selected line: the list box's own keys may have left the list between two of them.
 int MenuList::NextPageTop() const {
-  const int top = list_.Top() + linesPerPage_;
+  const int top = PageTop(list_.Selected()) + linesPerPage_;
   return top > pages_.lastLine ? 0 : top;
 }
 
 int MenuList::PreviousPageTop() const {
-  const int top = list_.Top() - linesPerPage_;
+  const int top = PageTop(list_.Selected()) - linesPerPage_;
   return top < 0 ? PageTop(pages_.lastLine) : top;
 }
 
 int MenuList::LastLineOfPage(int top) const {
-  return SelectableUpTo(std::min(top + linesPerPage_ - 1, pages_.lastLine));
+  return pages_.SelectableUpTo(std::min(top + linesPerPage_ - 1, pages_.lastLine));
 }
 
 bool MenuList::Show(model::MenuItem& menu) {
@@ -188,16 +157,23 @@ void MenuList::Remember(int top, int line) {
 void MenuList::SelectRemembered() {
   if (menu_->list.selectedLine > pages_.lastLine) Remember(0, 0);
   int line = menu_->list.selectedLine;
-  if (line > 0 && LineAt(line)->kind == MenuLine::Kind::kEmpty) --line;
-  if (line > 0 && !IsSelectable(line)) --line;
+  if (line > 0 && pages_.At(line)->kind == MenuLine::Kind::kEmpty) --line;
+  if (line > 0 && !pages_.IsSelectable(line)) --line;
   list_.SetTop(menu_->list.topLine);
-  list_.Select(SelectableFrom(line));  // a menu may begin with a heading
+  list_.Select(pages_.SelectableFrom(line));  // a menu may begin with a heading
 }
 
 void MenuList::GoTo(int top, int line) {
   list_.SetTop(top);
   list_.Select(line);
   menu_->list.topLine = top;
+  UpdateScrollBar();
+}
+
+// The lines of a plain list have no pages: it scrolls as far as it must.
+void MenuList::MoveTo(int line) {
+  if (menu_->list.numbered) return GoTo(PageTop(line), line);
+  list_.Select(line);
   UpdateScrollBar();
 }
 
@@ -220,11 +196,13 @@ void MenuList::UpdateScrollBar() { scrollBar_.SetPosition(std::max(0, list_.Sele
 
 void MenuList::ItemsWillBeReplaced() {
   place_ = {};
-  const MenuLine* line = LineAt(list_.Selected());
-  if (line != nullptr && line->item != nullptr) place_.selected = line->item->Path();
+  if (menu_ != nullptr) place_.menus = WayTo(*menu_);
   if (entering_ != nullptr) place_.entering = entering_->Path();
-  for (model::MenuItem* menu = menu_; menu != nullptr && menu != root_; menu = menu->Parent()) {
-    place_.menus.insert(place_.menus.begin(), menu->Path());
+  place_.top = list_.Top();
+  place_.line = list_.Selected();
+  if (const MenuLine* line = pages_.At(place_.line)) {
+    place_.kind = line->kind;
+    if (line->item != nullptr) place_.item = line->item->Path();
   }
   pages_ = {};
   list_.Clear();
@@ -233,22 +211,15 @@ void MenuList::ItemsWillBeReplaced() {
 }
 
 void MenuList::ItemsWereReplaced() {
-  menu_ = root_;
-  for (const WideString& path : place_.menus) {
-    model::MenuItem* child = ChildByPath(*menu_, path);
-    if (child == nullptr || child->IsLeaf()) break;
-    menu_ = child;
-  }
+  menu_ = &FindMenu(place_, *root_);
   entering_ = ChildByPath(*menu_, place_.entering);
   Fill();
-  for (std::size_t i = 0; i < pages_.lines.size(); ++i) {
-    const model::MenuItem* item = pages_.lines[i].item;
-    if (item == nullptr || item->Path() != place_.selected) continue;
-    const int line = static_cast<int>(i);
-    Remember(PageTop(line), line);
-    GoTo(PageTop(line), line);
-    break;
-  }
+  if (WayTo(*menu_) != place_.menus) return;  // another menu, where the place means nothing
+  const std::optional<int> line = FindLine(place_, pages_);
+  if (!line) return;
+  const int top = *line == place_.line ? place_.top : PageTop(*line);
+  Remember(top, *line);
+  GoTo(top, *line);
 }
 
 std::optional<platform::LResult> MenuList::OnMessage(platform::WindowHandle, const platform::Message& message) {
@@ -313,57 +284,53 @@ void MenuList::OnCharacter(const platform::Message& message) {
   }
   const int top = list_.Top();
   for (int index = top; index < top + linesPerPage_; ++index) {
-    const MenuLine* line = LineAt(index);
-    if (line == nullptr || line->text.empty() || line->text.front() != character) continue;
-    list_.Select(index);
-    UpdateScrollBar();
+    const MenuLine* line = pages_.At(index);
+    if (line == nullptr || !line->IsSelectable() || !line->text.starts_with(character)) continue;
+    MoveTo(index);
     return OnEnter();
   }
 }
 
 void MenuList::OnDown() {
-  if (HasOnlyHeadings()) return;
-  const MenuLine* selected = LineAt(list_.Selected());
+  if (pages_.HasOnlyHeadings()) return;
+  const MenuLine* selected = pages_.At(list_.Selected());
   if (selected != nullptr && selected->kind == MenuLine::Kind::kMore) {
     const int top = NextPageTop();
-    return GoTo(top, SelectableFrom(top));
+    return GoTo(top, pages_.SelectableFrom(top));
   }
-  if (list_.Selected() >= pages_.lastLine) return GoTo(0, SelectableFrom(0));
-  list_.Select(SelectableFrom(list_.Selected() + 1));
-  UpdateScrollBar();
+  if (list_.Selected() >= pages_.lastLine) return GoTo(0, pages_.SelectableFrom(0));
+  MoveTo(pages_.SelectableFrom(list_.Selected() + 1));
 }
 
 void MenuList::OnUp() {
-  if (HasOnlyHeadings()) return;
-  const MenuLine* selected = LineAt(list_.Selected());
+  if (pages_.HasOnlyHeadings()) return;
+  const MenuLine* selected = pages_.At(list_.Selected());
   if (selected != nullptr && selected->kind == MenuLine::Kind::kBack) {
     const int top = PreviousPageTop();
     return GoTo(top, LastLineOfPage(top));
   }
-  const int line = SelectableUpTo(std::min(list_.Selected() - 1, pages_.lastLine));
+  const int line = pages_.SelectableUpTo(std::min(list_.Selected() - 1, pages_.lastLine));
   if (line < 0) {
     const int last = std::max(0, pages_.lastLine);
     return GoTo(PageTop(last), last);
   }
-  list_.Select(line);
-  UpdateScrollBar();
+  MoveTo(line);
 }
 
 void MenuList::OnEnter() {
   const int index = list_.Selected();
-  const MenuLine* line = LineAt(index);
+  const MenuLine* line = pages_.At(index);
   if (line == nullptr) return;
   switch (line->kind) {
     case MenuLine::Kind::kBack: {
-      int top = PreviousPageTop();
-      if (top < linesPerPage_) top = 0;  // Page Down may have left the list between two pages
-      return GoTo(top, SelectableFrom(top));
+      const int top = PreviousPageTop();
+      return GoTo(top, pages_.SelectableFrom(top));
     }
     case MenuLine::Kind::kMore: {
       const int top = NextPageTop();
       return GoTo(top, LastLineOfPage(top));
     }
-    case MenuLine::Kind::kItem: return EnterItem(index);
+    case MenuLine::Kind::kItem: MoveTo(index); return EnterItem(index);
     case MenuLine::Kind::kEmpty:
     case MenuLine::Kind::kNoItems: return;
   }
@@ -379,9 +346,11 @@ bool MenuList::AskOwner(std::uint32_t question, model::MenuItem* item) const {
 void MenuList::EnterItem(int line) {
   const Busy busy(*this);
   Remember(list_.Top(), line);
-  entering_ = LineAt(line)->item;
+  entering_ = pages_.At(line)->item;
   if (!AskOwner(private_message::kMayEnterItem, entering_) || entering_ == nullptr) {
-    entering_ = nullptr;
+    const model::MenuItem* const refused = std::exchange(entering_, nullptr);
+    const bool isGone = refused != nullptr && refused->State() == model::DisplayState::kNotDisplayed;
+    if (isGone && SelectedItem() == refused) Refill();
     return;
   }
   if (entering_->IsLeaf()) {

@@ -4,12 +4,12 @@
 
 #include "model/menu_item.h"
 #include "platform/controls.h"
+#include "ui/list_place.h"
 #include "ui/menu_pages.h"
 #include "ui/scroll_bar.h"
 
 #include <memory>
 #include <optional>
-#include <vector>
 
 namespace ui {
 
@@ -44,7 +44,7 @@ class MenuList final : public platform::MessageHandler {
   void UpdateLine(const model::MenuItem& item);
 
   // The root's items are replaced by others between these two. The menu shown, its page, its selected line and the
-  // item being entered are found again by their paths; a menu that is gone gives way to the nearest one above it.
+  // item being entered are found again; a menu that is gone gives way to the nearest one above it.
   void ItemsWillBeReplaced();
   void ItemsWereReplaced();
 
@@ -56,21 +56,9 @@ class MenuList final : public platform::MessageHandler {
   std::optional<platform::LResult> OnMessage(platform::WindowHandle window, const platform::Message& message) override;
 
  private:
-  // Where the list stood, in paths.
-  struct Place {
-    std::vector<WideString> menus;  // from the root's child down to the menu shown
-    WideString selected;
-    WideString entering;
-  };
   class Busy;
 
   void SetUpFont(int listHeight);
-  const MenuLine* LineAt(int index) const;
-  bool IsSelectable(int index) const;
-  bool HasOnlyHeadings() const;
-  // The nearest line that can be selected, from this one towards the end or towards the start.
-  int SelectableFrom(int line) const;
-  int SelectableUpTo(int line) const;
   int PageTop(int line) const { return line / linesPerPage_ * linesPerPage_; }
   int NextPageTop() const;
   int PreviousPageTop() const;
@@ -81,6 +69,7 @@ class MenuList final : public platform::MessageHandler {
   void Remember(int top, int line);
   void SelectRemembered();
   void GoTo(int top, int line);
+  void MoveTo(int line);
   void UpdatePageCount();
   void UpdateScrollBar();
 
@@ -103,7 +92,7 @@ class MenuList final : public platform::MessageHandler {
   model::MenuItem* entering_ = nullptr;
   MenuPages pages_;
   int linesPerPage_ = kMostLinesPerPage;
-  Place place_;
+  ListPlace place_;
   int busy_ = 0;               // items are in use by a caller further up the stack
   bool treeReplaced_ = false;  // while busy: to be passed on afterwards
 };

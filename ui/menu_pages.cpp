@@ -82,13 +82,31 @@ MenuPages PlainLines(const std::vector<model::MenuItem*>& items) {
   return pages;
 }
 
-int LastSelectable(const std::vector<MenuLine>& lines) {
-  int line = static_cast<int>(lines.size()) - 1;
-  while (line >= 0 && !lines[static_cast<std::size_t>(line)].IsSelectable()) --line;
+}  // namespace
+
+const MenuLine* MenuPages::At(int index) const {
+  if (index < 0 || static_cast<std::size_t>(index) >= lines.size()) return nullptr;
+  return &lines[static_cast<std::size_t>(index)];
+}
+
+bool MenuPages::IsSelectable(int index) const {
+  const MenuLine* const line = At(index);
+  return line != nullptr && line->IsSelectable();
+}
+
+int MenuPages::SelectableFrom(int line) const {
+  while (line < lastLine && !IsSelectable(line)) ++line;
   return line;
 }
 
-}  // namespace
+int MenuPages::SelectableUpTo(int line) const {
+  while (line >= 0 && !IsSelectable(line)) --line;
+  return line;
+}
+
+bool MenuPages::HasOnlyHeadings() const {
+  return lastLine < 0 && !lines.empty() && lines.front().kind == MenuLine::Kind::kItem;
+}
 
 WideString ItemText(const model::MenuItem& item) {
   return item.State() == model::DisplayState::kBlank ? WideString() : item.LineText();
@@ -105,7 +123,7 @@ MenuPages LayOutMenu(const model::MenuItem& menu, int pageSize) {
     return none;
   }
   MenuPages pages = menu.list.numbered ? PageMaker(std::move(shown), pageSize).Make() : PlainLines(shown);
-  pages.lastLine = LastSelectable(pages.lines);
+  pages.lastLine = pages.SelectableUpTo(static_cast<int>(pages.lines.size()) - 1);
   return pages;
 }
 

@@ -25,6 +25,15 @@ struct MenuPages {
   std::vector<MenuLine> lines;
   int lastLine = -1;     // index of the last line that can be selected, -1: none
   int lastBackLine = 0;  // index of the last "...Back", 0: none
+
+  const MenuLine* At(int index) const;  // null: there is no such line
+  bool IsSelectable(int index) const;
+  // The nearest line that can be selected, from this one towards the end (or the last line), or towards the start (or
+  // -1).
+  int SelectableFrom(int line) const;
+  int SelectableUpTo(int line) const;
+  // Then there is nothing to select. The one line of a menu without items is no heading: Down and Up do select it.
+  bool HasOnlyHeadings() const;
 };
 
 // Items that are not displayed are left out. A numbered menu is padded to whole pages, by a full page when it fills

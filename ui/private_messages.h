@@ -3,6 +3,9 @@
 
 #include "platform/messages.h"
 
+#include <algorithm>
+#include <array>
+
 namespace ui {
 
 namespace private_message {
@@ -14,8 +17,8 @@ inline constexpr Id kAddressFieldRequest = kUser + 3;  // wParam: request; lPara
 inline constexpr Id kEndDialog = kUser + 4;
 inline constexpr Id kCloseTextPage = kUser + 5;
 inline constexpr Id kShowRootMenu = kUser + 6;
-inline constexpr Id kEditKey = kUser + 9;         // wParam: virtual key; answers 1 when it was taken
-inline constexpr Id kStartWorker = kUser + 12;    // to itself, once it is on the screen
+inline constexpr Id kEditKey = kUser + 9;       // wParam: virtual key; answers 1 for the keys below, which act, else 0
+inline constexpr Id kStartWorker = kUser + 12;  // to itself, once it is on the screen
 inline constexpr Id kMayEnterItem = kUser + 300;  // wParam: int for the answer; lParam: item
 inline constexpr Id kMayLeaveMenu = kUser + 301;  // wParam: int for the answer; lParam: menu
 inline constexpr Id kFlipToggle = kUser + 302;    // the Insert key
@@ -29,5 +32,12 @@ inline constexpr Id kRelayToList = kUser + 500;   // wParam: message; lParam: it
 // To the menu list.
 inline constexpr Id kTreeReplaced = kUser + 510;  // the full key tree is in place
 }  // namespace private_message
+
+// Keys that an edit control does not need: they act on the dialog or the list around it.
+inline bool IsPassedEditKey(std::uintptr_t virtualKey) {
+  using namespace platform::key;
+  constexpr std::array kPassed{kEscape, kTab, kEnter, kUp, kDown};
+  return std::find(kPassed.begin(), kPassed.end(), virtualKey) != kPassed.end();
+}
 
 }  // namespace ui

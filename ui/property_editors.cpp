@@ -23,6 +23,14 @@ WideString TitleOf(const PropertyDescriptor& descriptor) {
   return base::Format(u"Change '%s' Setting", descriptor.DisplayName());
 }
 
+// All ones are read where there is no address. Whoever means them finds empty fields too, and loses nothing by that.
+std::optional<std::uint32_t> AddressOf(const PropertyValue& value) {
+  const std::int32_t address =
+      value.IsInteger() ? value.AsInteger() : values::IpAddressFromDotted(base::Trim(value.AsText()));
+  if (address == values::kNoIpAddress) return std::nullopt;
+  return static_cast<std::uint32_t>(address);
+}
+
 // Opens no dialog; the choice texts of a command are kept up to date all the same.
 class ASN_NONE_PropertyEditor final : public PropertyEditor {
  protected:
@@ -104,8 +112,7 @@ class ASN_IPADDRESS_PropertyEditor final : public PropertyEditor {
     const PropertyValue& value = descriptor.OfferedValue();
     request.title = TitleOf(descriptor);
     request.text = value.AsText();
-    request.number =
-        static_cast<std::uint32_t>(value.IsInteger() ? value.AsInteger() : values::IpAddressFromDotted(request.text));
+    request.number = AddressOf(value);
   }
 };
 

@@ -1,7 +1,9 @@
 // Typing into an edit field, through one of the filters.
 #pragma once
 
-#include "ui/entry_controls.h"
+#include "platform/controls.h"
+#include "ui/entry_control.h"
+#include "ui/insert_flag.h"
 
 #include <cstddef>
 

@@ -61,7 +61,7 @@ void ParseValueAs(WideStringView type, WideStringView text, PropertyValue& value
         value.SetText(WideString(text));
       }
       break;
-    case TypeCode::kIpAddress: value.SetInteger(IpAddressFromDotted(text)); break;
+    case TypeCode::kIpAddress: value.SetInteger(IpAddressFromDotted(base::Trim(text))); break;
     case TypeCode::kOctetString:
     case TypeCode::kReaderCmd:
     case TypeCode::kPassword:

@@ -89,4 +89,13 @@ WaitCursor::WaitCursor(WindowHandle) { ++host::CurrentSession().waitCursors; }
 
 WaitCursor::~WaitCursor() { --host::CurrentSession().waitCursors; }
 
+struct WaitCursorPause::State {
+  int paused;
+};
+
+WaitCursorPause::WaitCursorPause()
+    : state_(std::make_unique<State>(State{std::exchange(host::CurrentSession().waitCursors, 0)})) {}
+
+WaitCursorPause::~WaitCursorPause() { host::CurrentSession().waitCursors = state_->paused; }
+
 }  // namespace platform

@@ -64,6 +64,7 @@ void ShowSystemMessage(WideStringView text, WideStringView caption) {
   box.fontPoints = 8;
   box.controls = controls;
   SystemMessageBox handler;
+  const WaitCursorPause pause;
   RunDialog(box, nullptr, handler);
 }
 

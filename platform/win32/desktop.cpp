@@ -6,6 +6,8 @@
 
 #include <map>
 #include <tuple>
+#include <utility>
+#include <vector>
 
 namespace platform {
 
@@ -100,6 +102,7 @@ void PauseMs(int milliseconds) {
 }
 
 void ShowSystemMessage(WideStringView text, WideStringView caption) {
+  const WaitCursorPause pause;
   MessageBoxW(nullptr, ToApi(WideString(text)), ToApi(WideString(caption)), MB_OK);
 }
 
@@ -108,27 +111,65 @@ void InitDateTimeControls() {
   InitCommonControlsEx(&controls);
 }
 
+// Those in force are linked, the latest first.
 struct WaitCursor::State {
-  HCURSOR cursor = nullptr;
+  HWND window = nullptr;
+  HCURSOR cursor = nullptr;  // before this one
   POINT pointer = {};
+  State* outer = nullptr;
+
+  void Show();
+  void TakeBack() const;
+
+  static State* innermost;
 };
 
-WaitCursor::WaitCursor(WindowHandle window) : state_(std::make_unique<State>()) {
+WaitCursor::State* WaitCursor::State::innermost = nullptr;
+
+void WaitCursor::State::Show() {
   constexpr LONG kLeftOfMiddlePx = 10;
-  state_->cursor = SetCursor(LoadCursorW(nullptr, IDC_WAIT));
-  GetCursorPos(&state_->pointer);
+  cursor = SetCursor(LoadCursorW(nullptr, IDC_WAIT));
+  GetCursorPos(&pointer);
   RECT client = {};
-  GetClientRect(ToApi(window), &client);
+  GetClientRect(window, &client);
   POINT middle = {client.right / 2 - kLeftOfMiddlePx, client.bottom / 2};
-  ClientToScreen(ToApi(window), &middle);
+  ClientToScreen(window, &middle);
   SetCursorPos(middle.x, middle.y);
   ShowCursor(TRUE);
 }
 
-WaitCursor::~WaitCursor() {
+void WaitCursor::State::TakeBack() const {
   ShowCursor(FALSE);
-  SetCursorPos(state_->pointer.x, state_->pointer.y);
-  SetCursor(state_->cursor);
+  SetCursorPos(pointer.x, pointer.y);
+  SetCursor(cursor);
+}
+
+WaitCursor::WaitCursor(WindowHandle window) : state_(std::make_unique<State>()) {
+  state_->window = ToApi(window);
+  state_->outer = std::exchange(State::innermost, state_.get());
+  state_->Show();
+}
+
+WaitCursor::~WaitCursor() {
+  state_->TakeBack();
+  State::innermost = state_->outer;
+}
+
+struct WaitCursorPause::State {
+  std::vector<WaitCursor::State*> paused;  // the latest first
+};
+
+WaitCursorPause::WaitCursorPause() : state_(std::make_unique<State>()) {
+  for (auto* cursor = std::exchange(WaitCursor::State::innermost, nullptr); cursor != nullptr; cursor = cursor->outer) {
+    cursor->TakeBack();
+    state_->paused.push_back(cursor);
+  }
+}
+
+WaitCursorPause::~WaitCursorPause() {
+  auto& paused = state_->paused;
+  for (auto cursor = paused.rbegin(); cursor != paused.rend(); ++cursor) (*cursor)->Show();
+  if (!paused.empty()) WaitCursor::State::innermost = paused.front();
 }
 
 SystemTime LocalTime() {

@@ -1,6 +1,7 @@
 #include "tests/app/flow.h"
 
 #include "base/utf8.h"
+#include "platform/host/desktop.h"
 #include "simulator/columns.h"
 #include "simulator/storage.h"
 #include "simulator/text_file.h"
@@ -59,6 +60,10 @@ void ReadStorage(const TemporaryRoot& root, Outcome& outcome) {
 
 void RunOn(const TemporaryRoot& root, const Flow& flow, FailingCalls& calls, Outcome& outcome) {
   Keypad keypad;
+  keypad.beforeEachKey = [&outcome] {
+    if (WhatIsInFront() != Front::kBox || !platform::host::IsWaitCursorShown()) return;
+    outcome.boxesUnderTheWaitCursor.push_back(BoxText(platform::ActiveWindow()));
+  };
   EXPECT_EQ(0U, PressKeysOf(flow.keys, keypad)) << flow.keys;
   EXPECT_EQ("", RunUtilityOn({root.Path(), flow.commandLine}, keypad, calls));
   outcome.boxes = keypad.Boxes();
@@ -73,8 +78,14 @@ Outcome Play(const Flow& flow, std::size_t failing, Failure failure) {
   PutStorage(flow, root);
   Outcome outcome;
   outcome.expected = ReadDevice(root);
-  FailingCalls calls([failing](std::size_t number) { return number == failing; }, failure);
+  std::vector<std::size_t> waits;
+  const auto decide = [&](std::size_t number) {
+    if (platform::host::IsWaitCursorShown()) waits.push_back(number);
+    return number == failing;
+  };
+  FailingCalls calls(decide, failure);
   RunOn(root, flow, calls, outcome);
+  for (const std::size_t number : waits) outcome.callsUnderTheWaitCursor.push_back(calls.Calls()[number - 1]);
   for (const auto& [oid, value] : calls.Stored()) outcome.expected[oid] = value;
   outcome.calls = calls.Calls();
   ReadStorage(root, outcome);

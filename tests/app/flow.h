@@ -34,6 +34,8 @@ struct Outcome {
   std::vector<std::string> calls;
   std::vector<std::string> boxes;
   std::vector<std::string> notes;
+  std::vector<std::string> callsUnderTheWaitCursor;
+  std::vector<std::string> boxesUnderTheWaitCursor;
   bool stuck = false;
   std::string storageProblem;                   // of the storage as it was left
   std::map<std::string, std::string> device;    // the values that it holds

@@ -32,6 +32,7 @@ TEST_P(FlowTest, DoesWhatTheUserWantsWhenNothingFails) {
   const Outcome outcome = Play(flow);
   EXPECT_FALSE(outcome.stuck);
   EXPECT_EQ(flow.boxes, outcome.boxes);
+  EXPECT_EQ(std::vector<std::string>(), outcome.boxesUnderTheWaitCursor);
   EXPECT_EQ(flow.notes, outcome.notes);
   auto call = outcome.calls.begin();
   for (const std::string& wanted : flow.calls) {
@@ -63,6 +64,7 @@ TEST_P(FlowTest, SaysSoWhenOneOfItsCallsFails) {
     for (const std::string& box : outcome.boxes) {
       EXPECT_TRUE(box == consequence.box || Has(clean.boxes, box) || Has(flow.mayAlsoShow, box)) << box;
     }
+    EXPECT_EQ(std::vector<std::string>(), outcome.boxesUnderTheWaitCursor);
     ExpectWholeStorage(outcome);
   }
 }
@@ -90,6 +92,21 @@ TEST(FlowList, HoldsAtLeastTwentyFlowsOfDifferentNames) {
   for (const Flow& flow : AllFlows()) names.insert(flow.name);
   EXPECT_EQ(AllFlows().size(), names.size());
   EXPECT_LE(20U, names.size());
+}
+
+const Flow& FlowNamed(std::string_view name) {
+  return *std::find_if(AllFlows().begin(), AllFlows().end(), [name](const Flow& flow) { return flow.name == name; });
+}
+
+TEST(WaitCursor, IsShownWhileTheDeviceIsGivenWhatItIsToStore) {
+  const struct {
+    const char* flow;
+    const char* call;
+  } cases[] = {
+      {"EditAnInteger", "set 3.1 42"}, {"RestoreDefaults", "set 1.1 9"}, {"ImportCertificates", "set 6.1 True"}};
+  for (const auto& c : cases) {
+    EXPECT_TRUE(Has(Play(FlowNamed(c.flow)).callsUnderTheWaitCursor, c.call)) << c.flow << ": " << c.call;
+  }
 }
 
 // What a program that has restarted its device still asks on its way to its end is not heard: the calls after the Set

@@ -112,6 +112,24 @@ TEST_F(MessageBoxTest, TheFocusReturnsToWhereItWas) {
   EXPECT_TRUE(platform::IsEnabled(main_));
 }
 
+TEST_F(MessageBoxTest, AnOwnerThatWasDisabledForAnEditDialogStaysSo) {
+  for (const char* const key : {"{Enter}", "{Esc}"}) {
+    platform::Enable(main_, false);
+    Answer(kWarningBox, key);
+    EXPECT_FALSE(platform::IsEnabled(main_)) << key;
+  }
+}
+
+TEST_F(MessageBoxTest, NoWaitCursorIsShownWhileItStands) {
+  const platform::WaitCursor outer(main_);
+  const platform::WaitCursor inner(main_);
+  bool shown = true;
+  terminal_.display.Then([&] { shown = platform::host::IsWaitCursorShown(); });
+  Answer(kMessageBox, "{Enter}");
+  EXPECT_FALSE(shown);
+  EXPECT_TRUE(platform::host::IsWaitCursorShown());
+}
+
 TEST_F(MessageBoxTest, BoxesWorkWithoutAMainWindow) {
   box_.SetOwner(nullptr);
   EXPECT_EQ(0, Answer(kMessageBox, "{Enter}"));

@@ -1,6 +1,9 @@
 // Keys that are pressed while the worker still builds the full tree.
+#include "platform/host/desktop.h"
 #include "tests/app/utility_run.h"
 #include "tests/platform/temporary_root.h"
+#include "tests/printing.h"
+#include "ui/menu_list.h"
 
 #include <gtest/gtest.h>
 
@@ -19,6 +22,32 @@ void StartAndPressAtOnce(std::string_view keys) {
     ASSERT_EQ("", RunUtilityOn({root.Path()}, keypad));
     ASSERT_FALSE(keypad.IsStuck());
     ASSERT_EQ(std::vector<std::string>(), keypad.Boxes());
+  }
+}
+
+// Until the full tree is there the first menu shows entries whose rules have not run. The many keys keep the worker
+// busy meanwhile.
+TEST(StartUp, WhatTheRulesHideDoesNotOpen) {
+  const TemporaryRoot root;
+  std::string menu =
+      "<GROUP name=\"R\"><DisplayName>Main Menu</DisplayName>"
+      "<GROUP name=\"Hidden\"><DisplayName>Hidden</DisplayName><Dependency>IF Mode EQ 5 THEN NoDisplay</Dependency>"
+      "<GROUP name=\"Inner\"><DisplayName>Inner</DisplayName></GROUP></GROUP>"
+      "<GROUP name=\"Shown\"><DisplayName>Shown</DisplayName>"
+      "<GROUP name=\"Mode\"><DisplayName>Mode</DisplayName><OID>1.1</OID><Type>Integer</Type></GROUP>";
+  for (int i = 0; i < 5000; ++i) menu += "<GROUP name=\"K" + std::to_string(i) + "\"><A>b</A></GROUP>";
+  root.Write("Windows/ovu.xml", menu + "</GROUP></GROUP>");
+  root.Write("device.txt", "1.1\tInteger\t5\n");
+  for (int start = 0; start < kStarts / 5; ++start) {
+    Keypad keypad;
+    keypad.waitsForWorker = false;
+    keypad.Press("1");
+    keypad.Then([&] {
+      const auto list = platform::host::ListStateOf(platform::ControlOf(platform::ActiveWindow(), ui::kMenuListId));
+      ASSERT_TRUE(list);
+      EXPECT_EQ(u"1  Shown", list->lines.front());
+    });
+    ASSERT_EQ("", RunUtilityOn({root.Path()}, keypad));
   }
 }
 

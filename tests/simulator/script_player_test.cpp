@@ -84,6 +84,18 @@ TEST(ScriptPlayer, WaitHoldsUntilTheProgramHasSettled) {
   EXPECT_EQ(Step::kFinished, played.player.Next());
 }
 
+TEST(ScriptPlayer, NoCommandRunsWhileTheProgramStillWorks) {
+  for (const char* const command : {"dump\n", "effects\n", "key 1\n", "type a\n", "press 1052\n"}) {
+    Played played(command);
+    played.program.settled = false;
+    EXPECT_EQ(Step::kWaits, played.player.Next()) << command;
+    EXPECT_EQ("", played.printed + played.program.notes) << command;
+    played.program.settled = true;
+    EXPECT_NE(Step::kWaits, played.player.Next()) << command;
+    EXPECT_EQ(Step::kFinished, played.player.Next()) << command;
+  }
+}
+
 TEST(ScriptPlayer, AProgramThatHasEndedTakesNoKeysButStillHasEffects) {
   Played played("effects\nkey Esc\n");
   played.program.running = false;

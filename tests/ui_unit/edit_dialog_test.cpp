@@ -120,6 +120,7 @@ class EditBench : public ui_test::PropertyBench {
     explicit Actions(EditBench& bench) : bench_(bench) {}
     bool ApplyChanges() override {
       bench_.log_.push_back("apply");
+      appliedUnderTheWaitCursor = host::IsWaitCursorShown();
       int status = 0;
       return values::SnmpSetChanges(
                  bench_.changes, status,
@@ -128,6 +129,7 @@ class EditBench : public ui_test::PropertyBench {
     void RunPostEditAction(WideStringView command, model::MenuItem& item) override {
       bench_.log_.push_back("run " + base::ToUtf8(command) + " on " + base::ToUtf8(item.DisplayName()));
     }
+    bool appliedUnderTheWaitCursor = false;
 
    private:
     WideString ErrorTextOf(WideStringView) override { return {}; }
@@ -192,6 +194,54 @@ TEST(EditDialog, SavingWithoutAChangeWritesNothing) {
   EXPECT_EQ(kNothing, bench.TakeSets());
   EXPECT_EQ(kNothing, bench.TakeLog());
   EXPECT_EQ(u"Thing  <old>", item.LineText());
+}
+
+TEST(EditDialog, WhatAControlRefusesOrHoldsAlreadyIsNoChange) {
+  const struct {
+    const char16_t* type;
+    const char16_t* value;
+    tests::KeyValues attributes;
+    const char* keys;
+  } cases[] = {
+      {u"Octet String", u"abc", {{u"MaxChars", u"3"}}, "{End}x"},  // the field is full
+      {u"Octet String", u"abc", {}, "{End}{Delete}"},
+      {u"Octet String", u"abc", {}, "{Home}{Backspace}"},
+      {u"Octet String", u"", {}, "{Backspace}"},
+      {u"Integer", u"5", {}, "x"},
+      {u"Integer", u"1", {{u"ChoiceFmt", u"1#A|2#B"}}, "{Up}"},
+      {u"Integer", u"2", {{u"ChoiceFmt", u"1#A|2#B"}}, "{Down}"},
+      {u"Bool", u"1", {}, "{Up}"},
+  };
+  for (const auto& c : cases) {
+    EditBench bench;
+    model::MenuItem& item = bench.LineOf(c.type, c.value, c.attributes);
+    bench.Press(std::string(c.keys) + "{Enter}");
+    EXPECT_FALSE(bench.Edit(item)) << c.keys;
+    EXPECT_EQ(kNothing, bench.TakeSets()) << c.keys;
+  }
+}
+
+TEST(EditDialog, AChangeThatIsTakenBackIsAnEditAllTheSame) {
+  EditBench bench;
+  bench.Press("{End}6{Backspace}{Enter}");
+  EXPECT_TRUE(bench.Edit(bench.LineOf(u"Integer", u"5")));
+  EXPECT_EQ(Strings{"set 1.2.3 Integer 5"}, bench.TakeSets());
+}
+
+TEST(EditDialog, AChoiceWithoutATextIsAnotherThanNone) {
+  EditBench bench;
+  bench.Press("{Down}{Enter}");
+  EXPECT_TRUE(bench.Edit(bench.LineOf(u"Integer", u"9", {{u"ChoiceFmt", u"7#|8#B"}})));
+  EXPECT_EQ(Strings{"set 1.2.3 Integer 7"}, bench.TakeSets());
+}
+
+TEST(EditDialog, TheWaitCursorIsShownUntilTheChangeIsApplied) {
+  EditBench bench;
+  bench.Look([] { EXPECT_FALSE(host::IsWaitCursorShown()); });
+  bench.Press("6{Enter}");
+  bench.Edit(bench.LineOf(u"Integer", u"5"));
+  EXPECT_TRUE(bench.actions.appliedUnderTheWaitCursor);
+  EXPECT_FALSE(host::IsWaitCursorShown());
 }
 
 TEST(EditDialog, CancellingAChangeWritesNothing) {
@@ -551,6 +601,43 @@ TEST(EditDialog, EnterInAnAddressSavesItEvenUnchanged) {
   bench.Press("{Enter}");
   EXPECT_TRUE(bench.Edit(item));
   EXPECT_EQ(Strings{"set 1.2.3 IP Address 192.168.0.1"}, bench.TakeSets());
+}
+
+TEST(EditDialog, ATextThatIsNoAddressOpensAsEmptyFieldsAndEnterOnThemSavesNothing) {
+  for (const bool byKey : {true, false}) {
+    EditBench bench;
+    model::MenuItem& item = bench.LineOf(u"Octet String", u"by DHCP", {{u"PropEditor", u"IP Address"}});
+    bench.Look([] { EXPECT_EQ("1012 ip \"\" \"\" \"\" \"\"", EditBench::Screen().front()); });
+    if (byKey) {
+      bench.Press("{Enter}");
+    } else {
+      bench.Look([] { platform::Post(EditBench::Control(ui::kEditSaveId), message::kButtonClick); });
+    }
+    EXPECT_FALSE(bench.Edit(item, true));
+    EXPECT_EQ(kNothing, bench.TakeSets());
+  }
+}
+
+TEST(EditDialog, ZerosTypedIntoEmptyFieldsAreAnAddress) {
+  for (const bool byKey : {true, false}) {
+    EditBench bench;
+    model::MenuItem& item = bench.LineOf(u"Octet String", u"", {{u"PropEditor", u"IP Address"}});
+    bench.Press("0");
+    if (byKey) {
+      bench.Press("{Enter}");
+    } else {
+      bench.Look([] { platform::Post(EditBench::Control(ui::kEditSaveId), message::kButtonClick); });
+    }
+    EXPECT_TRUE(bench.Edit(item, true));
+    EXPECT_EQ(Strings{"set 1.2.3 Octet String 0.0.0.0"}, bench.TakeSets());
+  }
+}
+
+TEST(EditDialog, BlanksAroundAnAddressAreNoPartOfIt) {
+  EditBench bench;
+  bench.Look([] { EXPECT_EQ("1012 ip \"10\" \"1\" \"2\" \"3\"", EditBench::Screen().front()); });
+  bench.Press("{Esc}");
+  bench.Edit(bench.LineOf(u"IP Address", u" 10.1.2.3 "));
 }
 
 TEST(EditDialog, EscInAnAddressCancels) {

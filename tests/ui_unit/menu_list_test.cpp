@@ -82,10 +82,12 @@ class MenuListTest : public testing::Test {
     log_.clear();
   }
 
-  // With 20 items; the third page's "...Back" is selected then.
+  // With 20 items: the list box's own keys leave the list between the second page and the third.
   void GoBetweenPagesTwoAndThree() {
-    for (int i = 0; i < 3; ++i) Key(platform::key::kPageDown);
-    for (int i = 0; i < 6; ++i) Key(platform::key::kUp);
+    for (int i = 0; i < 2; ++i) Key(platform::key::kPageDown);
+    ASSERT_EQ("8/16 8  a15", At());
+    Key(platform::key::kPageDown);
+    ASSERT_EQ("16/24 ", At());
   }
 
   void Key(std::uint16_t key) { platform::Send(list_.Handle(), platform::message::kKeyDown, key); }
@@ -174,12 +176,48 @@ TEST_F(MenuListTest, EnterOnBackSelectsThePreviousPagesFirstLine) {
   EXPECT_EQ("", log_);
 }
 
-TEST_F(MenuListTest, EnterOnBackSelectsLineZeroWhenLessThanAPageIsAboveIt) {
+TEST_F(MenuListTest, AfterAKeyOfTheProgramsOwnTheTopIsAPagesFirstLine) {
   ShowMenuOf(20);
-  GoBetweenPagesTwoAndThree();
-  EXPECT_EQ("16/18 1  ...Back", At());
-  Key(key::kEnter);
-  EXPECT_EQ("0/0 1  a1", At());
+  owner_->mayEnter = false;
+  const struct {
+    std::uint16_t key;
+    const char* after;
+  } cases[] = {{key::kUp, "9/15 7  a14"}, {key::kDown, "9/17 9  More..."}, {key::kEnter, "9/16 8  a15"}};
+  for (const auto& c : cases) {
+    Key(key::kHome);
+    list_.Show(root_);
+    for (const std::uint16_t page : {key::kPageDown, key::kPageDown}) Key(page);
+    ASSERT_EQ("8/16 8  a15", At());
+    Key(c.key);
+    EXPECT_EQ(c.after, At());
+    list_.Reset(root_);
+    list_.Show(root_);
+  }
+}
+
+TEST_F(MenuListTest, ADigitThatHitsALineBelowTheTopOfAPageTurnsToIt) {
+  ShowMenuOf(20);
+  owner_->mayEnter = false;
+  for (const std::uint16_t page : {key::kPageDown, key::kPageDown}) Key(page);
+  ASSERT_EQ("8/16 8  a15", At());
+  Type(u'3');
+  EXPECT_EQ("9/11 3  a10", At());
+}
+
+TEST_F(MenuListTest, EndOnPaddingAndUpShowTheWholeFirstPage) {
+  ShowMenuOf(9);
+  Key(key::kEnd);
+  EXPECT_EQ("9/17 ", At());
+  Key(key::kUp);
+  EXPECT_EQ("0/8 9  a9", At());
+}
+
+TEST_F(MenuListTest, APlainListScrollsLineByLine) {
+  for (int i = 1; i <= 12; ++i) Add(root_, u"a" + base::ToText(i));
+  root_.list.numbered = false;
+  ShowRoot();
+  for (int i = 0; i < 9; ++i) Key(key::kDown);
+  EXPECT_EQ("1/9 a10", At());
 }
 
 TEST_F(MenuListTest, TabMovesDownAndTheListBoxSeesItToo) {
@@ -311,13 +349,25 @@ TEST_F(MenuListTest, AMenuOfHeadingsHasNothingToSelect) {
   }
 }
 
-TEST_F(MenuListTest, UpOnBackSelectsNoHeadingWhenTheListStandsBetweenTwoPages) {
-  for (int i = 1; i <= 20; ++i) Add(root_, u"a" + base::ToText(i));
-  root_.Children()[13]->list.nonSelectable = true;
+TEST_F(MenuListTest, ADigitEntersNoHeading) {
+  Add(root_, u"2 kinds of keys:").list.nonSelectable = true;
+  Add(root_, u"a");
+  Add(root_, u"b");
   ShowRoot();
-  GoBetweenPagesTwoAndThree();
-  Key(key::kUp);
-  EXPECT_EQ("7/14 6  a13", At());
+  Type(u'2');
+  EXPECT_EQ("0/2 2  b", At());
+  EXPECT_EQ("enter b;activate b;", log_);
+  log_.clear();
+  Type(u'3');
+  EXPECT_EQ("", log_);
+}
+
+TEST_F(MenuListTest, AnItemThatIsNoLongerDisplayedIsRefusedAndItsLineGoes) {
+  ShowMenuOf(3);
+  owner_->mayEnter = false;
+  root_.Children()[1]->SetState(model::DisplayState::kNotDisplayed);
+  Type(u'2');
+  EXPECT_EQ(u"2  a3", Box().Line(1));
 }
 
 TEST_F(MenuListTest, TheEmptyLineAboveMoreIsSkipped) {
@@ -332,8 +382,10 @@ TEST_F(MenuListTest, TheEmptyLineAboveMoreIsSkipped) {
 
 TEST_F(MenuListTest, HomeAndFunctionKeysGoToTheOwnerAndInsertIsReported) {
   ShowMenuOf(1);
-  for (const std::uint16_t virtualKey : {key::kHome, key::kF1, key::kF4, key::kInsert}) Key(virtualKey);
-  EXPECT_EQ("key 36;key 112;key 115;insert;", log_);
+  for (const std::uint16_t virtualKey : {key::kHome, key::kF1, key::kF2, key::kF3, key::kF4, key::kInsert}) {
+    Key(virtualKey);
+  }
+  EXPECT_EQ("key 36;key 112;key 113;key 114;key 115;insert;", log_);
 }
 
 TEST_F(MenuListTest, ALineIsRewrittenBehindItsNumber) {
@@ -365,6 +417,51 @@ TEST_F(MenuListTest, ReplacedItemsAreFoundAgainByPath) {
   for (int i = 1; i <= 10; ++i) Add(root_, u"a" + base::ToText(i));
   list_.ItemsWereReplaced();
   EXPECT_EQ("9/12 4  a10", At());
+}
+
+// What a replacement leaves of 20 items, and where the list then stands.
+TEST_F(MenuListTest, PageLineAndKindOutliveAReplacementOfTheItems) {
+  const struct {
+    std::vector<std::uint16_t> keys;
+    int left;
+    const char* after;
+  } cases[] = {
+      {{key::kEnd}, 20, "18/23 6  a20"},  // from the padding to the last line
+      {{key::kUp, key::kUp, key::kUp, key::kUp, key::kUp, key::kUp}, 20, "18/18 1  ...Back"},
+      {{key::kUp, key::kUp, key::kUp, key::kUp, key::kUp, key::kUp, key::kUp}, 20, "9/17 9  More..."},
+      {{key::kUp, key::kUp, key::kUp, key::kUp, key::kUp, key::kUp, key::kUp}, 12, "0/8 9  More..."},
+      {{key::kUp, key::kUp, key::kUp, key::kUp, key::kUp, key::kUp, key::kUp}, 5, "0/4 5  a5"},
+      {{key::kUp}, 12, "9/13 5  a12"},
+      {{key::kPageDown, key::kPageDown}, 20, "8/16 8  a15"},  // between two pages, as it was
+  };
+  for (const auto& c : cases) {
+    root_.RemoveChildren();
+    root_.list = {};
+    for (int i = 1; i <= 20; ++i) Add(root_, u"a" + base::ToText(i));
+    ui::MenuList list;
+    ASSERT_TRUE(list.Create(window_, root_, title_, {.x = 10, .y = 30, .width = 210, .height = 180}));
+    ASSERT_TRUE(list.Show(root_));
+    for (const std::uint16_t each : c.keys) platform::Send(list.Handle(), platform::message::kKeyDown, each);
+    list.ItemsWillBeReplaced();
+    root_.RemoveChildren();
+    for (int i = 1; i <= c.left; ++i) Add(root_, u"a" + base::ToText(i));
+    list.ItemsWereReplaced();
+    const platform::ListBox box(list.Handle());
+    EXPECT_EQ(c.after, std::to_string(box.Top()) + "/" + std::to_string(box.Selected()) + " " +
+                           base::ToUtf8(box.Line(box.Selected())));
+  }
+}
+
+TEST_F(MenuListTest, AfterAReplacementADigitMeansTheLineThatWasThere) {
+  ShowMenuOf(20);
+  Type(u'9');  // the second page, "More..." selected
+  list_.ItemsWillBeReplaced();
+  root_.RemoveChildren();
+  for (int i = 1; i <= 20; ++i) Add(root_, u"a" + base::ToText(i));
+  list_.ItemsWereReplaced();
+  log_.clear();
+  Type(u'3');
+  EXPECT_EQ("enter a10;activate a10;", log_);
 }
 
 TEST_F(MenuListTest, AMenuThatIsGoneGivesWayToTheOneAbove) {
@@ -404,7 +501,7 @@ TEST_F(MenuListTest, TheThumbFollowsAClick) {
   EXPECT_EQ(82, ui::CurrentScrollThumb().top);
   platform::Send(list_.Handle(), platform::message::kLeftButtonDown);
   platform::Send(list_.Handle(), platform::message::kLeftButtonUp);
-  EXPECT_EQ("16/16 8  a15", At());
+  EXPECT_EQ("9/16 8  a15", At());
   EXPECT_EQ(41, ui::CurrentScrollThumb().top);
 }
 

@@ -217,6 +217,26 @@ TEST(PropertyEditors, AnAddressIsANumberWithItsFirstFieldOnTop) {
   EXPECT_NE(u"", request.text);
 }
 
+TEST(PropertyEditors, AnAddressMayHaveBlanksAroundItAndATextThatIsNoneHasNoNumber) {
+  const struct {
+    const char16_t* type;
+    const char16_t* text;
+    std::optional<std::uint32_t> number;
+  } cases[] = {
+      {u"IP Address", u" 192.168.0.1  ", 0xC0A80001u},
+      {u"Octet String", u" 192.168.0.1\t", 0xC0A80001u},
+      {u"IP Address", u"by DHCP", std::nullopt},
+      {u"Octet String", u"by DHCP", std::nullopt},
+      {u"Octet String", u"", std::nullopt},
+      {u"IP Address", u"0.0.0.0", 0u},
+  };
+  for (const auto& c : cases) {
+    PropertyBench bench;
+    const tests::KeyValues more = {{u"PropEditor", u"IP Address"}};
+    EXPECT_EQ(c.number, EditorTable().MakeRequest(bench.Make(c.type, c.text, more)).number) << base::ToUtf8(c.text);
+  }
+}
+
 TEST(PropertyEditors, APasswordHasItsTextAndLengthAndIsMasked) {
   PropertyBench bench;
   const EditRequest request = EditorTable().MakeRequest(bench.Make(u"Password", u"secret", {{u"MaxChars", u"8"}}));

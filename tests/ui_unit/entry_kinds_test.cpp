@@ -1,4 +1,4 @@
-#include "ui/entry_controls.h"
+#include "ui/entry_kinds.h"
 
 #include "tests/printing.h"
 #include "tests/support/scripted_terminal.h"
@@ -11,7 +11,7 @@ namespace {
 using ui::EditRequest;
 using ui::EntryKind;
 
-TEST(EntryControls, TheKindFollowsTypeSubtypeAndChoices) {
+TEST(EntryKinds, TheKindFollowsTypeSubtypeAndChoices) {
   const std::vector<WideString> none;
   const std::vector<WideString> flags = {u"TRUE", u"FALSE"};
   const std::vector<WideString> lowerFlags = {u"false", u"true"};
@@ -67,7 +67,7 @@ TEST(EntryControls, TheKindFollowsTypeSubtypeAndChoices) {
   }
 }
 
-TEST(EntryControls, EveryKindHasItsControlInBothTemplates) {
+TEST(EntryKinds, EveryKindHasItsControlInBothTemplates) {
   for (const EntryKind kind :
        {EntryKind::kText, EntryKind::kNumber, EntryKind::kHex, EntryKind::kHex32, EntryKind::kChoices,
         EntryKind::kTrueFalse, EntryKind::kDate, EntryKind::kTime, EntryKind::kAddress}) {
@@ -96,7 +96,7 @@ class Clipboard final : public platform::MessageHandler {
   WideString text_;
 };
 
-TEST(EntryControls, WhatIsNoNumberCannotBePastedIntoOne) {
+TEST(EntryKinds, WhatIsNoNumberCannotBePastedIntoOne) {
   const struct {
     EntryKind kind;
     WideStringView pasted;

@@ -1,13 +1,12 @@
-// The controls of the edit dialog in which a value is entered: one class for each way of entering.
+// A control of the edit dialog in which a value is entered. Each way of entering is a class of its own.
 #pragma once
 
-#include "platform/controls.h"
 #include "platform/window.h"
 #include "ui/edit_request.h"
-#include "ui/insert_flag.h"
 #include "values/property_line_text.h"
 
-#include <memory>
+#include <optional>
+#include <utility>
 
 namespace ui {
 
@@ -35,35 +34,25 @@ class EntryControl {
   // Takes over what is only half typed; may set off the control's change notification. False when what was typed cannot
   // be saved: the user knows why, and may go on with it.
   virtual bool Finish() { return true; }
+  // False for fields that there was nothing to fill with and that are still empty.
+  virtual bool HasValue() const { return true; }
   virtual EnteredValue Entered() const = 0;
   // Whether a character about to be typed is swallowed.
   virtual bool Swallows(char16_t) { return false; }
 
+  // Whether the control holds something else than at the call before. It may notify of changes that are none: of a key
+  // that it refused, of a choice that was selected already.
+  bool TakeChange() {
+    std::optional<WideString> now = Contents();
+    return std::exchange(contents_, now) != now;
+  }
+
  private:
+  // Differs whenever a value to be saved would.
+  virtual WideString Contents() const { return Entered().text; }
+
   platform::WindowHandle window_;
+  std::optional<WideString> contents_;
 };
-
-// The ways of entering a value.
-enum class EntryKind {
-  kNone,
-  kText,
-  kNumber,
-  kHex,
-  kHex32,
-  kChoices,
-  kTrueFalse,
-  kDate,
-  kTime,
-  kAddress,
-};
-
-// kNone: the property cannot be edited.
-EntryKind ChooseEntryKind(const EditRequest& request);
-
-// The dialog's control that a kind of entry uses.
-int EntryControlId(EntryKind kind);
-
-// Null for kNone. The entry attaches to a window made before.
-std::unique_ptr<EntryControl> MakeEntryControl(EntryKind kind, platform::WindowHandle window, InsertFlag& insertFlag);
 
 }  // namespace ui
