@@ -42,10 +42,11 @@ void FitToText(const BoxParts& parts, WideStringView text, bool centred) {
   Rect box = platform::WindowRect(parts.box);
 
   const int room = below.top - message.top;
-  int wider = 0;
-  int height = HeightOf(parts.message, text, message.Width());
-  if (box.bottom + height - room > screen.bottom) {
-    wider = std::max(0, screen.right - box.right);
+  // The small screen's right edge comes before the box's.
+  int wider = std::min(0, screen.right - platform::WindowRect(parts.message).right);
+  int height = HeightOf(parts.message, text, message.Width() + wider);
+  if (box.bottom + height - room > screen.bottom && box.right < screen.right) {
+    wider = screen.right - box.right;
     height = HeightOf(parts.message, text, message.Width() + wider);
   }
   const int higher = std::clamp(height - room, 0, std::max(0, screen.bottom - box.bottom));
@@ -54,7 +55,7 @@ void FitToText(const BoxParts& parts, WideStringView text, bool centred) {
   platform::Move(parts.message,
                  {message.left, message.top + above, message.right + wider, message.top + room + higher});
   platform::Move(parts.below, {below.left, below.top + higher, below.right, below.bottom + higher});
-  box.right += wider;
+  box.right += std::max(0, wider);
   box.bottom += higher;
   platform::Move(parts.box, box);
 }

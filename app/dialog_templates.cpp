@@ -19,7 +19,8 @@ constexpr Bits kListStyle = kListNotify | kListNoIntegralHeight | kTabStop;
 
 constexpr WideStringView kScrollHintText = u"   Press arrows to scroll text.";
 
-// The hint stands where the list and the text page are, so it starts hidden.
+// The hint stands where the list and the text page are, so it starts hidden and is never shown: the navigation line
+// says which keys turn the page.
 constexpr DialogControl kSmallMainControls[] = {
     {control_id::kTitle, kStatic, u"Title", kVisible | kTitleStyle, 0, 0, 93, 8},
     {control_id::kProgress, kProgressBar, u"", 0, 8, 38, 70, 10},

@@ -25,6 +25,6 @@ const platform::DialogTemplate& MainTemplate(bool largeLayout);  // 119 or 105
 const platform::DialogTemplate& ShortMessageTemplate();  // 113
 const platform::DialogTemplate& LongMessageTemplate();   // 114
 const platform::DialogTemplate& ExitChoiceTemplate();    // 115
-const platform::DialogTemplate& OldMessageTemplate();    // 112, smaller; the boxes choose between the others
+const platform::DialogTemplate& OldMessageTemplate();    // 112, a part of the program's resources that no box chooses
 
 }  // namespace app

@@ -56,7 +56,7 @@ LResult MainDialog::Initialise() {
   actions_.BringModelUpToDate();
   ShowRootMenu();
   platform::Post(window_, ui::private_message::kStartWorker);
-  return 0;  // the list has the focus
+  return 0;  // not 1, which would give the dialog's first control the focus that the list has
 }
 
 void MainDialog::SetFonts() const {
@@ -65,7 +65,8 @@ void MainDialog::SetFonts() const {
   platform::SetFont(navigation_, {kFontFace, kHintPx});
 }
 
-// On the small layout the list reaches into the navigation line, which so goes as far down as the window does.
+// On the small layout the list would cover the navigation line where its template has it. So the line goes as far down
+// as the window does, and both are seen.
 void MainDialog::PlaceNavigation() const {
   if (largeLayout_) return;
   const platform::Rect line = platform::RectInParent(navigation_);

@@ -85,7 +85,7 @@ class BoxProcedure final : public platform::MessageHandler {
     const WindowHandle below = list_ ? list_.Handle() : pressEnter;
     const WindowHandle message = platform::ControlOf(box, control_id::kMessage);
     if (message != nullptr) FitToText({box, message, below}, text_, isShort_);
-    return 0;  // the focus is set
+    return 0;  // not 1: the focus is set already
   }
 
   void Ask(platform::ListBox list) {

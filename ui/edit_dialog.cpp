@@ -45,6 +45,7 @@ class EditDialog final : public platform::MessageHandler {
  private:
   LResult Init(WindowHandle dialog);
   void Place() const;
+  void MakeRoomForHint() const;
   void ShowDescription() const;
   void MakeRoomForDescription() const;
   std::optional<LResult> OnCommand(const Message& received);
@@ -112,6 +113,7 @@ LResult EditDialog::Init(WindowHandle dialog) {
   platform::Control(window).ShowAndEnable();
   entry_->Fill(request_);
   Place();
+  MakeRoomForHint();
   platform::SetText(dialog, descriptor_.DisplayName());
   ShowDescription();
   platform::Focus(window);
@@ -125,6 +127,15 @@ void EditDialog::Place() const {
   const platform::Point place = largeLayout_ ? kLargePlace : kSmallPlace;
   const Rect now = platform::WindowRect(dialog_);
   platform::Move(dialog_, {place.x, place.y, place.x + now.Width(), place.y + now.Height()});
+}
+
+// The small layout's hint needs a little more than its template gives it.
+void EditDialog::MakeRoomForHint() const {
+  const WindowHandle hint = platform::ControlOf(dialog_, kEditHintId);
+  if (hint == nullptr) return;
+  Rect place = platform::RectInParent(hint);
+  place.right = platform::ClientRect(dialog_).right;
+  platform::Move(hint, place);
 }
 
 void EditDialog::ShowDescription() const {

@@ -59,6 +59,8 @@ class BoxLayoutTest : public testing::Test {
     EXPECT_LE(places.message.bottom, places.below.top);
     EXPECT_LE(places.below.bottom, places.box.bottom);
     EXPECT_LE(places.box.bottom, screen.height);
+    EXPECT_LE(places.message.right, screen.width);
+    EXPECT_LE(places.below.right, screen.width);
   }
 
   tests::ScriptedTerminal terminal_;

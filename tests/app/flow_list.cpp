@@ -272,7 +272,7 @@ std::vector<Flow> Commands() {
       {.name = "RestoreDefaults",
        .menu = Property("Volume", "1.1", "Integer", "<DefVal>9</DefVal>") +
                Group("Options",
-                     "<OID>4.1</OID><Type>ReaderCmd</Type><CmdString>2,1,3</CmdString>"
+                     "<OID>4.1</OID><Type>ReaderCmd</Type><CmdString>Table,COMMANDS,Options</CmdString>"
                      "<DefVal>2020</DefVal><Dependency>4.1|ReaderCmd|-0</Dependency>") +
                Property("Tone", "1.2", "Integer", "<DefVal>7</DefVal><Event>ToneChanged</Event>") +
                Group("Restore", "<Function>RestoreDefaults</Function>"),
@@ -282,7 +282,8 @@ std::vector<Flow> Commands() {
        .boxes = {"Alert: Restoring Factory Defaults will replace all the current settings.\nRestore now? [Yes] [No]",
                  "Apply: Changes applied successfully"},
        .consequences = {{"set", "Error: An error occurred restoring all factory defaults.", ""}},
-       .mayAlsoShow = {kNotSaved}},
+       .mayAlsoShow = {kNotSaved},
+       .files = {{"tables.txt", "COMMANDS\tOptions\t2,1,3\n"}}},
       {.name = "StoreSettings",
        .menu = kVolume + Group("Sub", Property("Tone", "1.2", "Integer")) +
                Group("Store", "<Function>StoreConfig</Function>"),

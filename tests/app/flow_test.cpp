@@ -102,8 +102,10 @@ TEST(WaitCursor, IsShownWhileTheDeviceIsGivenWhatItIsToStore) {
   const struct {
     const char* flow;
     const char* call;
-  } cases[] = {
-      {"EditAnInteger", "set 3.1 42"}, {"RestoreDefaults", "set 1.1 9"}, {"ImportCertificates", "set 6.1 True"}};
+  } cases[] = {{"EditAnInteger", "set 3.1 42"},
+               {"RestoreDefaults", "table COMMANDS Options"},
+               {"RestoreDefaults", "set 1.1 9"},
+               {"ImportCertificates", "set 6.1 True"}};
   for (const auto& c : cases) {
     EXPECT_TRUE(Has(Play(FlowNamed(c.flow)).callsUnderTheWaitCursor, c.call)) << c.flow << ": " << c.call;
   }

@@ -96,6 +96,52 @@ TEST_F(MainDialogTest, ASecondEditWhileOneRunsIsIgnored) {
   EXPECT_EQ(0, second);
 }
 
+TEST_F(MainDialogTest, HomeForgetsWhereTheMenuThatIsLeftStood) {
+  for (const WideStringView name : {u"second", u"third"}) Add(*root_.Children().front(), WideString(name));
+  terminal_.display.Press("{Enter}{Down}{Down}{Home}");
+  terminal_.display.Then([&] {
+    EXPECT_EQ(u"Root", Title());
+    EXPECT_EQ(0, platform::ListBox(Control(ui::kMenuListId)).Selected());
+  });
+  terminal_.display.Press("{Enter}");
+  terminal_.display.Then([&] { EXPECT_EQ(0, platform::ListBox(Control(ui::kMenuListId)).Selected()); });
+  // So it does with the root menu's own page.
+  terminal_.display.Press("{Esc}{Up}{Home}");
+  terminal_.display.Then([&] { EXPECT_EQ(0, platform::ListBox(Control(ui::kMenuListId)).Selected()); });
+  terminal_.display.Press("{Esc}");
+  Run();
+}
+
+TEST_F(MainDialogTest, WhenItIsMadeActiveItIsTheActiveWindow) {
+  terminal_.display.Then([&] {
+    const WindowHandle other = platform::MakeWindow({.className = u"Static",
+                                                     .style = platform::style::kPopup | platform::style::kVisible,
+                                                     .width = 20,
+                                                     .height = 20});
+    platform::Activate(other);
+    platform::Send(window_, platform::message::kActivate, platform::kInactive);
+    EXPECT_EQ(other, platform::ActiveWindow());
+    platform::Send(window_, platform::message::kActivate, platform::kActive);
+    EXPECT_EQ(window_, platform::ActiveWindow());
+    platform::Destroy(other);
+  });
+  terminal_.display.Press("{Esc}");
+  Run();
+}
+
+// A window that goes while it is set up takes its list with it.
+TEST(MainDialogWithoutAList, SaysSoAndEnds) {
+  tests::ScriptedTerminal terminal;
+  tests::RecordingActions actions;
+  model::MenuItem root(nullptr, u"R", u"Root", u"Root");
+  app::MainDialog dialog(actions, terminal.boxes, [](WindowHandle window) { platform::Destroy(window); });
+  EXPECT_EQ(0, dialog.Run(root, true));
+  EXPECT_EQ(
+      std::vector<std::string>{"Initialization Error: Error getting configuration data. Warm boot and try again. (1)"},
+      terminal.boxes.shown);
+  EXPECT_EQ("", actions.log);
+}
+
 TEST_F(MainDialogTest, AMessageShowsTheRootMenuAgain) {
   terminal_.display.Press("{Enter}");
   terminal_.display.Then([&] {

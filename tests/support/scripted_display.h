@@ -56,7 +56,10 @@ class ScriptedDisplay : public platform::host::Display {
     return std::nullopt;
   }
   void Wake() override { ++wakes; }
-  void Pause(std::chrono::milliseconds duration) override { paused += duration; }
+  void Pause(std::chrono::milliseconds duration) override {
+    paused += duration;
+    if (whilePaused) whilePaused();
+  }
   void Beep() override { ++beeps; }
   void ComeForward() override {}
 
@@ -64,6 +67,7 @@ class ScriptedDisplay : public platform::host::Display {
   std::atomic<int> wakes = 0;
   int beeps = 0;
   std::chrono::milliseconds paused{0};
+  std::function<void()> whilePaused;
 
  protected:
   // What is pressed when the script is used up.

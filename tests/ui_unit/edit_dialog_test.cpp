@@ -266,6 +266,40 @@ TEST(EditDialog, TheFocusReturnsToWhereItWas) {
   }
 }
 
+TEST(EditDialog, TheFocusReturnsToTheWindowThatLostItToTheDialog) {
+  EditBench bench;
+  const WindowHandle other = platform::MakeWindow({.className = u"Edit",
+                                                   .style = platform::style::kChild | platform::style::kVisible,
+                                                   .width = 50,
+                                                   .height = 20,
+                                                   .parent = bench.owner});
+  model::MenuItem& item = bench.LineOf(u"Integer", u"5");
+  bench.Look([other] {
+    const WindowHandle dialog = platform::ActiveWindow();
+    platform::Send(dialog, message::kSetFocus, platform::ToWParam(other));
+    // Its own controls go with it.
+    platform::Send(dialog, message::kSetFocus, platform::ToWParam(EditBench::Control(ui::kTextEntryId)));
+  });
+  bench.Press("{Esc}");
+  bench.Edit(item);
+  EXPECT_EQ(other, platform::FocusedWindow());
+}
+
+TEST(EditDialog, ItsEntryHasTheFocusWheneverItBecomesActive) {
+  EditBench bench;
+  model::MenuItem& item = bench.LineOf(u"Integer", u"5");
+  bench.Look([] {
+    const WindowHandle dialog = platform::ActiveWindow();
+    platform::Focus(EditBench::Control(ui::kEditSaveId));
+    platform::Send(dialog, message::kActivate, platform::kInactive);
+    EXPECT_EQ(EditBench::Control(ui::kEditSaveId), platform::FocusedWindow());
+    platform::Send(dialog, message::kActivate, platform::kActive);
+    EXPECT_EQ(EditBench::Control(ui::kTextEntryId), platform::FocusedWindow());
+  });
+  bench.Press("{Esc}");
+  bench.Edit(item, true);
+}
+
 TEST(EditDialog, TheLargeLayoutHasButtons) {
   EditBench bench;
   model::MenuItem& item = bench.LineOf(u"Integer", u"5");
@@ -298,6 +332,19 @@ TEST(EditDialog, ItStandsAtItsPlaceUnderTheDisplayName) {
     const platform::Rect place = platform::WindowRect(platform::ActiveWindow());
     EXPECT_EQ(3, place.left);
     EXPECT_EQ(15, place.top);
+  });
+  bench.Press("{Esc}");
+  bench.Edit(item);
+}
+
+TEST(EditDialog, TheSmallLayoutsHintIsSeenWhole) {
+  EditBench bench;
+  model::MenuItem& item = bench.LineOf(u"Integer", u"5");
+  bench.Look([] {
+    const WindowHandle hint = EditBench::Control(ui::kEditHintId);
+    const platform::Rect place = platform::RectInParent(hint);
+    EXPECT_LE(platform::MeasureText(hint, platform::TextOf(hint), {u"Tahoma", 13}), place.Width());
+    EXPECT_LE(place.right, platform::ClientRect(platform::ActiveWindow()).right);
   });
   bench.Press("{Esc}");
   bench.Edit(item);

@@ -409,6 +409,19 @@ TEST(AddressControl, AMessageTakesAndReturnsTheFocusUnreported) {
   dialog.Run();
 }
 
+TEST(AddressControl, WhileAMessageIsShownNoFieldIsCheckedAgain) {
+  AddressDialog dialog;
+  dialog.Look([&] { Arrange(dialog.control, "[10].0.0.0"); });
+  int answers = 0;
+  dialog.terminal.boxes.whileShown = [&] {
+    if (++answers > 1) return;
+    EXPECT_EQ(0, dialog.Tell(address_message::kCheck));
+  };
+  dialog.Press("300");
+  dialog.Run();
+  EXPECT_EQ(1, answers);
+}
+
 TEST(AddressControl, FocusIsReportedOnceForAllFourFields) {
   AddressDialog dialog;
   dialog.Look([&] { platform::Focus(platform::ControlOf(dialog.dialog, kOtherId)); });

@@ -74,7 +74,7 @@ TEST(PropertyEditors, ARefusedValueIsOfferedAgain) {
     EXPECT_EQ(c.value, request.value) << base::ToUtf8(c.type);
     EXPECT_EQ(c.text, request.text) << base::ToUtf8(c.type);
     EXPECT_EQ(c.selected, request.selected) << base::ToUtf8(c.type);
-    EXPECT_EQ(c.number, request.number) << base::ToUtf8(c.type);
+    EXPECT_EQ(c.number, request.number.value_or(0)) << base::ToUtf8(c.type);
   }
 }
 
@@ -143,7 +143,7 @@ TEST(PropertyEditors, AFlagIsANumber) {
   for (const auto& c : cases) {
     PropertyBench bench;
     const EditRequest request = EditorTable().MakeRequest(bench.Make(u"Bool", c.value));
-    EXPECT_EQ(c.number, request.number) << base::ToUtf8(c.value);
+    EXPECT_EQ(c.number, request.number.value_or(0)) << base::ToUtf8(c.value);
     EXPECT_EQ(Texts{}, request.choices);
   }
 }

@@ -222,6 +222,24 @@ TEST(WindowsClasses, AnUnknownOneMakesNoWindow) {
   EXPECT_EQ(nullptr, MakeWindow(spec));
 }
 
+TEST(WindowsCursor, TheWaitCursorIsOffWhileItPausesAndBackAfterwards) {
+  InDialog([](WindowHandle dialog) {
+    const HCURSOR before = GetCursor();
+    const HCURSOR waiting = LoadCursorW(nullptr, IDC_WAIT);
+    {
+      const WaitCursor outer(dialog);
+      const WaitCursor inner(dialog);
+      EXPECT_EQ(waiting, GetCursor());
+      {
+        const WaitCursorPause pause;
+        EXPECT_EQ(before, GetCursor());
+      }
+      EXPECT_EQ(waiting, GetCursor());
+    }
+    EXPECT_EQ(before, GetCursor());
+  });
+}
+
 TEST(WindowsDesktop, OtherWindowsAreListedByTheirTitles) {
   InDialog([](WindowHandle dialog) {
     int found = 0;

@@ -1,0 +1,205 @@
+// What every screen of the two layouts looks like: one table, which the templates, the fonts, the places and the
+// colours of the whole program have to give.
+#include "tests/support/look.h"
+#include "tests/app/utility_run.h"
+#include "tests/platform/temporary_root.h"
+
+#include <gtest/gtest.h>
+
+namespace tests {
+namespace {
+
+constexpr const char* kConfiguration = R"(<GROUP name="R"><DisplayName>Main Menu</DisplayName>
+<GROUP name="Text"><DisplayName>Text</DisplayName><OID>1.1</OID><Type>Integer</Type><Range>1,9</Range></GROUP>
+<GROUP name="Choice"><DisplayName>Choice</DisplayName><ShortDesc>Which</ShortDesc><OID>1.2</OID><Type>Integer</Type>
+<ChoiceFmt>1#One|2#Two|3#Three|4#Four</ChoiceFmt></GROUP>
+<GROUP name="Date"><DisplayName>Date</DisplayName><OID>1.3</OID><Type>Integer</Type><SubType>Date</SubType></GROUP>
+<GROUP name="Address"><DisplayName>Address</DisplayName><OID>1.4</OID><Type>IP Address</Type></GROUP>
+<GROUP name="Summary"><DisplayName>Summary</DisplayName><Function>Summary</Function></GROUP>
+<GROUP name="Restore"><DisplayName>Restore</DisplayName><Function>RestoreDefaults</Function></GROUP></GROUP>)";
+constexpr const char* kDevice = "1.1\tInteger\t5\n1.2\tInteger\t2\n1.3\tInteger\t20240315\n1.4\tIP Address\t10.0.0.1\n";
+
+struct Scene {
+  const char* name;
+  const char* before;  // keys that lead to it
+  const char* after;   // and back to the main menu
+  const char* large;
+  const char* small;
+};
+
+constexpr Scene kScenes[] = {
+    {"the main menu", "", "", R"(
+window 0,0 243x266, filled 0,0 243x266 white
+1014 Static 0,0 242x22, System 20 600, white on black
+1016 msctls_progress32 14,76 123x20, TAHOMA 16 400, hidden
+1041 Static 4,112 152x16, System 13 400, hidden
+1031 Static 4,248 238x16, System 13 400, black on white
+1021 Edit 2,22 151x110, System 13 400, disabled, hidden
+1049 Button 12,236 88x28, TAHOMA 16 400, hidden
+1050 Button 119,236 88x28, TAHOMA 16 400, hidden
+0 KEL_ScrollBarClass 153,22 8x110, System 16 400, hidden
+1002 ListBox 10,30 210x180, Courier 13 400
+0 KEL_ScrollBarClass 220,17 8x123, System 16 400, hidden
+)",
+     R"(
+window 0,0 173x148, filled 0,0 173x148 white
+1014 Static 0,0 163x16, System 13 600, white on black
+1016 msctls_progress32 14,76 123x20, TAHOMA 16 400, hidden
+1041 Static 4,112 152x16, System 13 400, hidden
+1031 Static 5,135 145x13, System 13 400, black on white
+1021 Edit 2,16 151x110, System 13 400, disabled, hidden
+0 KEL_ScrollBarClass 153,16 8x110, System 16 400, hidden
+1002 ListBox 1,18 152x120, Courier 13 400
+0 KEL_ScrollBarClass 153,17 8x123, System 16 400, hidden
+)"},
+    {"a text", "1", "{Esc}", R"(
+window 15,35 209x152
+1037 ListBox 0,3 203x82, Tahoma 13 400, hidden
+1035 Edit 3,39 143x23, Tahoma 13 400
+1012 RNA_IPAddress 8,39 128x18, Tahoma 13 400, disabled, hidden
+1047 SysDateTimePick32 15,39 119x24, Tahoma 13 400, hidden
+1048 Static 5,3 135x26, Tahoma 13 400, hidden
+1051 Button 17,99 75x23, Tahoma 13 400
+1052 Button 110,98 75x23, Tahoma 13 400
+)",
+     R"(
+window 3,15 155x119, black on white
+1037 ListBox 0,3 144x66, Tahoma 13 400, hidden
+1035 Edit 3,39 143x23, Tahoma 13 400
+1012 RNA_IPAddress 8,39 128x18, Tahoma 13 400, disabled, hidden
+1047 SysDateTimePick32 15,39 119x24, Tahoma 13 400, hidden
+1048 Static 5,3 135x26, Tahoma 13 400, hidden
+1040 Static 2,80 147x13, Tahoma 13 400, black on white
+)"},
+    {"a choice with a description", "2", "{Esc}", R"(
+window 15,35 209x152
+1037 ListBox 0,27 203x67, Tahoma 13 400
+1035 Edit 3,39 143x23, Tahoma 13 400, hidden
+1012 RNA_IPAddress 8,39 128x18, Tahoma 13 400, disabled, hidden
+1047 SysDateTimePick32 15,39 119x24, Tahoma 13 400, hidden
+1048 Static 5,3 135x26, Tahoma 13 400
+1051 Button 17,99 75x23, Tahoma 13 400
+1052 Button 110,98 75x23, Tahoma 13 400
+)",
+     R"(
+window 3,15 155x119, black on white
+1037 ListBox 0,27 144x41, Tahoma 13 400
+1035 Edit 3,39 143x23, Tahoma 13 400, hidden
+1012 RNA_IPAddress 8,39 128x18, Tahoma 13 400, disabled, hidden
+1047 SysDateTimePick32 15,39 119x24, Tahoma 13 400, hidden
+1048 Static 5,3 135x26, Tahoma 13 400, black on white
+1040 Static 2,80 147x13, Tahoma 13 400, black on white
+)"},
+    {"a date", "3", "{Esc}", R"(
+window 15,35 209x152
+1037 ListBox 0,3 203x82, Tahoma 13 400, hidden
+1035 Edit 3,39 143x23, Tahoma 13 400, hidden
+1012 RNA_IPAddress 8,39 128x18, Tahoma 13 400, disabled, hidden
+1047 SysDateTimePick32 15,39 119x24, Tahoma 13 400
+1048 Static 5,3 135x26, Tahoma 13 400, hidden
+1051 Button 17,99 75x23, Tahoma 13 400
+1052 Button 110,98 75x23, Tahoma 13 400
+)",
+     R"(
+window 3,15 155x119, black on white
+1037 ListBox 0,3 144x66, Tahoma 13 400, hidden
+1035 Edit 3,39 143x23, Tahoma 13 400, hidden
+1012 RNA_IPAddress 8,39 128x18, Tahoma 13 400, disabled, hidden
+1047 SysDateTimePick32 15,39 119x24, Tahoma 13 400
+1048 Static 5,3 135x26, Tahoma 13 400, hidden
+1040 Static 2,80 147x13, Tahoma 13 400, black on white
+)"},
+    {"an address", "4", "{Esc}", R"(
+window 15,35 209x152
+1037 ListBox 0,3 203x82, Tahoma 13 400, hidden
+1035 Edit 3,39 143x23, Tahoma 13 400, hidden
+1012 RNA_IPAddress 8,39 128x18, Tahoma 13 400
+1047 SysDateTimePick32 15,39 119x24, Tahoma 13 400, hidden
+1048 Static 5,3 135x26, Tahoma 13 400, hidden
+1051 Button 17,99 75x23, Tahoma 13 400
+1052 Button 110,98 75x23, Tahoma 13 400
+)",
+     R"(
+window 3,15 155x119, black on white
+1037 ListBox 0,3 144x66, Tahoma 13 400, hidden
+1035 Edit 3,39 143x23, Tahoma 13 400, hidden
+1012 RNA_IPAddress 8,39 128x18, Tahoma 13 400
+1047 SysDateTimePick32 15,39 119x24, Tahoma 13 400, hidden
+1048 Static 5,3 135x26, Tahoma 13 400, hidden
+1040 Static 2,80 147x13, Tahoma 13 400, black on white
+)"},
+    {"the text page", "5", "{Esc}", R"(
+window 0,0 243x266, filled 0,0 243x266 white
+1014 Static 0,0 242x22, System 20 600, white on black
+1016 msctls_progress32 14,76 123x20, TAHOMA 16 400, hidden
+1041 Static 4,112 152x16, System 13 400, hidden
+1031 Static 4,248 238x16, System 13 400, black on white
+1021 Edit 2,22 151x110, System 13 400
+1049 Button 12,236 88x28, TAHOMA 16 400, hidden
+1050 Button 119,236 88x28, TAHOMA 16 400, hidden
+0 KEL_ScrollBarClass 153,22 8x110, System 16 400, hidden
+1002 ListBox 10,30 210x180, Courier 13 400, disabled, hidden
+0 KEL_ScrollBarClass 220,17 8x123, System 16 400, hidden
+)",
+     R"(
+window 0,0 173x148, filled 0,0 173x148 white
+1014 Static 0,0 163x16, System 13 600, white on black
+1016 msctls_progress32 14,76 123x20, TAHOMA 16 400, hidden
+1041 Static 4,112 152x16, System 13 400, hidden
+1031 Static 5,135 145x13, System 13 400, black on white
+1021 Edit 2,16 151x110, System 13 400
+0 KEL_ScrollBarClass 153,16 8x110, System 16 400, hidden
+1002 ListBox 1,18 152x120, Courier 13 400, disabled, hidden
+0 KEL_ScrollBarClass 153,17 8x123, System 16 400, hidden
+)"},
+    {"a short message", "10{Enter}", "{Enter}{Esc}", R"(
+window 10,5 152x125, black on white
+1002 Static 4,19 140x53, System 13 400, black on white
+1028 ListBox 38,58 68x20, System 13 400, hidden
+1042 Static 38,72 76x16, System 13 400, black on white
+)",
+     R"(
+window 10,5 152x125, black on white
+1002 Static 4,19 140x53, System 13 400, black on white
+1028 ListBox 38,58 68x20, System 13 400, hidden
+1042 Static 38,72 76x16, System 13 400, black on white
+)"},
+    {"a long question", "6", "{Esc}", R"(
+window 10,5 156x141, black on white
+1002 Static 2,2 148x70, System 13 400, black on white
+1028 ListBox 38,72 72x44, System 13 400
+1042 Static 38,88 76x16, System 13 400, hidden
+)",
+     R"(
+window 10,5 156x141, black on white
+1002 Static 2,2 145x70, System 13 400, black on white
+1028 ListBox 38,72 72x44, System 13 400
+1042 Static 38,88 76x16, System 13 400, hidden
+)"},
+};
+
+class LookTest : public testing::TestWithParam<bool> {};
+
+TEST_P(LookTest, OfEveryScreenIsTheTables) {
+  const bool isLarge = GetParam();
+  const TemporaryRoot root;
+  root.Write("Windows/ovu.xml", kConfiguration);
+  root.Write("device.txt", kDevice);
+  Keypad keypad;
+  keypad.answersBoxes = false;
+  for (const Scene& scene : kScenes) {
+    keypad.Press(scene.before);
+    keypad.Then([&scene, isLarge] {
+      EXPECT_EQ(isLarge ? scene.large : scene.small, "\n" + LookOfWindow(platform::ActiveWindow())) << scene.name;
+    });
+    keypad.Press(scene.after);
+  }
+  const UtilityRun run{.root = root.Path(), .widthPx = isLarge ? 240 : 160, .heightPx = isLarge ? 320 : 160};
+  ASSERT_EQ("", RunUtilityOn(run, keypad));
+}
+
+INSTANTIATE_TEST_SUITE_P(Layouts, LookTest, testing::Values(true, false),
+                         [](const auto& parameter) { return parameter.param ? "Large" : "Small"; });
+
+}  // namespace
+}  // namespace tests
