@@ -52,6 +52,13 @@ ResultCode MemoryDevice::Set(const WideString& oid, const WideString& type, cons
   return code;
 }
 
+void MemoryDevice::Put(const WideString& oid, WideString value) {
+  simulator::DeviceLine& line = values_[oid].line;
+  line.value = std::move(value);
+  line.options.get.reset();
+  line.options.null = false;
+}
+
 const simulator::DeviceLine* MemoryDevice::Find(const WideString& oid) const {
   const auto found = values_.find(oid);
   return found == values_.end() ? nullptr : &found->second.line;

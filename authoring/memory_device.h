@@ -26,10 +26,12 @@ class MemoryDevice {
   platform::ResultCode Get(const WideString& oid, std::optional<WideString>& value) const;
   platform::ResultCode Set(const WideString& oid, const WideString& type, const WideString& value);
 
-  // Gives an OID a value, whatever its options; an OID that was not there is there from now on.
-  void Put(const WideString& oid, WideString value) { values_[oid].line.value = std::move(value); }
+  // Gives an OID a value, whatever its options; it can be read from now on, also one that was not there.
+  void Put(const WideString& oid, WideString value);
   // Null when there is no such OID.
   const simulator::DeviceLine* Find(const WideString& oid) const;
+
+  const std::unordered_map<WideString, DeviceEntry>& Values() const { return values_; }
 
   // What was set, in order, refused or not.
   const std::vector<Write>& Writes() const { return writes_; }

@@ -24,14 +24,15 @@ bool MayEnter(const model::MenuItem& item) { return item.State() != model::Displ
 
 }  // namespace
 
-Trial::Trial(const Configuration& configuration)
+Trial::Trial(const Configuration& configuration, rules::RuleListener* listener)
     : installed_(EnvironmentOf(configuration.Terminal())),
       configuration_(configuration),
       device_(configuration.Terminal()),
       access_(device_.Connector()),
       gate_({}, true),
       model_({access_, configuration.Symbols(), gate_, screen_}),
-      rules_({model_, access_, configuration.Symbols(), changes_, events_, edit_, screen_, screen_, flashWrite_}) {
+      rules_({model_, access_, configuration.Symbols(), changes_, events_, edit_, screen_, screen_, flashWrite_,
+              listener}) {
   Rebuild();
 }
 
@@ -46,13 +47,19 @@ void Trial::Enter(model::MenuItem& menu) {
   rules_.handlers.RunEnterHandler(menu);
 }
 
+void Trial::Open(model::MenuItem& menu) {
+  rules_.handlers.RunEnterHandler(menu);
+  Enter(menu);
+}
+
 std::optional<WideString> Trial::KeysTo(model::MenuItem& item) {
   std::vector<model::MenuItem*> way;
   for (model::MenuItem* at = &item; at->Parent() != nullptr; at = at->Parent()) way.push_back(at);
   std::reverse(way.begin(), way.end());
   WideString keys;
+  Enter(model_.Root());
   for (model::MenuItem* next : way) {
-    Enter(*next->Parent());
+    if (next->Parent() != &model_.Root()) Open(*next->Parent());
     const ui::MenuPages pages = ui::LayOutMenu(*next->Parent(), ui::kMostLinesPerPage);
     const auto line = std::find_if(pages.lines.begin(), pages.lines.end(),
                                    [next](const MenuLine& candidate) { return candidate.item == next; });
@@ -81,7 +88,7 @@ model::MenuItem* Trial::ItemAt(WideStringView keys) {
       if (!MayEnter(*line->item)) return nullptr;
       item = line->item;
       top = 0;
-      Enter(*item);
+      Open(*item);
       pages = item->IsLeaf() ? ui::MenuPages() : ui::LayOutMenu(*item, ui::kMostLinesPerPage);
     }
   }

@@ -35,14 +35,16 @@ class QuietScreen final : public rules::Shell, public values::MessageBoxes {
 // One at a time: it is the environment in force while it lives.
 class Trial {
  public:
-  // The configuration has a tree and lives longer. The model is built from its device's values.
-  explicit Trial(const Configuration& configuration);
+  // The configuration has a tree and lives longer, as does the listener, which follows all rules. The model is built
+  // from the device's values.
+  explicit Trial(const Configuration& configuration, rules::RuleListener* listener = nullptr);
   Trial(const Trial&) = delete;
   Trial& operator=(const Trial&) = delete;
 
   MemoryDevice& Device() { return device_; }
   QuietScreen& Screen() { return screen_; }
   model::MenuModel& Model() { return model_; }
+  const model::MenuModel& Model() const { return model_; }
   rules::Rules& Rules() { return rules_; }
 
   // Reads everything from the device anew.
@@ -50,6 +52,8 @@ class Trial {
 
   // Runs what the list runs before it fills itself with a menu: the rules of its lines, then its `_OnEnter`.
   void Enter(model::MenuItem& menu);
+  // The same of a menu that is opened from the one above: first its `_OnEnter` alone.
+  void Open(model::MenuItem& menu);
 
   // The keys that lead from the main menu to an item, one character each, "More..." lines among them. Each menu on the
   // way is entered. Nothing when a line on the way is not shown or cannot be entered. Empty for the main menu.

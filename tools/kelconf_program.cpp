@@ -7,7 +7,10 @@ namespace tools {
 namespace {
 
 constexpr AddCommand kCommands[] = {
+    AddCheck,
+    AddFind,
     AddTree,
+    AddDiff,
 };
 
 }  // namespace

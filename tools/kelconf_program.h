@@ -24,6 +24,9 @@ struct Streams {
 // Each adds one command. Its callback sets `status`; both arguments live until the program ends.
 using AddCommand = void (*)(CLI::App& program, Streams& streams, int& status);
 
+void AddCheck(CLI::App& program, Streams& streams, int& status);
+void AddDiff(CLI::App& program, Streams& streams, int& status);
+void AddFind(CLI::App& program, Streams& streams, int& status);
 void AddTree(CLI::App& program, Streams& streams, int& status);
 
 // Runs the program with arguments as a shell gives them, without its name.

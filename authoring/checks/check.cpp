@@ -1,0 +1,126 @@
+#include "authoring/checks/check.h"
+
+#include "base/utf8.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace authoring {
+namespace {
+
+std::size_t Distance(WideStringView a, WideStringView b) {
+  std::vector<std::size_t> row(b.size() + 1);
+  std::iota(row.begin(), row.end(), std::size_t{0});
+  for (std::size_t i = 1; i <= a.size(); ++i) {
+    std::size_t diagonal = row[0];
+    row[0] = i;
+    for (std::size_t j = 1; j <= b.size(); ++j) {
+      const std::size_t replaced = diagonal + (a[i - 1] == b[j - 1] ? 0 : 1);
+      diagonal = row[j];
+      row[j] = std::min({replaced, row[j] + 1, row[j - 1] + 1});
+    }
+  }
+  return row[b.size()];
+}
+
+}  // namespace
+
+std::string_view NameOf(Severity severity) {
+  switch (severity) {
+    case Severity::kNote: return "note";
+    case Severity::kWarning: return "warning";
+    case Severity::kError: return "error";
+  }
+  return {};
+}
+
+// Null when there are enough.
+Finding* Findings::New(std::string sentence, std::string mend) {
+  if (++count_ > kMostOfAKind) return nullptr;
+  Finding& finding = all_.emplace_back();
+  finding.id = check_->id;
+  finding.severity = check_->severity;
+  finding.sentence = std::move(sentence);
+  finding.mend = std::move(mend);
+  return &finding;
+}
+
+Finding* Findings::New(const Subject& subject, std::string sentence, std::string mend) {
+  Finding* finding = New(std::move(sentence), std::move(mend));
+  if (finding == nullptr) return nullptr;
+  finding->key = Entries::PathOf(subject.MenuEntry());
+  finding->element = subject.Key().Element();
+  return finding;
+}
+
+void Findings::Add(const Subject& subject, std::string sentence, std::string mend) {
+  if (Finding* finding = New(subject, std::move(sentence), std::move(mend))) {
+    finding->position = configuration_.PositionOf(subject.Key());
+  }
+}
+
+void Findings::Add(const Subject& subject, WideStringView attribute, std::string sentence, std::string mend) {
+  if (Finding* finding = New(subject, std::move(sentence), std::move(mend))) {
+    finding->value = attribute;
+    finding->position = configuration_.PositionOf(subject.Key(), attribute);
+  }
+}
+
+void Findings::Add(const Subject& subject, WideStringView attribute, std::size_t offset, std::string sentence,
+                   std::string mend) {
+  if (Finding* finding = New(subject, std::move(sentence), std::move(mend))) {
+    finding->value = attribute;
+    finding->position = configuration_.PositionOf(subject.Key(), attribute, offset);
+  }
+}
+
+void Findings::AddAt(const Subject& subject, std::uint32_t element, std::string sentence, std::string mend) {
+  Finding* finding = New(subject, std::move(sentence), std::move(mend));
+  if (finding == nullptr) return;
+  const config::XmlIndex& index = *configuration_.Index();
+  if (index.TagName(element) == u"GROUP") {
+    finding->element = element;
+  } else {
+    finding->value = index.TagName(element);
+  }
+  finding->position = configuration_.PositionAt(index[element].startTagStart);
+}
+
+void Findings::AddAt(Position position, std::string sentence, std::string mend) {
+  if (Finding* finding = New(std::move(sentence), std::move(mend))) finding->position = std::move(position);
+}
+
+const Check* FindCheck(std::string_view id) {
+  const auto checks = Checks();
+  const auto found = std::find_if(checks.begin(), checks.end(), [id](const Check& check) { return check.id == id; });
+  return found == checks.end() ? nullptr : &*found;
+}
+
+std::string Quoted(WideStringView text) {
+  constexpr std::size_t kMost = 60;
+  std::string quoted = "\"" + base::ToUtf8(text.substr(0, kMost));
+  return quoted + (text.size() > kMost ? "...\"" : "\"");
+}
+
+std::optional<WideString> NearestName(WideStringView name, std::span<const WideStringView> names) {
+  constexpr std::size_t kLongest = 64;
+  const WideStringView trimmed = base::Trim(name);
+  if (trimmed.empty() || trimmed.size() > kLongest) return std::nullopt;
+  std::optional<WideString> nearest;
+  std::size_t least = std::max<std::size_t>(1, trimmed.size() / 3) + 1;
+  for (const WideStringView candidate : names) {
+    if (candidate.size() > kLongest) continue;
+    const std::size_t distance = Distance(base::ToUpper(trimmed), base::ToUpper(candidate));
+    if (distance >= least) continue;
+    least = distance;
+    nearest = WideString(candidate);
+  }
+  return nearest;
+}
+
+std::string MendByNearest(WideStringView name, std::span<const WideStringView> names, std::string otherwise) {
+  const auto nearest = NearestName(name, names);
+  return nearest ? "Write " + Quoted(*nearest) + "." : otherwise;
+}
+
+}  // namespace authoring

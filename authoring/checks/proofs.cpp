@@ -1,0 +1,345 @@
+#include "authoring/checks/proofs.h"
+
+#include "authoring/checks/rule_cases.h"
+#include "base/utf8.h"
+#include "rules/operands.h"
+
+#include <algorithm>
+#include <unordered_map>
+
+namespace authoring {
+namespace {
+
+using model::DisplayState;
+using model::MenuItem;
+
+bool IsHidden(DisplayState state) { return state == DisplayState::kNotDisplayed; }
+
+// What the rules of one line did in one case.
+class CaseRecord final : public rules::RuleListener {
+ public:
+  struct Rule {
+    std::vector<bool> comparisons;
+    WideStringView action;
+    std::optional<DisplayState> state;
+  };
+  std::vector<Rule> rules;
+  std::size_t stored = 0;  // fallbacks
+
+  void Clear() {
+    rules.clear();
+    stored = 0;
+  }
+  void OnRule(int, WideStringView) override { rules.emplace_back(); }
+  void OnComparison(const rules::Comparison& comparison) override {
+    if (!rules.empty()) rules.back().comparisons.push_back(comparison.holds);
+  }
+  void OnAction(const rules::RuleAction& action) override {
+    if (rules.empty()) return;
+    rules.back().state = action.state;
+    rules.back().action = action.known ? action.text : WideStringView();
+  }
+  void OnChoices(const MenuItem&, WideStringView, WideStringView fallback) override {
+    if (!fallback.empty()) ++stored;
+  }
+};
+
+// What the rules of one line can do.
+struct RuleOutcomes {
+  std::vector<bool> everTrue;  // of its comparisons
+  std::vector<bool> everFalse;
+  bool setsState = false;
+  bool matters = false;   // the line's state would be another without it, or it does something else
+  bool everLast = false;  // no later rule sets a state in a case where this one does
+};
+
+bool DoesMoreThanAState(WideStringView action) {
+  return base::EqualsIgnoringCase(action, u"CheckMark") || base::EqualsIgnoringCase(action, u"UnCheckMark") ||
+         base::EqualsIgnoringCase(action, u"Refresh") || ChoicesOf(action).has_value();
+}
+
+// A flag that hides also keeps the default from being restored.
+bool HasVerdict(const RuleText& rule) {
+  if (rule.form != RuleText::Form::kFlag) return false;
+  return base::EqualsIgnoringCase(rule.flag, u"Display") || base::EqualsIgnoringCase(rule.flag, u"NoDisplay") ||
+         base::EqualsIgnoringCase(rule.flag, u"Blank");
+}
+
+bool Runs(const RuleText& rule) {
+  return rule.form == RuleText::Form::kCondition || (rule.form == RuleText::Form::kFlag && rule.fields == 4);
+}
+
+bool HasFallback(const Subject& subject) {
+  for (const RuleText& rule : subject.Rules()) {
+    for (const WideString* action : {&rule.thenAction, &rule.elseAction}) {
+      const auto narrowed = ChoicesOf(*action);
+      if (narrowed && narrowed->fallback) return true;
+    }
+  }
+  return false;
+}
+
+// What is wrong with them by themselves has been said.
+bool FallbacksAreSound(const Subject& subject) {
+  const auto* named = subject.All().WithName(subject.Get(Attribute::kDisplayName));
+  if (named == nullptr || named->size() > 1) return false;
+  for (const RuleText& rule : subject.Rules()) {
+    for (const WideString* action : {&rule.thenAction, &rule.elseAction}) {
+      const auto narrowed = ChoicesOf(*action);
+      if (!narrowed || !narrowed->fallback) continue;
+      const WideString list = subject.All().Source().Symbols().TextOf(narrowed->choices);
+      if (!values::ChoiceFormat(list, values::KeyMode::kText).IndexOfKey(*narrowed->fallback)) return false;
+    }
+  }
+  return true;
+}
+
+class Prover {
+ public:
+  Prover(const Survey& survey, FollowedTrial& trial, Findings& findings)
+      : survey_(survey), trial_(trial), findings_(findings) {
+    std::vector<MenuItem*> items{&trial.trial.Model().Root()};
+    for (std::size_t i = 0; i < items.size(); ++i) {
+      for (const auto& child : items[i]->Children()) items.push_back(child.get());
+      if (const config::ConfigKey* key = trial.trial.Model().FindKey(items[i]->Path())) items_.emplace(key, items[i]);
+    }
+  }
+
+  void ProveLine(const Subject& subject) {
+    MenuItem* item = ItemOf(subject);
+    if (item == nullptr || std::none_of(subject.Rules().begin(), subject.Rules().end(), Runs)) return;
+    RuleCases cases(survey_, trial_);
+    cases.Add(*item, HasFallback(subject));
+    if (!IsDecidable(subject, cases, "its rules")) return;
+    std::vector<RuleOutcomes> outcomes(subject.Rules().size());
+    bool everShown = false;
+    cases.ForEach([&] {
+      Run(*item, subject);
+      const DisplayState state = item->State();
+      everShown = everShown || (state != DisplayState::kNotDisplayed && state != DisplayState::kBlank);
+      if (IsHidden(state)) canHide_[&subject] = true;
+      Note(outcomes);
+      return true;
+    });
+    ReportRules(subject, outcomes, cases);
+    if (everShown) return;
+    Begin("line-never-shown");
+    findings_.Add(subject, Attribute::kDependency,
+                  "In none of the " + std::to_string(cases.Count(kMostCases)) +
+                      " cases of the values that its rules read is the line shown" + ValuesOf(cases) + ".",
+                  "Mend its rules, or leave the entry out.");
+  }
+
+  // A menu whose lines are all hidden in one case in which the menu itself can be entered.
+  void ProveMenu(const Subject& subject) {
+    const auto& children = subject.MenuEntry().children;
+    if (children.empty()) return;
+    for (const Entry* child : children) {
+      if (!canHide_.contains(&survey_.Of(*child))) return;
+    }
+    RuleCases cases(survey_, trial_);
+    std::vector<const Subject*> way;
+    for (const Entry* entry = &subject.MenuEntry(); entry->parent != nullptr; entry = entry->parent) {
+      way.push_back(&survey_.Of(*entry));
+    }
+    std::vector<const Subject*> lines;
+    for (const Entry* child : children) lines.push_back(&survey_.Of(*child));
+    for (const auto& group : {way, lines}) {
+      for (const Subject* line : group) {
+        if (MenuItem* item = ItemOf(*line)) cases.Add(*item, false);
+      }
+    }
+    if (!IsDecidable(subject, cases, "all its lines can be hidden at once")) return;
+    const auto shown = [&](const Subject* line) {
+      MenuItem* item = ItemOf(*line);
+      if (item == nullptr) return false;
+      Run(*item, *line);
+      return !IsHidden(item->State());
+    };
+    cases.ForEach([&] {
+      const bool isOpen = std::all_of(way.begin(), way.end(), [&](const Subject* menu) {
+        return shown(menu) && ItemOf(*menu)->State() != DisplayState::kBlank;
+      });
+      if (!isOpen || std::any_of(lines.begin(), lines.end(), shown)) return true;
+      Begin("menu-can-be-empty");
+      findings_.Add(
+          subject, "All lines of this menu are hidden at once, for " + cases.Said() + ": it then reads \"(no items)\".",
+          "Hide the menu itself by the same condition, or keep a line shown.");
+      return false;
+    });
+  }
+
+  // Fallbacks on one page that are stored each time the page is shown.
+  void ProveFallbacks(const Subject& subject) {
+    std::vector<const Subject*> lines;
+    for (const Entry* child : subject.MenuEntry().children) {
+      const Subject& line = survey_.Of(*child);
+      if (HasFallback(line) && ItemOf(line) != nullptr && FallbacksAreSound(line)) lines.push_back(&line);
+    }
+    if (lines.empty()) return;
+    RuleCases cases(survey_, trial_);
+    for (const Subject* line : lines) cases.Add(*ItemOf(*line), true);
+    if (!IsDecidable(*lines.front(), cases, "fallbacks of this page undo each other")) return;
+    constexpr int kFills = 3;
+    cases.ForEach([&] {
+      const Subject* last = nullptr;
+      for (int fill = 1; fill <= kFills; ++fill) {
+        for (const Subject* line : lines) {
+          Run(*ItemOf(*line), *line);
+          if (fill == kFills && record_.stored > 0) last = line;
+        }
+      }
+      if (last == nullptr) return true;
+      Begin("rules-undo-each-other");
+      findings_.Add(*last, Attribute::kDependency,
+                    "For " + cases.Said() + " fallbacks are stored each time the page is shown: one undoes the other.",
+                    "Make the rules exclude each other, or keep each fallback among the choices of all of them.");
+      return false;
+    });
+  }
+
+ private:
+  MenuItem* ItemOf(const Subject& subject) const {
+    const auto found = items_.find(&subject.Key());
+    return found == items_.end() ? nullptr : found->second;
+  }
+
+  void Begin(std::string_view id) { findings_.Begin(*FindCheck(id)); }
+
+  bool IsDecidable(const Subject& subject, const RuleCases& cases, const char* what) {
+    if (cases.Count(kMostCases) <= kMostCases) return true;
+    Begin("not-decided");
+    findings_.Add(subject, Attribute::kDependency,
+                  "Not decided: whether " + std::string(what) + " do what they say depends on " +
+                      std::to_string(cases.Variables().size()) + " values with more than " +
+                      std::to_string(kMostCases) + " cases.",
+                  "");
+    return false;
+  }
+
+  // The line's rules on the present values; what they did is in record_.
+  void Run(MenuItem& item, const Subject& subject) {
+    if (item.Descriptor() != nullptr && subject.Has(Attribute::kChoiceFmt)) {
+      item.Descriptor()->ReplaceChoices(WideString(subject.Get(Attribute::kChoiceFmt)));
+    }
+    record_.Clear();
+    trial_.RunRules(item, record_);
+  }
+
+  void Note(std::vector<RuleOutcomes>& outcomes) const {
+    const std::size_t count = std::min(outcomes.size(), record_.rules.size());
+    std::optional<DisplayState> before;  // of the rules so far
+    for (std::size_t i = 0; i < count; ++i) {
+      const CaseRecord::Rule& rule = record_.rules[i];
+      RuleOutcomes& outcome = outcomes[i];
+      outcome.everTrue.resize(std::max(outcome.everTrue.size(), rule.comparisons.size()));
+      outcome.everFalse.resize(outcome.everTrue.size());
+      for (std::size_t k = 0; k < rule.comparisons.size(); ++k) {
+        (rule.comparisons[k] ? outcome.everTrue : outcome.everFalse)[k] = true;
+      }
+      if (DoesMoreThanAState(rule.action)) outcome.matters = true;
+      if (!rule.state) continue;
+      outcome.setsState = true;
+      const bool isLast = std::none_of(record_.rules.begin() + static_cast<std::ptrdiff_t>(i) + 1, record_.rules.end(),
+                                       [](const CaseRecord::Rule& later) { return later.state.has_value(); });
+      if (isLast) outcome.everLast = true;
+      if (isLast && *rule.state != before.value_or(DisplayState::kNormal)) outcome.matters = true;
+      before = rule.state;
+    }
+  }
+
+  void ReportRules(const Subject& subject, const std::vector<RuleOutcomes>& outcomes, const RuleCases& cases) {
+    for (std::size_t i = 0; i < outcomes.size(); ++i) {
+      const RuleText& rule = subject.Rules()[i];
+      if (!Runs(rule)) continue;
+      const WideString attribute = NumberedName(Attribute::kDependency, rule.number);
+      const bool constant = ReportComparisons(subject, rule, outcomes[i], cases);
+      if (constant || outcomes[i].matters || !outcomes[i].setsState || HasVerdict(rule)) continue;
+      if (!outcomes[i].everLast) {
+        Begin("rule-overridden");
+        findings_.Add(subject, attribute,
+                      "Whenever this rule decides about the line, a later one decides otherwise or the same.",
+                      "Put it behind the others, or leave it out.");
+      } else {
+        Begin("rule-no-effect");
+        findings_.Add(subject, attribute, "Without this rule the line would be the same in all cases.",
+                      "Leave it out, or give it an ELSE.");
+      }
+    }
+  }
+
+  // True: one of them never changes, which is all that is to be said of the rule.
+  bool ReportComparisons(const Subject& subject, const RuleText& rule, const RuleOutcomes& outcome,
+                         const RuleCases& cases) {
+    bool found = false;
+    std::size_t at = 0;
+    for (std::size_t k = 0; k < outcome.everTrue.size() && k < rule.comparisons.size(); ++k) {
+      const RuleComparison& comparison = rule.comparisons[k];
+      const std::size_t place = rule.text.find(comparison.name, at);
+      if (place != WideStringView::npos) at = place;
+      if (outcome.everTrue[k] == outcome.everFalse[k]) continue;
+      const WideString oid = rule.form == RuleText::Form::kCondition
+                                 ? trial_.trial.Model().OidByName(comparison.name)
+                                 : rules::Operands::OidOfName(comparison.name, &subject.Key());
+      const RuleVariable* variable = cases.Find(oid);
+      if (variable == nullptr) continue;  // a name that nothing has is another slip, and Empty a way to say always
+      found = true;
+      Begin(outcome.everTrue[k] ? "comparison-always-true" : "comparison-never-true");
+      findings_.Add(subject, NumberedName(Attribute::kDependency, rule.number), at,
+                    Quoted(comparison.name) + (comparison.wantsEqual ? " EQ " : " NEQ ") + Quoted(comparison.wanted) +
+                        (outcome.everTrue[k] ? " always" : " never") + " holds: " + variable->name + " is " +
+                        ValuesOf(*variable) + ".",
+                    "Compare with a value that the property can have, as the device writes it.");
+    }
+    return found;
+  }
+
+  static std::string ValuesOf(const RuleVariable& variable) {
+    constexpr std::size_t kMost = 8;
+    std::string text;
+    for (std::size_t i = 0; i < variable.values.size() && i < kMost; ++i) {
+      const bool isLast = i + 1 == variable.values.size();
+      values::PropertyValue held = values::PropertyValue::OfText(variable.values[i]);
+      if (variable.property != nullptr && variable.field == 0) {
+        held.Clear();
+        variable.property->ParseValue(variable.values[i], held);
+      }
+      const bool isOther = variable.other == variable.values[i];
+      text += (i == 0 ? "" : isLast ? " or " : ", ") + (isOther ? "any other value" : variable.Said(held.AsText()));
+    }
+    return variable.values.size() > kMost ? text + ", ..." : text;
+  }
+
+  static std::string ValuesOf(const RuleCases& cases) {
+    std::string text;
+    for (const RuleVariable& variable : cases.Variables()) text += ": " + variable.name + " is " + ValuesOf(variable);
+    return text;
+  }
+
+  const Survey& survey_;
+  FollowedTrial& trial_;
+  Findings& findings_;
+  CaseRecord record_;
+  std::unordered_map<const config::ConfigKey*, MenuItem*> items_;
+  std::unordered_map<const Subject*, bool> canHide_;
+};
+
+}  // namespace
+
+void ProveRules(const Survey& survey, FollowedTrial& trial, Findings& findings,
+                const std::function<void(std::size_t done, std::size_t all)>& progress) {
+  Prover prover(survey, trial, findings);
+  std::size_t done = 0;
+  const std::size_t all = survey.Subjects().size();
+  for (const Subject& subject : survey.Subjects()) {
+    prover.ProveLine(subject);
+    if (progress) progress(++done, all);
+  }
+  for (const Subject& subject : survey.Subjects()) {
+    if (!subject.IsMenu()) continue;
+    prover.ProveMenu(subject);
+    prover.ProveFallbacks(subject);
+  }
+}
+
+}  // namespace authoring

@@ -1,0 +1,114 @@
+#include "authoring/checks/subject.h"
+
+#include "authoring/checks/survey.h"
+#include "base/number.h"
+#include "base/string_table.h"
+#include "values/attributes.h"
+#include "values/range.h"
+
+#include <algorithm>
+
+namespace authoring {
+namespace {
+
+std::size_t CountOf(WideStringView number) { return static_cast<std::size_t>(std::max(base::ToLong(number), 0)); }
+
+}  // namespace
+
+Subject::Subject(const Survey& survey, const Entry& entry) : survey_(&survey), entry_(&entry) {
+  for (const config::NamedText& value : entry.key->Values()) {
+    if (!value.text.empty()) set_.Add(AttributeOf(value.name).attribute);
+  }
+}
+
+Subject::Parsed& Subject::Cache() const {
+  if (!parsed_) parsed_ = std::make_unique<Parsed>();
+  return *parsed_;
+}
+
+const WideString& Subject::Resolved(Attribute attribute) const {
+  static const WideString kEmpty;
+  if (!Has(attribute)) return kEmpty;
+  auto& known = Cache().resolved;
+  for (const auto& [name, text] : known) {
+    if (name == attribute) return text;
+  }
+  // A few attributes of an entry are asked for at most, so that places stay when one is added.
+  if (known.empty()) known.reserve(kAttributeCount);
+  return known.emplace_back(attribute, values::ResolveText(Get(attribute))).second;
+}
+
+bool Subject::IsEditable() const {
+  if (!IsProperty() || IsMenu() || IsCommand()) return false;
+  const WideStringView named = Get(Attribute::kPropEditor);
+  if (named.empty() && (Has(Attribute::kSecurity) || Has(Attribute::kCmdString))) return false;
+  const auto code = values::TypeCodeOf(named.empty() ? Get(Attribute::kType) : named);
+  if (Oid() == LoadText(TextId::kGetIpAddress)) return false;
+  return code && *code != values::TypeCode::kNone && *code != values::TypeCode::kReaderCmd;
+}
+
+const WideString& Subject::ChoiceText() const {
+  auto& text = Cache().choiceText;
+  if (!text) text = survey_->Source().Symbols().TextOf(Resolved(Attribute::kChoiceFmt));
+  return *text;
+}
+
+const values::ChoiceFormat& Subject::Choices() const {
+  auto& choices = Cache().choices;
+  if (!choices) {
+    choices.emplace(ChoiceText(), IsInteger() ? values::KeyMode::kNumeric : values::KeyMode::kText);
+  }
+  return *choices;
+}
+
+bool Subject::IsChoice(WideStringView value) const {
+  values::PropertyValue parsed;
+  values::ParseValueAs(Get(Attribute::kType), value, parsed);
+  return Choices().IndexOf(parsed).has_value();
+}
+
+const values::FieldWidthList* Subject::Layout() const {
+  if (!Has(Attribute::kCmdString)) return nullptr;
+  auto& layout = Cache().layout;
+  if (!layout) layout.emplace(Resolved(Attribute::kCmdString));
+  return &*layout;
+}
+
+std::size_t Subject::TypedLimit() const {
+  WideString mask(Get(Attribute::kTextFmt));
+  const WideString& range = Resolved(Attribute::kRange);
+  if (mask.empty() && range != values::kUnresolved) mask = values::MaskFromRange(range);
+  if (mask.empty() && IsInteger()) mask = LoadText(TextId::kIntegerMask);
+  if (values::TypeCodeOf(Get(Attribute::kType)) == values::TypeCode::kPassword) mask.clear();
+  const std::size_t most = CountOf(Get(Attribute::kMaxChars));
+  if (mask.empty() || most == 0) return std::max(mask.size(), most);
+  return std::min(mask.size(), most);
+}
+
+const std::vector<RuleText>& Subject::Rules() const {
+  static const std::vector<RuleText> kNone;
+  if (!Has(Attribute::kDependency)) return kNone;
+  auto& rules = Cache().rules;
+  if (!rules) {
+    rules.emplace();
+    WideStringView text = Get(Attribute::kDependency);
+    for (int number = 0; !text.empty();) {
+      rules->push_back(ReadRule(number, text));
+      text = Key().Value(NumberedName(Attribute::kDependency, ++number));
+    }
+  }
+  return *rules;
+}
+
+std::vector<WideStringView> Subject::ExitCommands() const {
+  std::vector<WideStringView> commands;
+  if (!Has(Attribute::kOnExit)) return commands;
+  WideStringView text = Get(Attribute::kOnExit);
+  for (int number = 0; !text.empty();) {
+    commands.push_back(text);
+    text = Key().Value(NumberedName(Attribute::kOnExit, ++number));
+  }
+  return commands;
+}
+
+}  // namespace authoring

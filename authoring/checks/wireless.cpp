@@ -1,0 +1,78 @@
+// Checks of what the wireless rules need.
+#include "authoring/checks/lists.h"
+
+#include "base/utf8.h"
+#include "rules/wireless_couplings.h"
+
+#include <algorithm>
+
+namespace authoring::checks {
+namespace {
+
+constexpr WideStringView kVerify = u"VerifyNetUI";
+
+struct Setting {
+  WideStringView oid;
+  const char* name;
+};
+constexpr Setting kReadSettings[] = {
+    {rules::wireless::kNetworkType, "network type"},  {rules::wireless::kAuthentication, "authentication"},
+    {rules::wireless::kEncryption, "encryption"},     {rules::wireless::kKeyIndex, "key index"},
+    {rules::wireless::kMethod8021X, "802.1X method"},
+};
+
+bool NamesVerify(const Subject& subject) {
+  if (base::EqualsIgnoringCase(subject.Get(Attribute::kOnEnter), kVerify)) return true;
+  const auto commands = subject.ExitCommands();
+  return std::find(commands.begin(), commands.end(), kVerify) != commands.end();
+}
+
+bool IsWirelessProperty(const Subject& subject) {
+  using namespace rules::wireless;
+  const WideStringView known[] = {kNetworkType, kAuthentication, kEncryption, kKeyIndex, kMethod8021X, kKeySetting};
+  return std::find(std::begin(known), std::end(known), subject.Oid()) != std::end(known);
+}
+
+}  // namespace
+
+void WirelessSettingMissing(const Survey& survey, Findings& findings) {
+  const auto& subjects = survey.Subjects();
+  const auto first = std::find_if(subjects.begin(), subjects.end(), NamesVerify);
+  if (first == subjects.end()) return;
+  std::string missing;
+  for (const Setting& setting : kReadSettings) {
+    const bool isThere = survey.WithOid(setting.oid) != nullptr || survey.DeviceText(setting.oid) != nullptr;
+    if (isThere) continue;
+    missing += (missing.empty() ? "" : ", ") + std::string(setting.name) + " " + base::ToUtf8(setting.oid);
+  }
+  if (missing.empty()) return;
+  findings.Add(
+      *first,
+      "VerifyNetUI takes these settings for empty, since neither an entry nor the device has them: " + missing + ".",
+      "Give each an entry, or the device its value.");
+}
+
+void WirelessKeyType(const Survey& survey, Findings& findings) {
+  const auto* keys = survey.WithOid(rules::wireless::kKeyValue);
+  if (keys == nullptr || std::none_of(survey.Subjects().begin(), survey.Subjects().end(), NamesVerify)) return;
+  for (const Subject* key : *keys) {
+    if (key->Type() == values::TypeCode::kHex && key->Has(Attribute::kWep)) continue;
+    findings.Add(
+        *key,
+        "VerifyNetUI makes this property a Hex or a Hex32, whatever its Type; without WEP no pre-shared key is taken.",
+        "Make its Type Hex and give it WEP with the text that its line is to show.");
+  }
+}
+
+void WirelessNotVerified(const Survey& survey, Findings& findings) {
+  if (std::none_of(survey.Subjects().begin(), survey.Subjects().end(), NamesVerify)) return;
+  for (const Subject& subject : survey.Subjects()) {
+    if (!IsWirelessProperty(subject) || NamesVerify(subject) || !subject.IsEditable()) continue;
+    findings.Add(
+        subject,
+        "After an edit of it the other wireless settings are not made to agree until the page is entered anew.",
+        "Give it _OnExit VerifyNetUI.");
+  }
+}
+
+}  // namespace authoring::checks

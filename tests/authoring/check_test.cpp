@@ -1,0 +1,258 @@
+#include "authoring/checks/check.h"
+#include "authoring/check_run.h"
+#include "authoring/finding_formats.h"
+#include "base/utf8.h"
+#include "tests/authoring/storage_folder.h"
+
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <regex>
+#include <sstream>
+
+namespace {
+
+using authoring::CheckConfiguration;
+using authoring::Finding;
+using nlohmann::json;
+using tests::StorageFolder;
+
+std::string Said(const std::vector<Finding>& findings) {
+  std::ostringstream text;
+  PrintText(findings, false, text);
+  return text.str();
+}
+
+// "id line:column key value" of each finding.
+std::vector<std::string> Found(const StorageFolder& folder) {
+  std::vector<std::string> found;
+  for (const Finding& finding : CheckConfiguration(*folder.Load())) {
+    found.push_back(std::string(finding.id) + " " + std::to_string(finding.position.line) + ":" +
+                    std::to_string(finding.position.column) + " " + base::ToUtf8(finding.key) + " " +
+                    base::ToUtf8(finding.value));
+  }
+  return found;
+}
+
+using Lines = std::vector<std::string>;
+
+TEST(Check, TheDemonstrationAndTheSmallExampleHaveNoSlips) {
+  for (const auto& root : {tests::kDemonstration, tests::kSmallExample}) {
+    EXPECT_EQ("", Said(CheckConfiguration(*authoring::Configuration::Load(root).configuration)));
+  }
+}
+
+TEST(Check, AFindingStandsWhereItsAttributeDoes) {
+  StorageFolder folder;
+  folder.WriteMenu(
+      "<GROUP name=\"A\">\n"
+      "  <DisplayName>A</DisplayName>\n"
+      "  <OID>1.1</OID><Type>Integr</Type>\n"
+      "  <Dependency>IF A EQ 1\n     AND (A EQ 2) THEN NoEdit</Dependency>\n"
+      "</GROUP>\n");
+  EXPECT_EQ((Lines{"type-unknown 4:17 A Type", "rule-malformed 6:10 A Dependency"}), Found(folder));
+}
+
+TEST(Check, ARegistryHasKeysAndValuesInsteadOfLines) {
+  StorageFolder folder;
+  folder.Write("registry.reg",
+               "REGEDIT4\n\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\Valtorix\\ZEP\\CONFIGAPP]\n\"DisplayName\"=\"Main\"\n\n"
+               "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Valtorix\\ZEP\\CONFIGAPP\\A]\n\"DisplayName\"=\"A\"\n\"OID\"=\"1.1\"\n"
+               "\"Type\"=\"Integr\"\n");
+  EXPECT_EQ((Lines{"type-unknown 0:0 A Type"}), Found(folder));
+  const std::string said = Said(CheckConfiguration(*folder.Load()));
+  EXPECT_NE(std::string::npos, said.find("registry.reg: [A] Type: error: ")) << said;
+}
+
+TEST(Check, ACommentAllowsAFindingOfTheEntryOrTheAttributeBehindIt) {
+  const std::string entry =
+      "<GROUP name=\"A\"><DisplayName>A</DisplayName><OID>1.1</OID><Type>Integer</Type>"
+      "<ChoiceFmt>1#On|1#Off</ChoiceFmt></GROUP>";
+  StorageFolder folder;
+  folder.WriteMenu(entry);
+  EXPECT_EQ(1u, Found(folder).size());
+  folder.WriteMenu("<!-- check: allow choice-key-twice: the device sends both -->\n" + entry);
+  EXPECT_EQ(Lines{}, Found(folder));
+  folder.WriteMenu(std::regex_replace(entry, std::regex("<ChoiceFmt>"), "<!-- check: allow choice-key-twice -->$&"));
+  EXPECT_EQ(Lines{}, Found(folder));
+  // Another entry's comment, another attribute's and another check's silence nothing.
+  folder.WriteMenu(entry + "<!-- check: allow choice-key-twice: none -->");
+  EXPECT_EQ(2u, Found(folder).size());
+  folder.WriteMenu(std::regex_replace(entry, std::regex("<Type>"), "<!-- check: allow choice-key-twice -->$&"));
+  EXPECT_EQ(2u, Found(folder).size());
+  folder.WriteMenu("<!-- check: allow choice-text-twice, choice-key-twice: both -->\n" + entry);
+  EXPECT_EQ((Lines{"allow-unused 2:1  "}), Found(folder));
+}
+
+TEST(Check, WithoutProofsNoCommentAboutThemIsMissed) {
+  StorageFolder folder;
+  folder.WriteMenu(
+      "<!-- check: allow line-never-shown: not yet released -->\n"
+      "<GROUP name=\"A\"><DisplayName>A</DisplayName><OID>1.1</OID><Type>Bool</Type>"
+      "<Dependency>IF A EQ 1 THEN Blank ELSE NoDisplay</Dependency></GROUP>"
+      "<GROUP name=\"B\"><DisplayName>B</DisplayName><Function>Summary</Function></GROUP>");
+  EXPECT_EQ(Lines{}, Found(folder));
+  EXPECT_EQ("", Said(CheckConfiguration(*folder.Load(), {false, {}})));
+}
+
+TEST(Check, ADeviceValueThatIsASecretIsNotSaid) {
+  StorageFolder folder;
+  folder
+      .WriteMenu(
+          "<GROUP name=\"A\"><DisplayName>A</DisplayName><OID>1.1</OID><Type>Octet String</Type>"
+          "<PassWordChar>*</PassWordChar><ChoiceFmt>a#A|b#B</ChoiceFmt></GROUP>")
+      .Write("device.txt", "1.1\tOctet String\thunter2\n");
+  const std::string said = Said(CheckConfiguration(*folder.Load()));
+  EXPECT_NE(std::string::npos, said.find("device-value-no-choice"));
+  EXPECT_EQ(std::string::npos, said.find("hunter2")) << said;
+}
+
+// --- proofs ---
+
+std::string Property(const std::string& name, const std::string& attributes) {
+  static int number = 0;
+  return "<GROUP name=\"" + name + "\"><DisplayName>" + name + "</DisplayName><OID>1.7." + std::to_string(++number) +
+         "</OID>" + attributes + "</GROUP>\n";
+}
+
+std::vector<std::string> Ids(const std::string& groups) {
+  StorageFolder folder;
+  folder.WriteMenu(groups);
+  std::vector<std::string> ids;
+  for (const Finding& finding : CheckConfiguration(*folder.Load())) ids.emplace_back(finding.id);
+  return ids;
+}
+
+TEST(Proofs, AComparisonIsJudgedByTheValuesThatThePropertyCanHave) {
+  const struct {
+    const char* attributes;
+    const char* comparison;
+    Lines found;
+  } cases[] = {
+      {"<Type>Integer</Type><ChoiceFmt>0#Off|1#On</ChoiceFmt>", "A EQ 1", {}},
+      {"<Type>Integer</Type><ChoiceFmt>0#Off|1#On</ChoiceFmt>", "A EQ 2", {"comparison-never-true"}},
+      {"<Type>Integer</Type><ChoiceFmt>0#Off|1#On</ChoiceFmt>", "A NEQ On", {"comparison-always-true"}},
+      {"<Type>Integer</Type><Range>5-60</Range>", "A EQ 60", {}},
+      {"<Type>Integer</Type><Range>5-60</Range>", "A EQ 61", {"comparison-never-true"}},
+      {"<Type>Integer</Type>", "A EQ 61", {}},
+      {"<Type>Integer</Type>", "A EQ 061", {"comparison-never-true"}},  // a number reads without zeros in front
+      {"<Type>Bool</Type>", "A EQ TRUE", {"comparison-never-true"}},
+      {"<Type>Octet String</Type>", "A EQ Off", {}},
+      {"<Type>Octet String</Type><ChoiceFmt>on#On|off#Off</ChoiceFmt>", "A EQ OFF", {}},  // case does not count
+      {"<Type>IP Address</Type>", "A EQ 10.0.0.1", {"comparison-never-true"}},            // it is held as a number
+  };
+  for (const auto& c : cases) {
+    const std::string rule = "<Dependency>IF " + std::string(c.comparison) + " THEN NoEdit</Dependency>";
+    EXPECT_EQ(c.found, Ids(Property("A", c.attributes) + Property("B", "<Type>Bool</Type>" + rule)))
+        << c.attributes << " " << c.comparison;
+  }
+}
+
+TEST(Proofs, AMenuThatIsHiddenWithItsLinesIsNeverEmpty) {
+  const std::string lines = "<DisplayName>M</DisplayName>" +
+                            Property("B", "<Type>Bool</Type><Dependency>IF A EQ 1 THEN NoDisplay</Dependency>") +
+                            Property("C", "<Type>Bool</Type><Dependency>IF A NEQ 0 THEN NoDisplay</Dependency>");
+  const std::string a = Property("A", "<Type>Bool</Type>");
+  EXPECT_EQ((Lines{"menu-can-be-empty"}), Ids(a + "<GROUP name=\"M\">" + lines + "</GROUP>"));
+  EXPECT_EQ(Lines{},
+            Ids(a + "<GROUP name=\"M\"><Dependency>IF A EQ 1 THEN NoDisplay</Dependency>" + lines + "</GROUP>"));
+}
+
+TEST(Proofs, FallbacksOfTwoPropertiesThatFollowEachOtherAreFound) {
+  const std::string choices = "<Type>Integer</Type><ChoiceFmt>1#One|2#Two</ChoiceFmt>";
+  const auto follows = [&](const std::string& own, const std::string& other, const std::string& one,
+                           const std::string& two) {
+    return Property(own, choices + "<Dependency>IF " + other + " EQ 1 THEN ChoiceFmt=\"" + one +
+                             "\" ELSE ChoiceFmt=\"" + two + "\"</Dependency>");
+  };
+  // A becomes what B is not, and B becomes what A is.
+  EXPECT_EQ((Lines{"rules-undo-each-other"}),
+            Ids(follows("A", "B", "2#Two:2", "1#One:1") + follows("B", "A", "1#One:1", "2#Two:2")));
+  // Both become what the other is: they agree.
+  EXPECT_EQ(Lines{}, Ids(follows("A", "B", "1#One:1", "2#Two:2") + follows("B", "A", "1#One:1", "2#Two:2")));
+}
+
+// --- formats ---
+
+// What a JSON schema of this kind can say: type, enum, const, required, properties, items, pattern, minimum.
+void Validate(const json& schema, const json& value, const std::string& path) {
+  if (schema.contains("const")) {
+    EXPECT_EQ(schema["const"], value) << path;
+  }
+  if (schema.contains("enum")) {
+    EXPECT_NE(schema["enum"].end(), std::find(schema["enum"].begin(), schema["enum"].end(), value)) << path;
+  }
+  const std::string type = schema.value("type", "");
+  if (type == "string") {
+    ASSERT_TRUE(value.is_string()) << path;
+    if (schema.contains("pattern")) {
+      EXPECT_TRUE(std::regex_search(value.get<std::string>(), std::regex(schema["pattern"].get<std::string>())))
+          << path;
+    }
+    EXPECT_GE(value.get<std::string>().size(), schema.value("minLength", 0u)) << path;
+  } else if (type == "integer") {
+    ASSERT_TRUE(value.is_number_integer()) << path;
+    EXPECT_GE(value.get<int>(), schema.value("minimum", 0)) << path;
+  } else if (type == "array") {
+    ASSERT_TRUE(value.is_array()) << path;
+    for (const json& item : value) Validate(schema["items"], item, path + "[]");
+  } else if (type == "object") {
+    ASSERT_TRUE(value.is_object()) << path;
+    for (const json& name : schema["required"]) {
+      EXPECT_TRUE(value.contains(name.get<std::string>())) << path << "." << name;
+    }
+    for (const auto& [name, member] : value.items()) {
+      ASSERT_TRUE(schema["properties"].contains(name)) << path << "." << name;
+      Validate(schema["properties"][name], member, path + "." + name);
+    }
+  }
+}
+
+std::vector<Finding> Some() {
+  static StorageFolder folder;
+  folder.WriteMenu(
+      "<GROUP name=\"A\"><DisplayName>A</DisplayName><OID>1.1</OID><Type>Integr</Type></GROUP>\n"
+      "<GROUP name=\"B\"><DisplayName>B</DisplayName></GROUP>");
+  return CheckConfiguration(*folder.Load());
+}
+
+TEST(FindingFormats, TextIsAsCompilersPrintIt) {
+  const std::string said = Said(Some());
+  EXPECT_TRUE(std::regex_search(said, std::regex("Windows/ovu\\.xml:2:59: error: There is no Type \"Integr\".* "
+                                                 "\\[type-unknown\\]\n    Write \"Integer\"\\.\n")))
+      << said;
+}
+
+TEST(FindingFormats, JsonFitsItsSchema) {
+  std::ifstream file(std::filesystem::path(KEL_DOCS) / "kelconf-check.schema.json");
+  const json schema = json::parse(file);
+  std::ostringstream out;
+  PrintJson(Some(), out);
+  const json document = json::parse(out.str());
+  ASSERT_EQ(2u, document["findings"].size());
+  Validate(schema, document, "");
+}
+
+TEST(FindingFormats, SarifHasWhatSarifRequires) {
+  std::ostringstream out;
+  PrintSarif(Some(), out);
+  const json document = json::parse(out.str());
+  EXPECT_EQ("2.1.0", document["version"]);
+  ASSERT_EQ(1u, document["runs"].size());
+  const json& run = document["runs"][0];
+  const json& driver = run["tool"]["driver"];
+  EXPECT_EQ("kelconf", driver["name"]);
+  ASSERT_EQ(2u, run["results"].size());
+  for (const json& result : run["results"]) {
+    EXPECT_FALSE(result["message"]["text"].get<std::string>().empty());
+    EXPECT_EQ(result["ruleId"], driver["rules"][result["ruleIndex"].get<std::size_t>()]["id"]);
+    const std::string level = result["level"];
+    EXPECT_TRUE(level == "note" || level == "warning" || level == "error") << level;
+    const json& physical = result["locations"][0]["physicalLocation"];
+    EXPECT_TRUE(physical["artifactLocation"]["uri"].get<std::string>().starts_with("file:///"));
+    EXPECT_GE(physical["region"]["startLine"].get<int>(), 2);
+    EXPECT_GE(physical["region"]["startColumn"].get<int>(), 1);
+  }
+}
+
+}  // namespace

@@ -1,0 +1,79 @@
+// kelconf check: every slip of a configuration.
+#include "authoring/check_run.h"
+#include "authoring/checks/check.h"
+#include "authoring/finding_formats.h"
+#include "tools/console.h"
+#include "tools/kelconf_source.h"
+
+#include <algorithm>
+#include <memory>
+#include <ostream>
+
+namespace tools {
+namespace {
+
+using authoring::Finding;
+using authoring::Severity;
+
+struct Options {
+  std::vector<std::string> paths;
+  std::string source;
+  std::string format = "text";
+  bool noProofs = false;
+  bool list = false;
+};
+
+void ListChecks(const Streams& streams) {
+  for (const authoring::Check& check : authoring::Checks()) {
+    streams.out << NameOf(check.severity) << "  " << check.id << "  " << check.title << '\n';
+  }
+}
+
+void Print(const Options& options, const std::vector<Finding>& findings, const Streams& streams) {
+  if (options.format == "json") return authoring::PrintJson(findings, streams.out);
+  if (options.format == "sarif") return authoring::PrintSarif(findings, streams.out);
+  authoring::PrintText(findings, streams.colours, streams.out);
+}
+
+int Run(const Options& options, Streams& streams) {
+  if (options.list) {
+    ListChecks(streams);
+    return kFine;
+  }
+  std::vector<Finding> findings;
+  const std::vector<std::string> here{"."};
+  for (const std::string& path : options.paths.empty() ? here : options.paths) {
+    const auto configuration = LoadConfiguration({path, options.source}, streams);
+    if (!configuration) return kUnusable;
+    Progress progress(streams.errors, "checking " + path + ":", streams.watched);
+    authoring::CheckOptions check{!options.noProofs,
+                                  [&](std::size_t done, std::size_t all) { progress.Tell(done, all); }};
+    const std::vector<Finding> found = authoring::CheckConfiguration(*configuration, check);
+    findings.insert(findings.end(), found.begin(), found.end());
+  }
+  Print(options, findings, streams);
+  const bool isFine = std::all_of(findings.begin(), findings.end(),
+                                  [](const Finding& finding) { return finding.severity == Severity::kNote; });
+  return isFine ? kFine : kFound;
+}
+
+}  // namespace
+
+void AddCheck(CLI::App& program, Streams& streams, int& status) {
+  const auto options = std::make_shared<Options>();
+  CLI::App* command = program.add_subcommand("check", "every slip of a configuration, with file, line and column");
+  command->footer(
+      "Exit status: 0 nothing or notes only, 1 warnings or errors, 2 unusable arguments or files.\n"
+      "docs/checks.md says what each finding means, and how a comment allows it.\n"
+      "Example: kelconf check examples/small");
+  command->add_option("FOLDER", options->paths, "storage folders, XML files or registry files; default: this folder");
+  command->add_option(
+      "--source", options->source,
+      "the utility's command line: a HKEY_LOCAL_MACHINE path, or the path of an XML file in the storage");
+  command->add_option("--format", options->format, "how to answer")->check(CLI::IsMember({"text", "json", "sarif"}));
+  command->add_flag("--no-proofs", options->noProofs, "leave out what takes going through the cases of rules");
+  command->add_flag("--list", options->list, "the kinds of findings there are");
+  command->callback([options, &streams, &status] { status = Run(*options, streams); });
+}
+
+}  // namespace tools

@@ -1,0 +1,74 @@
+// kelconf diff: what changed between two configurations.
+#include "authoring/comparison.h"
+#include "base/utf8.h"
+#include "tools/console.h"
+#include "tools/kelconf_source.h"
+
+#include <nlohmann/json.hpp>
+
+#include <memory>
+#include <ostream>
+
+namespace tools {
+namespace {
+
+using authoring::Change;
+
+struct Options {
+  std::string before;
+  std::string after;
+  std::string source;
+  Format format = Format::kText;
+};
+
+void PrintText(const std::vector<Change>& changes, const Streams& streams) {
+  for (const Change& change : changes) {
+    const std::string name = change.path.empty() ? "the main menu" : base::ToUtf8(change.path);
+    const char* colour = change.kind == "added" ? "32" : change.kind == "removed" ? "31" : "36";
+    streams.out << Coloured(name, colour, streams.colours) << ' ' << change.sentence << '\n';
+  }
+}
+
+void PrintJson(const std::vector<Change>& changes, const Streams& streams) {
+  auto list = nlohmann::ordered_json::array();
+  for (const Change& change : changes) {
+    nlohmann::ordered_json json;
+    json["kind"] = change.kind;
+    json["path"] = base::ToUtf8(change.path);
+    json["sentence"] = change.sentence;
+    json["file"] = change.position.file;
+    if (change.position.line != 0) json["line"] = change.position.line;
+    list.push_back(std::move(json));
+  }
+  streams.out << list.dump(2) << '\n';
+}
+
+int Run(const Options& options, Streams& streams) {
+  const auto before = LoadWellFormed({options.before, options.source}, streams);
+  const auto after = before ? LoadWellFormed({options.after, options.source}, streams) : nullptr;
+  if (!after) return kUnusable;
+  const std::vector<Change> changes = authoring::Compare(*before, *after);
+  if (options.format == Format::kJson) {
+    PrintJson(changes, streams);
+  } else {
+    PrintText(changes, streams);
+  }
+  return changes.empty() ? kFine : kFound;
+}
+
+}  // namespace
+
+void AddDiff(CLI::App& program, Streams& streams, int& status) {
+  const auto options = std::make_shared<Options>();
+  CLI::App* command = program.add_subcommand("diff", "what changed between two configurations, in an author's words");
+  command->footer(
+      "Exit status: 0 nothing changed, 1 something did, 2 unusable arguments or files.\n"
+      "Example: kelconf diff examples/terminal/Windows/ovu.xml examples/terminal/registry.reg");
+  command->add_option("OLD", options->before, "a storage folder, an XML file or a registry file")->required();
+  command->add_option("NEW", options->after, "the same, as it is now")->required();
+  command->add_option("--source", options->source, "the utility's command line, for both");
+  AddFormatOption(*command, options->format);
+  command->callback([options, &streams, &status] { status = Run(*options, streams); });
+}
+
+}  // namespace tools

@@ -1,0 +1,94 @@
+// kelconf find: entries by anything that is said about them, with the keys that lead there.
+#include "authoring/entry_lookup.h"
+#include "authoring/search.h"
+#include "base/utf8.h"
+#include "tools/console.h"
+#include "tools/kelconf_source.h"
+
+#include <nlohmann/json.hpp>
+
+#include <memory>
+#include <ostream>
+
+namespace tools {
+namespace {
+
+using authoring::Hit;
+
+struct Options {
+  SourceOptions source;
+  std::string text;
+  Format format = Format::kText;
+};
+
+WideStringView OidOf(const Hit& hit) {
+  const WideStringView oid = hit.key->Value(TextId::kOid);
+  return oid.empty() ? hit.key->Value(TextId::kCmdOid) : oid;
+}
+
+std::string KeysOf(const Hit& hit) {
+  if (!hit.keys) return "hidden";
+  return hit.keys->empty() ? "main menu" : base::ToUtf8(authoring::KeysInWords(*hit.keys));
+}
+
+void PrintText(const std::vector<Hit>& hits, const Streams& streams) {
+  for (const Hit& hit : hits) {
+    streams.out << Coloured(KeysOf(hit), hit.keys ? "32" : "33", streams.colours) << "  "
+                << base::ToUtf8(base::Trim(hit.item->Title())) << "  " << base::ToUtf8(authoring::PathOf(*hit.item));
+    if (!OidOf(hit).empty()) streams.out << "  " << base::ToUtf8(OidOf(hit));
+    const bool isSaid = hit.matched == LoadText(TextId::kDisplayName) || hit.text == OidOf(hit);
+    if (!isSaid) streams.out << "\n    " << base::ToUtf8(hit.matched) << ": " << base::ToUtf8(hit.text);
+    streams.out << '\n';
+  }
+}
+
+void PrintJson(const authoring::Configuration& configuration, const std::vector<Hit>& hits, const Streams& streams) {
+  auto list = nlohmann::ordered_json::array();
+  for (const Hit& hit : hits) {
+    nlohmann::ordered_json json;
+    json["path"] = base::ToUtf8(authoring::PathOf(*hit.item));
+    json["name"] = base::ToUtf8(hit.item->Title());
+    json["oid"] = base::ToUtf8(OidOf(hit));
+    json["keys"] = hit.keys ? nlohmann::ordered_json(base::ToUtf8(authoring::KeysInWords(*hit.keys))) : nullptr;
+    json["matched"] = base::ToUtf8(hit.matched);
+    json["text"] = base::ToUtf8(hit.text);
+    const authoring::Position position = configuration.PositionOf(*hit.key);
+    json["file"] = position.file;
+    if (position.line != 0) json["line"] = position.line;
+    list.push_back(std::move(json));
+  }
+  streams.out << list.dump(2) << '\n';
+}
+
+int Run(const Options& options, Streams& streams) {
+  const auto configuration = LoadWellFormed(options.source, streams);
+  if (!configuration) return kUnusable;
+  authoring::Trial trial(*configuration);
+  const std::vector<Hit> hits = authoring::Search(trial, base::FromUtf8(options.text));
+  if (options.format == Format::kJson) {
+    PrintJson(*configuration, hits, streams);
+  } else {
+    PrintText(hits, streams);
+  }
+  return hits.empty() ? kFound : kFine;
+}
+
+}  // namespace
+
+void AddFind(CLI::App& program, Streams& streams, int& status) {
+  const auto options = std::make_shared<Options>();
+  CLI::App* command =
+      program.add_subcommand("find", "entries by name, OID, value, choice or attribute, and their keys");
+  command->footer(
+      "The keys are those to press from the main menu with the device's present values; \"hidden\": a rule hides a "
+      "line\n"
+      "on the way.\n"
+      "Exit status: 0 something was found, 1 nothing, 2 unusable arguments or files.\n"
+      "Example: kelconf find examples/terminal baud");
+  AddSourceOptions(*command, options->source);
+  command->add_option("TEXT", options->text, "part of what is looked for, in any case")->required();
+  AddFormatOption(*command, options->format);
+  command->callback([options, &streams, &status] { status = Run(*options, streams); });
+}
+
+}  // namespace tools
