@@ -29,6 +29,102 @@ TEST(Kelconf, TreeGivesTheSameAsJson) {
   EXPECT_EQ(7, json[3]["line"]);
 }
 
+TEST(Kelconf, CheckEndsWithOneForWarningsAndErrorsOnly) {
+  tests::StorageFolder folder;
+  folder.WriteMenu("<GROUP name=\"A\"><DisplayName>A</DisplayName><Function>Summary</Function><ShortDesc/></GROUP>");
+  const KelconfRun note = RunKelconf({"check", folder.Path().string()});
+  EXPECT_EQ(0, note.status);
+  EXPECT_NE(std::string::npos, note.out.find("note: ShortDesc")) << note.out;
+  folder.WriteMenu("<GROUP name=\"A\"><DisplayName>A</DisplayName><Function>Sumary</Function></GROUP>");
+  EXPECT_EQ(1, RunKelconf({"check", folder.Path().string()}).status);
+  EXPECT_EQ(2, RunKelconf({"check", folder.Path().string(), "nowhere"}).status);
+  EXPECT_EQ(0, RunKelconf({"check", "--list"}).status);
+  const auto json = nlohmann::json::parse(RunKelconf({"check", folder.Path().string(), "--format", "json"}).out);
+  EXPECT_EQ("function-unknown", json["findings"][0]["id"]);
+}
+
+TEST(Kelconf, FindNamesTheKeysThatLeadThereNow) {
+  const KelconfRun run = RunKelconf({"find", tests::kDemonstration.string(), "BAUD"});
+  EXPECT_EQ(0, run.status);
+  EXPECT_EQ(
+      "6-1-2  COM1 Baud  Serial\\Com1\\Baud  1.3.6.1.4.1.4242.10.7.2.0\n"
+      "hidden  COM2 Baud  Serial\\Com2\\Baud  1.3.6.1.4.1.4242.10.7.6.0\n",
+      run.out);
+  EXPECT_EQ(1, RunKelconf({"find", tests::kDemonstration.string(), "no such thing"}).status);
+}
+
+TEST(Kelconf, FindLooksAtNamesOidsValuesChoicesAndAttributes) {
+  const auto matched = [](const std::string& text) {
+    const auto json =
+        nlohmann::json::parse(RunKelconf({"find", tests::kSmallExample.string(), text, "--format", "json"}).out);
+    return json.empty() ? std::string("none")
+                        : json[0]["matched"].get<std::string>() + " " + json[0]["keys"].get<std::string>();
+  };
+  EXPECT_EQ("DisplayName 1-2", matched("light t"));
+  EXPECT_EQ("OID 1-1", matched("10.4.1.0"));
+  EXPECT_EQ("value 1-2", matched("30"));
+  EXPECT_EQ("ChoiceFmt 1-1", matched("Off"));
+  EXPECT_EQ("Dependency 1-2", matched("dependency"));
+  EXPECT_EQ("none", matched("secret"));
+}
+
+TEST(Kelconf, FindSaysNoSecrets) {
+  tests::StorageFolder folder;
+  folder.WriteMenu("<GROUP name=\"A\"><DisplayName>A</DisplayName><OID>1.1</OID><Type>Password</Type></GROUP>")
+      .Write("device.txt", "1.1\tPassword\thunter2\n");
+  EXPECT_EQ(1, RunKelconf({"find", folder.Path().string(), "hunter"}).status);
+}
+
+// What changed from one menu to another, without the names of the entries.
+std::string Difference(const std::string& before, const std::string& after) {
+  tests::StorageFolder old;
+  tests::StorageFolder now;
+  old.WriteMenu(before);
+  now.WriteMenu(after);
+  return RunKelconf({"diff", old.Path().string(), now.Path().string()}).out;
+}
+
+std::string Light(const std::string& name, const std::string& more) {
+  return "<GROUP name=\"Light\"><DisplayName>" + name + "</DisplayName><OID>1.1</OID><Type>Integer</Type>" + more +
+         "</GROUP>";
+}
+
+TEST(Kelconf, DiffSaysWhatChangedInAnAuthorsWords) {
+  const std::string choices = "<ChoiceFmt>0#Off|1#On</ChoiceFmt>";
+  const std::string sum = "<GROUP name=\"Sum\"><DisplayName>Sum</DisplayName><Function>Summary</Function></GROUP>";
+  const struct {
+    std::string before;
+    std::string after;
+    std::string said;
+  } cases[] = {
+      {Light("Light", choices), Light("Light", choices), ""},
+      {Light("Light", choices), Light("Backlight", choices), "Light is called \"Backlight\" instead of \"Light\"\n"},
+      {Light("Light", choices), Light("Light", "<ChoiceFmt>0#Off|1#Always|2#Timed</ChoiceFmt>"),
+       "Light calls the choice 1 \"Always\" instead of \"On\"\nLight has the choice \"Timed\" (2) now\n"},
+      {Light("Light", choices), Light("Light", "<ChoiceFmt>1#On</ChoiceFmt>"),
+       "Light has the choice \"Off\" (0) no more\n"},
+      {Light("Light", ""), Light("Light", "<Dependency>IF A EQ 1 THEN Blank</Dependency>"),
+       "Light has the rule Dependency now: \"IF A EQ 1 THEN Blank\"\n"},
+      {Light("Light", "<_OnExit>Refresh</_OnExit>"), Light("Light", "<_OnExit>FlagChanges</_OnExit>"),
+       "Light has changed in the handler _OnExit from \"Refresh\" to \"FlagChanges\"\n"},
+      {Light("Light", "<Range>1-5</Range>"), Light("Light", ""), "Light has Range no more: \"1-5\"\n"},
+      {sum, sum + Light("Light", ""), "Light is new in \"Main\"\n"},
+      {sum + Light("Light", ""), sum, "Light is gone in \"Main\"\n"},
+      {sum + Light("Light", ""), Light("Light", "") + sum, "Light stands before \"Sum\" now\n"},
+      {Light("Light", "") + "<GROUP name=\"M\"><DisplayName>M</DisplayName>" + sum + "</GROUP>",
+       "<GROUP name=\"M\"><DisplayName>M</DisplayName>" + sum + Light("Light", "") + "</GROUP>",
+       "M\\Light has moved from \"Main\" to \"M\"\n"},
+  };
+  for (const auto& c : cases) EXPECT_EQ(c.said, Difference(c.before, c.after)) << c.after;
+}
+
+TEST(Kelconf, DiffOfOneConfigurationInTwoFormsIsNothing) {
+  const KelconfRun run = RunKelconf({"diff", (tests::kDemonstration / "Windows/ovu.xml").string(),
+                                     (tests::kDemonstration / "registry.reg").string()});
+  EXPECT_EQ(0, run.status);
+  EXPECT_EQ("", run.out);
+}
+
 TEST(Kelconf, HelpIsThereAndWhatCannotBeUsedIsTwo) {
   const KelconfRun help = RunKelconf({"tree", "--help"});
   EXPECT_EQ(0, help.status);
