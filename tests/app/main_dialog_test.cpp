@@ -98,7 +98,7 @@ TEST_F(MainDialogTest, ASecondEditWhileOneRunsIsIgnored) {
 
 TEST_F(MainDialogTest, HomeForgetsWhereTheMenuThatIsLeftStood) {
   for (const WideStringView name : {u"second", u"third"}) Add(*root_.Children().front(), WideString(name));
-  terminal_.display.Press("{Enter}{Down}{Down}{Home}");
+  terminal_.display.Press("{Enter}{Down}{Down}{Enter}{Home}");  // Enter makes it remember the line
   terminal_.display.Then([&] {
     EXPECT_EQ(u"Root", Title());
     EXPECT_EQ(0, platform::ListBox(Control(ui::kMenuListId)).Selected());
@@ -118,7 +118,15 @@ TEST_F(MainDialogTest, WhenItIsMadeActiveItIsTheActiveWindow) {
                                                      .style = platform::style::kPopup | platform::style::kVisible,
                                                      .width = 20,
                                                      .height = 20});
+    // The control that had the focus is gone, so that none can bring the window back with it.
+    const WindowHandle field = platform::MakeWindow({.className = u"Edit",
+                                                     .style = platform::style::kChild | platform::style::kVisible,
+                                                     .width = 20,
+                                                     .height = 20,
+                                                     .parent = window_});
+    platform::Focus(field);
     platform::Activate(other);
+    platform::Destroy(field);
     platform::Send(window_, platform::message::kActivate, platform::kInactive);
     EXPECT_EQ(other, platform::ActiveWindow());
     platform::Send(window_, platform::message::kActivate, platform::kActive);
