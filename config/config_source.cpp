@@ -17,9 +17,10 @@ constexpr WideStringView kGroupFile = u"\\windows\\ekt.xml";
 
 using Refusals = std::vector<SourceRefusal>;
 
-void RefuseMalformed(WideStringView filePath, const XmlRefusal& why, Refusals& refusals) {
-  refusals.push_back({WideString(filePath), why.reason, why.place, true});
-  platform::DebugOutput(base::Format(u"FAILED: ReadDocument  %s\r\n", refusals.back().Line()));
+// Refuses a file for what stands in it.
+void Refuse(SourceRefusal refusal, Refusals& refusals) {
+  platform::DebugOutput(base::Format(u"FAILED: ReadDocument  %s\r\n", refusal.Line()));
+  refusals.push_back(std::move(refusal));
 }
 
 // Null for a file that is refused.
@@ -28,7 +29,8 @@ std::shared_ptr<XmlDocument> ReadDocument(WideStringView filePath, Refusals& ref
     try {
       auto document = std::make_shared<XmlDocument>();
       if (document->SetDocument(std::move(*text))) return document;
-      RefuseMalformed(filePath, document->Refusal(), refusals);
+      const XmlRefusal& why = document->Refusal();
+      Refuse({WideString(filePath), why.reason, why.place, true}, refusals);
       return nullptr;
     } catch (const std::bad_alloc&) {
       platform::DebugOutput(u"EXCEPTION: ReadDocument()\r\n");
@@ -65,7 +67,7 @@ std::optional<ConfigSource> OpenXmlSource(WideStringView filePath, Refusals& ref
   if (!document) return std::nullopt;
   std::optional<WideString> rootName = RootName(*document);
   if (!rootName) {
-    refusals.push_back(WithoutRoot(filePath, document->Index()));
+    Refuse(WithoutRoot(filePath, document->Index()), refusals);
     return std::nullopt;
   }
   ReadGroupFile(*document, refusals);

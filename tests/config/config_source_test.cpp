@@ -167,12 +167,17 @@ TEST_F(ConfigSourceTest, AnEmptyFileIsNotWellFormed) {
   EXPECT_EQ(Lines{u"malformed \\empty.xml:1:1: Element tag not found"}, Refusals());
 }
 
-TEST_F(ConfigSourceTest, WhyAFileIsMalformedGoesToTheDebugOutput) {
+TEST_F(ConfigSourceTest, WhyAFileIsRefusedGoesToTheDebugOutput) {
   Write("menu.xml", "\xEF\xBB\xBF<GROUP name='A'>\r\n  <Item>\r\n  \xC3\xA4 </Ittem>\r\n</GROUP>");
   EXPECT_FALSE(Select(u"\\menu.xml"));
   const WideString line = u"\\menu.xml:3:5: End tag does not correspond to Item (inside Item, which begins at 2:3)";
   EXPECT_EQ(Lines{u"malformed " + line}, Refusals());
   EXPECT_EQ(Lines{u"FAILED: ReadDocument  " + line + u"\r\n"}, TakeDebugLines());
+
+  Write("menu.xml", "\n <LIST/>");
+  EXPECT_FALSE(Select(u"\\menu.xml"));
+  EXPECT_EQ(Lines{u"FAILED: ReadDocument  \\menu.xml:2:2: The first element is LIST instead of GROUP\r\n"},
+            TakeDebugLines());
 
   Write("menu.xml", "<GROUP name='A'/>");
   EXPECT_TRUE(Select(u"\\menu.xml"));  // there is no group file, which is as it should be
