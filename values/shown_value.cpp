@@ -38,10 +38,8 @@ WideString MaskedText(const PropertyDescriptor& descriptor, WideStringView text)
   if (!descriptor.Resolve(TextId::kPassWordChar).empty()) return stars;
   WideString fixedText = descriptor.Resolve(TextId::kWep);
   if (!fixedText.empty()) return fixedText;
-  // A password or a key stays a secret where its author forgot to say so.
-  const std::optional<TypeCode> code = TypeCodeOf(descriptor.HeldType());
-  const bool isSecret = code == TypeCode::kPassword || code == TypeCode::kHex;
-  return isSecret ? stars : WideString(text);
+  // A password or a key stays a secret where its author forgot to say so, and while it cannot be read.
+  return IsSecretType(descriptor.Attributes().Get(TextId::kType)) ? stars : WideString(text);
 }
 
 WideString ShownValue(const PropertyDescriptor& descriptor) {

@@ -8,7 +8,9 @@
 #include "values/key_rules.h"
 #include "values/property_descriptor.h"
 #include "values/shown_value.h"
+#include "values/value_types.h"
 
+#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -83,10 +85,22 @@ class Submission {
     return taken;
   }
 
-  // A secret is none in a log either: it looks as it does on its line.
+  // A secret is none in a log either: it looks as it does on its line, and as a field of a command it is starred.
   WideString LoggedText(const PendingChange& change, const WideString& text) const {
     const PropertyDescriptor* descriptor = FindDescriptor(context_.descriptors, change.oid);
-    return descriptor == nullptr ? text : MaskedText(*descriptor, text);
+    if (descriptor == nullptr) return IsSecretType(change.type) ? WideString(text.size(), u'*') : text;
+    WideString logged = MaskedText(*descriptor, text);
+    const FieldWidthList* layout = descriptor->CommandLayout();
+    for (int index = 0; layout != nullptr && index < layout->Count(); ++index) {
+      const PropertyDescriptor* field =
+          FindDescriptor(context_.descriptors, base::Format(u"%s:%d", change.oid, index + 1));
+      const std::optional<WideString> column = layout->Field(logged, index);
+      if (field == nullptr || !column || MaskedText(*field, *column) == *column) continue;
+      const auto start = static_cast<std::size_t>(layout->Start(index));
+      const std::size_t length = std::min(static_cast<std::size_t>(layout->Width(index)), logged.size() - start);
+      logged.replace(start, length, length, u'*');
+    }
+    return logged;
   }
 
   const SubmitContext& context_;

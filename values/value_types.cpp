@@ -34,6 +34,11 @@ std::optional<TypeCode> TypeCodeOf(WideStringView type) {
 
 WideStringView TypeTextOf(TypeCode code) { return LoadText(kTypeTexts[static_cast<std::size_t>(code)]); }
 
+bool IsSecretType(WideStringView type) {
+  const std::optional<TypeCode> code = TypeCodeOf(type);
+  return code == TypeCode::kPassword || code == TypeCode::kHex;
+}
+
 TextId TypeIdOf(WideStringView type) {
   constexpr TextId kKnown[] = {TextId::kInteger, TextId::kOctetString, TextId::kBool,     TextId::kIpAddress,
                                TextId::kCounter, TextId::kGauge,       TextId::kTimeTicks};

@@ -30,6 +30,8 @@ inline constexpr WideStringView kFalseText = u"FALSE";
 std::optional<TypeCode> TypeCodeOf(WideStringView type);
 
 WideStringView TypeTextOf(TypeCode code);
+// Of a password or a key.
+bool IsSecretType(WideStringView type);
 
 // The type's entry in the string table by exact comparison; kOpaque for all that are not of the seven known names.
 TextId TypeIdOf(WideStringView type);

@@ -95,6 +95,10 @@ TEST_F(ShownValueTest, AKeyIsASecretWithoutItsFixedTextToo) {
   EXPECT_EQ(Shown(u"Hex32", u"passphrase", {}), u"**********");
 }
 
+TEST_F(ShownValueTest, ASecretIsOneWhileItCannotBeReadToo) {
+  EXPECT_EQ(MaskedText(Make({{u"OID", u"9"}, {u"Type", u"Password"}}), u"abc"), u"***");
+}
+
 TEST_F(ShownValueTest, AWirelessKeyShowsItsFixedTextWhateverTheValue) {
   EXPECT_EQ(Shown(u"Hex", u"abcde", {{u"WEP", u"Set"}}), u"Set");
   EXPECT_EQ(Shown(u"Hex", u"", {{u"WEP", u"Set"}}), u"Set");

@@ -186,6 +186,35 @@ TEST_F(Submission, ARefusedSecretIsLoggedAsItsLineShowsIt) {
             (Lines{u"FAILED: SNMPSet  hr[80004005] OID[1] Value[******] Type[Password])\r\n"}));
 }
 
+TEST_F(Submission, ARefusedSecretIsNoneInTheLogWhereverItStands) {
+  const struct {
+    std::vector<tests::KeyValues> properties;
+    PendingChange change;
+    WideString logged;
+  } cases[] = {
+      {{}, Change(u"1", u"Password", u"geheim"), u"******"},
+      {{}, Change(u"1", u"Octet String", u"plain"), u"plain"},
+      {{{{u"OID", u"1"}, {u"Type", u"ReaderCmd"}, {u"CmdString", u"3,2,6,2"}},
+        {{u"CmdOID", u"1:1"}, {u"Ordinal", u"1"}, {u"Type", u"Octet String"}},
+        {{u"CmdOID", u"1:2"}, {u"Ordinal", u"2"}, {u"Type", u"Octet String"}, {u"PassWordChar", u"*"}}},
+       Change(u"1", u"ReaderCmd", u"ABgeheimCD"),
+       u"AB******CD"},
+      {{{{u"OID", u"1"}, {u"Type", u"ReaderCmd"}, {u"CmdString", u"2,2,9"}},
+        {{u"CmdOID", u"1:2"}, {u"Ordinal", u"2"}, {u"Type", u"Octet String"}, {u"WEP", u"Hidden"}}},
+       Change(u"1", u"ReaderCmd", u"ABgeheim"),
+       u"AB******"},
+  };
+  device_[u"1"].setResult = platform::kFailed;
+  for (const auto& c : cases) {
+    descriptors_.clear();
+    for (const tests::KeyValues& property : c.properties) Make(property);
+    terminal_.TakeDebugLines();
+    Submit({c.change});
+    EXPECT_EQ(terminal_.TakeDebugLines(), (Lines{u"FAILED: SNMPSet  hr[80004005] OID[1] Value[" + c.logged +
+                                                 u"] Type[" + c.change.type + u"])\r\n"}));
+  }
+}
+
 TEST_F(Submission, AnErrorTextIsAskedForByTheOidOfTheConfiguration) {
   device_.Put(u"cfg|80211PM|ActiveProfile", u"Work");
   device_.Put(u"cfg|Work|SSID", u"old");
