@@ -1,10 +1,35 @@
 #include "rules/change_queue.h"
 
+#include "platform/window.h"
+#include "values/submission.h"
 #include "values/value_types.h"
 
+#include <optional>
 #include <utility>
 
 namespace rules {
+namespace {
+
+// The program around one submission.
+class Host final : public values::SubmitHost {
+ public:
+  Host(platform::WindowHandle window, const SingleValues& singleValues, ItemOperations& items)
+      : window_(window), single_(singleValues), items_(items) {}
+
+  WideString ErrorTextOf(WideStringView oid) override { return single_.ErrorTextOf(oid); }
+  void Started() override { cursor_.emplace(window_); }
+  void Settled(const values::PendingChange& change, bool taken) override {
+    items_.Settle(change.oid, change.value, taken);
+  }
+
+ private:
+  platform::WindowHandle window_;
+  const SingleValues& single_;
+  ItemOperations& items_;
+  std::optional<platform::WaitCursor> cursor_;  // while changes are sent
+};
+
+}  // namespace
 
 void ChangeQueue::Add(const WideString& oid, const WideString& type, const WideString& text) {
   values::PendingChange change{oid, type, {}, values::KeyKind::kWepKey};
@@ -18,17 +43,11 @@ void ChangeQueue::Clear() {
   for (const values::PendingChange& change : std::exchange(context_.changes, {})) items_.DropEdit(change.oid);
 }
 
-void ChangeQueue::Settled(const values::PendingChange& change, bool taken) {
-  items_.Settle(change.oid, change.value, taken);
-  if (!taken) cursor_.reset();  // a box is next
-}
-
 bool ChangeQueue::Submit(int& outcome) {
-  const values::SubmitContext submit{context_.device, context_.model.Descriptors(), context_.boxes, *this,
+  Host host(context_.shell.MainWindow(), single_, items_);
+  const values::SubmitContext submit{context_.device, context_.model.Descriptors(), context_.boxes, host,
                                      context_.flashWrite};
-  const bool submitted = values::SnmpSetChanges(context_.changes, outcome, submit) == 0;
-  cursor_.reset();
-  return submitted;
+  return values::SnmpSetChanges(context_.changes, outcome, submit) == 0;
 }
 
 bool ChangeQueue::Submit() {

@@ -1,15 +1,11 @@
 // The pending changes as rules and commands use them: texts go in, all are submitted together.
 #pragma once
 
-#include "platform/window.h"
 #include "rules/item_operations.h"
-#include "values/submission.h"
-
-#include <optional>
 
 namespace rules {
 
-class ChangeQueue final : private values::SubmitHost {
+class ChangeQueue {
  public:
   ChangeQueue(const Context& context, const SingleValues& singleValues, ItemOperations& items)
       : context_(context), single_(singleValues), items_(items) {}
@@ -26,14 +22,9 @@ class ChangeQueue final : private values::SubmitHost {
   bool Submit();
 
  private:
-  WideString ErrorTextOf(WideStringView oid) override { return single_.ErrorTextOf(oid); }
-  void Started() override { cursor_.emplace(context_.shell.MainWindow()); }
-  void Settled(const values::PendingChange& change, bool taken) override;
-
   Context context_;
   const SingleValues& single_;
   ItemOperations& items_;
-  std::optional<platform::WaitCursor> cursor_;  // while changes are sent
 };
 
 }  // namespace rules

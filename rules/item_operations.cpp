@@ -12,6 +12,8 @@ values::PropertyValue ValueOf(const values::PropertyDescriptor& property, WideSt
   return value;
 }
 
+void ReadFromCommand(values::PropertyDescriptor& field) { field.InitFromCommand(); }
+
 void SetEditRefused(values::PropertyDescriptor& field) {
   if (field.IsChanged()) field.SetRefused(field.OfferedValue());
 }
@@ -40,10 +42,11 @@ void ItemOperations::StoreValue(const WideString& oid, const WideString& type, c
   if (property != nullptr) SendValue(oid, type, value, context_.model.ItemOf(*property));
 }
 
-void ItemOperations::SendValue(const WideString& oid, const WideString& type, const WideString& value,
-                               const model::MenuItem* item) {
-  const bool taken = single_.SetSingleValue(oid, type, value, item) >= 0;
-  if (const auto* property = context_.model.FindDescriptor(oid)) Settle(oid, ValueOf(*property, value), taken);
+platform::ResultCode ItemOperations::SendValue(const WideString& oid, const WideString& type, const WideString& value,
+                                               const model::MenuItem* item) {
+  const platform::ResultCode result = single_.SetSingleValue(oid, type, value, item);
+  if (const auto* property = context_.model.FindDescriptor(oid)) Settle(oid, ValueOf(*property, value), result >= 0);
+  return result;
 }
 
 bool ItemOperations::CorrectValue(const WideString& oid, const WideString& type, const WideString& value) {
@@ -54,55 +57,53 @@ bool ItemOperations::CorrectValue(const WideString& oid, const WideString& type,
   return !wasRefused;
 }
 
-WideString ItemOperations::Reread(const WideString& oid, const WideString& type) {
-  auto* property = context_.model.FindDescriptor(oid);
+WideString ItemOperations::Reread(const WideString& oid, const WideString& type, Fields fields) {
   std::optional<WideString> text;
   context_.device.DoSnmpGet(values::DeviceOid(context_.model.Descriptors(), context_.device, oid), type, text);
-  if (property == nullptr) return std::move(text).value_or(WideString());
-  if (!text) {
-    UpdateLine(*property);
-    return {};
-  }
-  property->SetRead(ValueOf(*property, *text));
-  Follow(*property);
-  return *text;
+  const bool isProperty = VisitProperties(oid, [&text](values::PropertyDescriptor& property) {
+    if (text) property.SetRead(ValueOf(property, *text));
+  });
+  if (isProperty && text) VisitFields(oid, ReadFromCommand, fields);
+  return std::move(text).value_or(WideString());
 }
 
 void ItemOperations::Settle(WideStringView oid, const values::PropertyValue& value, bool taken) {
-  auto* property = context_.model.FindDescriptor(oid);
-  if (property == nullptr) return;
-  if (taken) {
-    property->SetTaken(value);
-    Follow(*property);
-    return;
-  }
-  property->SetRefused(value);
-  UpdateLine(*property);
-  VisitFields(*property, SetEditRefused);
+  VisitProperties(oid, [&](values::PropertyDescriptor& property) {
+    if (taken) {
+      property.SetTaken(value);
+    } else {
+      property.SetRefused(value);
+    }
+  });
+  VisitFields(oid, taken ? ReadFromCommand : SetEditRefused);
 }
 
 void ItemOperations::DropEdit(WideStringView oid) {
+  VisitProperties(oid, [](values::PropertyDescriptor& property) { property.DropEdit(); });
+  VisitFields(oid, [](values::PropertyDescriptor& field) { field.DropEdit(); });
+}
+
+template <typename Visit>
+bool ItemOperations::VisitProperties(WideStringView oid, Visit visit) {
+  // A configuration may show one setting as often as it likes, and then restore it as often.
+  constexpr int kMost = 16;
+
   auto* property = context_.model.FindDescriptor(oid);
-  if (property == nullptr) return;
-  property->DropEdit();
-  UpdateLine(*property);
-  VisitFields(*property, [](values::PropertyDescriptor& field) { field.DropEdit(); });
+  if (property == nullptr) return false;
+  for (int count = 0; property != nullptr && count < kMost; ++count, property = property->Earlier()) {
+    visit(*property);
+    UpdateLine(*property);
+  }
+  return true;
 }
 
-// The property has another value: its line and its fields do too.
-void ItemOperations::Follow(const values::PropertyDescriptor& property) {
-  UpdateLine(property);
-  VisitFields(property, [](values::PropertyDescriptor& field) { field.InitFromCommand(); });
-}
-
-void ItemOperations::VisitFields(const values::PropertyDescriptor& command, Visit visit) {
-  const values::FieldWidthList* layout = command.CommandLayout();
+void ItemOperations::VisitFields(WideStringView commandOid, FieldVisit visit, Fields fields) {
+  const auto* command = context_.model.FindDescriptor(commandOid);
+  const values::FieldWidthList* layout = command == nullptr ? nullptr : command->CommandLayout();
   const int count = layout == nullptr ? 0 : layout->Count();
   for (int number = 1; number <= count; ++number) {
-    auto* field = context_.model.FindDescriptor(base::Format(u"%s:%d", command.GetOID(), number));
-    if (field == nullptr) continue;
-    visit(*field);
-    UpdateLine(*field);
+    const bool isProperty = VisitProperties(base::Format(u"%s:%d", commandOid, number), visit);
+    if (!isProperty && fields == Fields::kUpToGap) return;
   }
 }
 

@@ -13,7 +13,7 @@ struct Rules {
         operands(context),
         queue(context, singleValues, items),
         dependencies(context, items, operands),
-        wireless(context, singleValues, items, operands, queue),
+        wireless(context, items, operands, queue),
         applier(context, queue, dependencies),
         handlers(context, items, queue, wireless, applier),
         postEdit(context, wireless) {}

@@ -128,17 +128,17 @@ void Wireless::RefreshEditedItem(const model::MenuItem& item) {
   const WideString type(isField ? LoadText(TextId::kReaderCmd) : node->Value(TextId::kType));
   if (oid.empty() || values::IsPseudoOid(oid)) return;
 
-  items_.Reread(oid, type);
+  items_.Reread(oid, type, ItemOperations::Fields::kUpToGap);
 }
 
 void Wireless::ApplyNetworkSettings(const model::MenuItem* item) {
   const WideString zeroConfig = ReadText(u"cfg|80211PM|ZeroConfig");
   if (zeroConfig == u"On" || zeroConfig.empty()) {
-    single_.SetSingleValue(WideString(kNetworkSettings), Integer(), u"5677765", item);
+    items_.SendValue(WideString(kNetworkSettings), Integer(), u"5677765", item);
     context_.shell.ShowNote(u"\nApplying Network Settings");
   } else if (zeroConfig == u"Off") {
     const WideString profile = ReadText(u"cfg|80211PM|ActiveProfile");
-    single_.SetSingleValue(u"cfg|80211PM|ConfigureProfile", WideString(LoadText(TextId::kOctetString)), profile, item);
+    items_.SendValue(u"cfg|80211PM|ConfigureProfile", WideString(LoadText(TextId::kOctetString)), profile, item);
     context_.shell.ShowNote(u"\nApplying Profile Settings");
   }
 
@@ -156,14 +156,14 @@ void Wireless::ImportCertificates(const model::MenuItem& item) {
   platform::ResultCode result = platform::kOk;
   {
     const platform::WaitCursor cursor(context_.shell.MainWindow());
-    result = single_.SetSingleValue(WideString(node->Value(TextId::kOid)), WideString(node->Value(TextId::kType)),
-                                    u"True", &item);
+    result =
+        items_.SendValue(WideString(node->Value(TextId::kOid)), WideString(node->Value(TextId::kType)), u"True", &item);
   }
   if (result >= 0) context_.shell.ShowSystemMessage(LoadText(TextId::kCertificatesImported), u"Success");
 }
 
 void Wireless::WEP_Properties(const model::MenuItem& item) {
-  single_.SetSingleValue(WideString(kNetworkSettings), Integer(), u"5677766", &item);
+  items_.SendValue(WideString(kNetworkSettings), Integer(), u"5677766", &item);
 }
 
 }  // namespace rules

@@ -10,9 +10,8 @@ namespace rules {
 
 class Wireless {
  public:
-  Wireless(const Context& context, SingleValues& singleValues, ItemOperations& items, const Operands& operands,
-           ChangeQueue& queue)
-      : context_(context), single_(singleValues), items_(items), operands_(operands), queue_(queue) {}
+  Wireless(const Context& context, ItemOperations& items, const Operands& operands, ChangeQueue& queue)
+      : context_(context), items_(items), operands_(operands), queue_(queue) {}
 
   // Narrows choices, corrects values that are no longer allowed, shows and hides what depends on them, and submits the
   // pending changes. Items that the configuration lacks are left out.
@@ -46,7 +45,6 @@ class Wireless {
   WideString ReadText(WideStringView oid);
 
   Context context_;
-  SingleValues& single_;
   ItemOperations& items_;
   const Operands& operands_;
   ChangeQueue& queue_;

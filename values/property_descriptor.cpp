@@ -32,7 +32,7 @@ PropertyDescriptor::PropertyDescriptor(const config::ConfigKey* key, DeviceAcces
 
   if (WideString commandOid = Resolve(TextId::kCmdOid); !commandOid.empty()) {
     InitFromCommand();
-    descriptors.insert_or_assign(std::move(commandOid), this);
+    EnterInto(descriptors, std::move(commandOid));
   } else if (WideString oid = GetOID(); !oid.empty()) {
     if (IsPseudoOid(oid)) {
       InitFromPseudoOid(oid);
@@ -40,7 +40,7 @@ PropertyDescriptor::PropertyDescriptor(const config::ConfigKey* key, DeviceAcces
       InitValue();
       if (!Resolve(TextId::kWep).empty()) ParseValue(value_.AsText(), value_);
     }
-    descriptors.insert_or_assign(std::move(oid), this);
+    EnterInto(descriptors, std::move(oid));
   }
 
   const bool isNamed = attributes_.Has(TextId::kDisplayName);
@@ -52,6 +52,11 @@ PropertyDescriptor::PropertyDescriptor(const config::ConfigKey* key, DeviceAcces
 PropertyDescriptor::~PropertyDescriptor() { --liveCount; }
 
 WideString PropertyDescriptor::Path() const { return key_ == nullptr ? WideString() : key_->FullPath(); }
+
+void PropertyDescriptor::EnterInto(DescriptorMap& descriptors, WideString oid) {
+  const auto [entry, isFirst] = descriptors.try_emplace(std::move(oid), this);
+  if (!isFirst) earlier_ = std::exchange(entry->second, this);
+}
 
 void PropertyDescriptor::InitFromPseudoOid(WideStringView oid) {
   if (oid != LoadText(TextId::kGetIpAddress)) return;  // the rules know the others

@@ -26,7 +26,7 @@ class PropertyDescriptor {
   // Takes its attributes from `key` (null: it has none), enters itself into `descriptors` under its OID or command OID,
   // in place of an earlier one, and reads its value: from the device, from the command that it is a field of (when
   // that is in `descriptors` already), or from the program for a pseudo-OID. A value that cannot be read makes it
-  // unavailable and read only. Key, device, symbols and map must outlive it.
+  // unavailable and read only. Key, device, symbols, map and the earlier one must outlive it.
   PropertyDescriptor(const config::ConfigKey* key, DeviceAccess& device, const SymbolTable& symbols,
                      DescriptorMap& descriptors);
   ~PropertyDescriptor();
@@ -35,6 +35,9 @@ class PropertyDescriptor {
 
   // Descriptors alive in this process.
   static int LiveCount();
+
+  // The one whose place in `descriptors` it took, null for none: the same setting on another line.
+  PropertyDescriptor* Earlier() const { return earlier_; }
 
   const config::ConfigKey* Key() const { return key_; }
   WideString Path() const;  // of its key; empty without one
@@ -117,12 +120,14 @@ class PropertyDescriptor {
   bool WriteToCommand(PropertyDescriptor* parent, const PropertyValue& value) const;
 
  private:
+  void EnterInto(DescriptorMap& descriptors, WideString oid);
   void InitFromPseudoOid(WideStringView oid);
 
   DeviceAccess& device_;
   const SymbolTable& symbols_;
   const DescriptorMap& descriptors_;
   const config::ConfigKey* key_;
+  PropertyDescriptor* earlier_ = nullptr;
   AttributeMap attributes_;
   WideString displayName_;
   PropertyValue value_;

@@ -129,11 +129,12 @@ TEST_F(ApplyTest, WhatIsDiscardedPulsesNothingLater) {
   EXPECT_EQ(Journal(), TakeJournal());
 }
 
-// Says whether the wait cursor stands.
+// Says whether the wait cursor stands. No box stands under one.
 class CursorBoxes final : public values::MessageBoxes {
  public:
   explicit CursorBoxes(Journal& journal) : journal_(journal) {}
   int Show(WideStringView, WideStringView, int) override {
+    const platform::WaitCursorPause pause;
     journal_.push_back(platform::host::IsWaitCursorShown() ? u"box, waiting" : u"box");
     return 0;
   }
@@ -164,14 +165,15 @@ class CursorDevice final : public platform::ISnmpConfig {
   Journal& journal_;
 };
 
-TEST_F(ApplyTest, TheWaitCursorStandsWhileChangesAreSentAndUnderNoBox) {
+TEST_F(ApplyTest, TheWaitCursorStandsWhileChangesAreSentAndIsBackAfterABox) {
   CursorBoxes boxes(journal_);
   values::DeviceAccess device([this] { return std::make_unique<CursorDevice>(journal_); });
   rules::Rules rules({model_, device, symbols_, changes_, events_, edit_, boxes, shell_, flashWrite_});
   rules.queue.Add(u"1", u"Octet String", u"take");
   rules.queue.Add(u"2", u"Octet String", u"refuse");
+  rules.queue.Add(u"3", u"Octet String", u"take");
   EXPECT_FALSE(rules.queue.Submit());
-  EXPECT_EQ((Journal{u"set, waiting", u"set, waiting", u"box"}), TakeJournal());
+  EXPECT_EQ((Journal{u"set, waiting", u"set, waiting", u"box", u"set, waiting"}), TakeJournal());
   EXPECT_FALSE(platform::host::IsWaitCursorShown());
   EXPECT_TRUE(rules.queue.Submit());  // nothing to send
   EXPECT_FALSE(platform::host::IsWaitCursorShown());
@@ -223,6 +225,81 @@ TEST_F(FieldEditTest, ADroppedEditIsAsIfItHadNotBeen) {
   EXPECT_EQ(u"AA", rules_.operands.ResolveOperand(u"f"));
   EXPECT_EQ(u"AABBB", rules_.operands.GetOperandValue(u"7", u"ReaderCmd"));
   EXPECT_EQ(u"f  <AA>", Item(u"f").LineText());
+}
+
+// Both lines show one setting, and one of them is edited.
+class TwoLinesTest : public tests::RulesTest {
+ protected:
+  void SetUp() override {
+    fake_.Put(u"1", u"old");
+    Build(Property("first", "1", "Octet String") + Property("second", "1", "Octet String"));
+  }
+
+  void Edit(WideStringView line, WideStringView text) {
+    values::ValueCommitter committer(model_.Descriptors(), boxes_, changes_, events_, edit_);
+    committer.RecordChange(*Item(line).Descriptor(), values::PropertyValue::OfText(WideString(text)));
+    int outcome = 0;
+    rules_.applier.ApplyChanges(outcome);
+  }
+  WideString OfferedBy(WideStringView line) { return Item(line).Descriptor()->OfferedValue().AsText(); }
+};
+
+TEST_F(TwoLinesTest, ATakenValueShowsOnBoth) {
+  for (const WideStringView line : {u"first", u"second"}) {
+    Edit(line, line);
+    EXPECT_EQ(u"first  <" + WideString(line) + u">", Item(u"first").LineText());
+    EXPECT_EQ(u"second  <" + WideString(line) + u">", Item(u"second").LineText());
+    EXPECT_FALSE(Item(u"first").Descriptor()->IsChanged());
+  }
+}
+
+TEST_F(TwoLinesTest, ARefusedValueShowsOnNone) {
+  fake_[u"1"].setResult = platform::kAccessDenied;
+  for (const WideStringView line : {u"first", u"second"}) {
+    Edit(line, line);
+    EXPECT_EQ(u"first  <old>", Item(u"first").LineText());
+    EXPECT_EQ(u"second  <old>", Item(u"second").LineText());
+    EXPECT_EQ(u"old", Item(u"first").Descriptor()->GetValue().AsText());
+    EXPECT_EQ(line, OfferedBy(line));
+  }
+}
+
+TEST_F(TwoLinesTest, AValueThatIsReadAnewShowsOnBoth) {
+  fake_.Put(u"1", u"new");
+  rules_.wireless.RefreshEditedItem(Item(u"first"));
+  EXPECT_EQ(u"first  <new>", Item(u"first").LineText());
+  EXPECT_EQ(u"second  <new>", Item(u"second").LineText());
+}
+
+TEST_F(TwoLinesTest, ADroppedEditIsGoneFromTheEditedOne) {
+  values::ValueCommitter committer(model_.Descriptors(), boxes_, changes_, events_, edit_);
+  committer.RecordChange(*Item(u"first").Descriptor(), values::PropertyValue::OfText(u"waiting"));
+  rules_.queue.Clear();
+  EXPECT_EQ(u"old", Item(u"first").Descriptor()->GetValue().AsText());
+  EXPECT_EQ(u"first  <old>", Item(u"first").LineText());
+}
+
+TEST_F(TwoLinesTest, OfVeryManyTheLatestFollow) {
+  std::string lines;
+  for (int number = 0; number < 20; ++number) lines += Property("line" + std::to_string(number), "1", "Octet String");
+  Build(lines);
+  Edit(u"line19", u"new");
+  EXPECT_EQ(u"line4  <new>", Item(u"line4").LineText());
+  EXPECT_EQ(u"line3  <old>", Item(u"line3").LineText());
+}
+
+TEST_F(TwoLinesTest, ThatShowOneFieldFollowItsCommand) {
+  const std::string field = Tag("CmdOID", "7:1") + Tag("Type", "Octet String");
+  fake_.Put(u"7", u"AABBB");
+  Build(Property("cmd", "7", "ReaderCmd", Tag("CmdString", "2,2,3") + Tag("Ordinal", "1")) +
+        Group("first", Tag("DisplayName", "first") + Tag("Ordinal", "2") + field) +
+        Group("second", Tag("DisplayName", "second") + Tag("Ordinal", "3") + field));
+  Edit(u"first", u"XX");
+  EXPECT_EQ(u"second  <XX>", Item(u"second").LineText());
+  fake_[u"7"].setResult = platform::kAccessDenied;
+  Edit(u"first", u"YY");
+  EXPECT_EQ(u"first  <XX>", Item(u"first").LineText());
+  EXPECT_EQ(u"YY", OfferedBy(u"first"));
 }
 
 TEST_F(FieldEditTest, TwoEditsOfOneEventPulseItOnce) {

@@ -285,6 +285,17 @@ TEST_F(DependenciesTest, RefreshOfACommandsFieldReadsTheCommand) {
   EXPECT_EQ(u"x  <3>", X().LineText());
 }
 
+TEST_F(DependenciesTest, RefreshOfACommandBringsFieldsBehindAGapToo) {
+  fake_.Put(u"7", u"AABBBCC");
+  Build(
+      Property("cmd", "7", "ReaderCmd",
+               Tag("CmdString", "3,2,3,2") + Tag("Ordinal", "1") + Tag("Dependency", "this|ReaderCmd||Refresh")) +
+      Group("f3", Tag("DisplayName", "f3") + Tag("CmdOID", "7:3") + Tag("Ordinal", "2") + Tag("Type", "Octet String")));
+  fake_.Put(u"7", u"XXYYYZZ");
+  rules_.dependencies.EvaluateDependencies(Item(u"cmd"));
+  EXPECT_EQ(u"f3  <ZZ>", Item(u"f3").LineText());
+}
+
 TEST_F(DependenciesTest, ARefreshMakesAvailableWhatCouldNotBeRead) {
   fake_[u"9"].getResult = platform::kFailed;
   BuildWith(Tag("ChoiceFmt", "5#Five|6#Six") + Tag("Dependency", "this|Integer|5|Refresh"));

@@ -328,6 +328,30 @@ TEST_F(WirelessTest, CertificatesAreImportedByASet) {
       TakeJournal());
 }
 
+// As when any other edit or command stores it.
+TEST_F(WirelessTest, APropertyHasWhatACommandStored) {
+  const auto command = [](const char* oid) { return Property("stored", oid, "Octet String"); };
+  fake_.Put(u"1.2.840.10036.1.1.1.8.2", u"");
+  Build(command("1.2.840.10036.1.1.1.8.2"));
+  rules_.wireless.WEP_Properties(Item(u"stored"));
+  EXPECT_EQ(u"stored  <5677766>", Item(u"stored").LineText());
+  rules_.wireless.ApplyNetworkSettings(&Item(u"stored"));
+  EXPECT_EQ(u"stored  <5677765>", Item(u"stored").LineText());
+
+  fake_.Put(u"cfg|80211PM|ZeroConfig", u"Off");
+  fake_.Put(u"cfg|80211PM|ActiveProfile", u"Home");
+  fake_.Put(u"cfg|80211PM|ConfigureProfile", u"");
+  Build(command("cfg|80211PM|ConfigureProfile"));
+  rules_.wireless.ApplyNetworkSettings(&Item(u"stored"));
+  EXPECT_EQ(u"stored  <Home>", Item(u"stored").LineText());
+
+  fake_[u"50.1"].getResult = platform::kFailed;
+  Build(command("50.1"));
+  EXPECT_EQ(u"stored  <Unavailable>", Item(u"stored").LineText());
+  rules_.wireless.ImportCertificates(Item(u"stored"));
+  EXPECT_EQ(u"stored  <True>", Item(u"stored").LineText());
+}
+
 TEST_F(WirelessTest, TheWepPropertiesAreACommandValue) {
   Load({u"1", u"2", u"0", u"4", u"0"});
   rules_.wireless.WEP_Properties(Item(u"auth"));
@@ -362,6 +386,20 @@ TEST_F(RefreshTest, AFieldRefreshesItsWholeCommandWithAllItsFields) {
   EXPECT_EQ((Journal{u"get 7 ReaderCmd"}), TakeJournal());
   EXPECT_EQ(u"f1  <XX>", Item(u"f1").LineText());
   EXPECT_EQ(u"f2  <YYY>", Item(u"f2").LineText());
+}
+
+TEST_F(RefreshTest, AfterAnEditTheFieldsAreReadUpToTheFirstMissingNumber) {
+  fake_.Put(u"7", u"AABBBCC");
+  const auto field = [](const char* name, const char* oid, const char* ordinal) {
+    return Group(name,
+                 Tag("DisplayName", name) + Tag("CmdOID", oid) + Tag("Ordinal", ordinal) + Tag("Type", "Octet String"));
+  };
+  Build(Property("cmd", "7", "ReaderCmd", Tag("CmdString", "3,2,3,2") + Tag("Ordinal", "1")) + field("f1", "7:1", "2") +
+        field("f3", "7:3", "3"));
+  fake_.Put(u"7", u"XXYYYZZ");
+  rules_.wireless.RefreshEditedItem(Item(u"f1"));
+  EXPECT_EQ(u"f1  <XX>", Item(u"f1").LineText());
+  EXPECT_EQ(u"f3  <CC>", Item(u"f3").LineText());
 }
 
 TEST_F(RefreshTest, AnEmptyTextThatWasReadEmptiesTheValue) {
