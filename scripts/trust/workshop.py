@@ -11,6 +11,7 @@ import threading
 from typing import NamedTuple
 
 from . import floors
+from .tokens import Lines
 
 # Tests that take longer are left out: what only they notice counts as a survivor.
 _LONG_S = 15
@@ -191,7 +192,9 @@ class Workshop:
     def judge(self, mutant):
         """("caught" | "out of time" | "not built" | "survived", by what)."""
         target = self.copy / mutant.path
-        original = (floors.HOUSE / mutant.path).read_bytes()
+        original = target.read_bytes()
+        if Lines(original.decode()).text(mutant.line).strip() != mutant.before:
+            raise RuntimeError(f"{mutant.path} has changed since the run began")
         target.write_bytes(mutant.change.apply(original.decode()).encode())
         try:
             return self._judge(floors.floor_of(mutant.path))
