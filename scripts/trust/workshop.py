@@ -3,7 +3,6 @@
 import concurrent.futures
 import json
 import os
-import pathlib
 import shutil
 import signal
 import subprocess
@@ -122,7 +121,7 @@ class Workshop:
         if not self._build_all(self._environment).passed:
             # A run that was killed may have left anything behind, in the compiler's cache too.
             say("building anew")
-            shutil.rmtree(self._build)
+            shutil.rmtree(self._build, ignore_errors=True)
             outcome = self._build_all({**self._environment, "CCACHE_RECACHE": "1"})
             if not outcome.passed:
                 raise RuntimeError(f"the house does not build:\n{outcome.output[-4000:]}")

@@ -42,7 +42,8 @@ class Operators(unittest.TestCase):
     def test_constants_are_one_more_and_one_less_in_their_own_form(self):
         self.assertEqual(changed("constant", "f(7);"), ["f(6);", "f(8);"])
         self.assertEqual(changed("constant", "f(0U);"), ["f(1U);"])
-        self.assertEqual(changed("constant", "f(0x0F, 1'000);"), ["f(0x10, 1'000);", "f(0xe, 1'000);", "f(0x0F, 1001);", "f(0x0F, 999);"])
+        self.assertEqual(changed("constant", "f(0x0F, 1'000);"),
+                         ["f(0x10, 1'000);", "f(0xe, 1'000);", "f(0x0F, 1001);", "f(0x0F, 999);"])
         self.assertEqual(changed("constant", "return true;"), ["return false;"])
         self.assertEqual(changed("constant", "f(u'a');"), ["f(u'b');"])
         self.assertEqual(changed("constant", r"f(u'\\');"), ["f(u'_');"])
@@ -67,7 +68,8 @@ class Operators(unittest.TestCase):
         self.assertEqual(operators.changes_in(source), [])
 
     def test_tables_of_constants_count_as_reached(self):
-        source = "constexpr int kA[] = {\n    1,\n};\nconstexpr int F(int a) {\n  return a == 1;\n}\nconstexpr int kB = 2;\nconstexpr A kC{3};\n"
+        source = ("constexpr int kA[] = {\n    1,\n};\nconstexpr int F(int a) {\n  return a == 1;\n}\n"
+                  "constexpr int kB = 2;\nconstexpr A kC{3};\n")
         self.assertEqual(operators.table_lines(source), {1, 2, 3, 7, 8})
 
 
