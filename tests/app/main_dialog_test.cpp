@@ -161,6 +161,17 @@ TEST_F(MainDialogTest, AMessageShowsTheRootMenuAgain) {
   Run();
 }
 
+TEST_F(MainDialogTest, ARequestToTheInlineAddressFieldThatIsNotThereIsAnsweredWithNothing) {
+  terminal_.display.Then([&] {
+    platform::LResult answer = 7;
+    EXPECT_EQ(0, platform::Send(window_, kAddressFieldRequest, platform::message::kGetTextLength,
+                                platform::ToLParam(&answer)));
+    EXPECT_EQ(0, answer);
+  });
+  terminal_.display.Press("{Esc}");
+  Run();
+}
+
 TEST_F(MainDialogTest, AMessageEndsIt) {
   terminal_.display.Then([&] { platform::Send(window_, kEndDialog); });
   EXPECT_EQ(0, dialog_.Run(root_, true));
