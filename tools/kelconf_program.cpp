@@ -11,6 +11,7 @@ constexpr AddCommand kCommands[] = {
     AddFind,
     AddTree,
     AddDiff,
+    AddWhy,
 };
 
 }  // namespace

@@ -1,0 +1,136 @@
+#include "authoring/assumption.h"
+
+#include "base/format.h"
+#include "base/number.h"
+#include "ui/entry_controls.h"
+#include "ui/property_editors.h"
+
+#include <algorithm>
+
+namespace authoring {
+namespace {
+
+using values::PropertyDescriptor;
+
+// The value that the command has on the device now is taken into the model, so that one change adds to another.
+void TakeFromDevice(MemoryDevice& device, PropertyDescriptor& command) {
+  std::optional<WideString> text;
+  device.Get(command.DeviceOid(), text);
+  values::PropertyValue value;
+  command.ParseValue(text.value_or(WideString()), value);
+  command.SetNewValue(std::move(value));
+}
+
+bool HasEditor(const model::MenuItem& item) {
+  const PropertyDescriptor* property = item.Descriptor();
+  if (property == nullptr || property->IsReadOnly() || !item.IsLeaf()) return false;
+  if (property->Attributes().Has(TextId::kFunction) || property->Attributes().Has(TextId::kAppName)) return false;
+  static const ui::EditorTable editors;
+  return ui::ChooseEntryKind(editors.MakeRequest(*property)) != ui::EntryKind::kNone;
+}
+
+}  // namespace
+
+void Assumption::Assume(std::span<const Change> changes) {
+  trial_.Device() = device_;
+  for (const Change& change : changes) Put(change);
+  trial_.Rebuild();
+  for (const Change& change : changes) AfterEdit(change);
+}
+
+void Assumption::AfterEdit(const Change& change) {
+  PropertyDescriptor* property = trial_.Model().FindDescriptor(change.oid);
+  if (property == nullptr || property->IsReadOnly()) return;
+  if (values::IsPseudoOid(change.oid)) {
+    values::PropertyValue value;
+    property->ParseValue(change.value, value);
+    property->SetNewValue(std::move(value));
+  }
+  model::MenuItem* item = trial_.Model().ItemOf(*property);
+  WideString command(property->Attributes().Get(TextId::kOnExit));
+  for (int number = 1; item != nullptr && !command.empty(); ++number) {
+    if (command != u"PromptWarmBoot") trial_.Rules().postEdit.RunPostEditAction(command, *item);
+    command = property->Attributes().Get(base::Format(u"%s%d", LoadText(TextId::kOnExit), number));
+  }
+}
+
+void Assumption::Put(const Change& change) {
+  if (values::IsPseudoOid(change.oid)) return;
+  const PropertyDescriptor* property = trial_.Model().FindDescriptor(change.oid);
+  const std::size_t colon = change.oid.find(u':');
+  const bool isField = property != nullptr ? property->GetCommandField().has_value() : colon != WideString::npos;
+  if (isField && colon != WideString::npos) {
+    const WideStringView oid = change.oid;
+    PutField(oid.substr(0, colon), base::ToLong(oid.substr(colon + 1)), change);
+  } else {
+    trial_.Device().Put(property == nullptr ? change.oid : property->DeviceOid(), change.value);
+  }
+}
+
+void Assumption::PutField(WideStringView commandOid, int number, const Change& change) {
+  PropertyDescriptor* command = trial_.Model().FindDescriptor(commandOid);
+  if (command == nullptr || command->CommandLayout() == nullptr || number < 1) return;
+  TakeFromDevice(trial_.Device(), *command);
+  WideString record = command->GetValue().AsText();
+  if (const PropertyDescriptor* field = trial_.Model().FindDescriptor(change.oid)) {
+    values::PropertyValue value;
+    field->ParseValue(change.value, value);
+    field->WriteToCommand(command, value);
+    record = command->GetValue().AsText();
+  } else {
+    // A field that no entry shows.
+    const auto start = static_cast<std::size_t>(std::max(0, command->CommandLayout()->Start(number - 1)));
+    const auto width = static_cast<std::size_t>(std::max(0, command->CommandLayout()->Width(number - 1)));
+    if (start < record.size()) record.replace(start, std::min(width, record.size() - start), change.value, 0, width);
+  }
+  trial_.Device().Put(command->DeviceOid(), record);
+}
+
+ItemPlace PlaceOf(const model::MenuItem& item) {
+  ItemPlace place;
+  for (const model::MenuItem* at = &item; at->Parent() != nullptr; at = at->Parent()) {
+    const auto& siblings = at->Parent()->Children();
+    const auto here = std::find_if(siblings.begin(), siblings.end(), [at](const auto& i) { return i.get() == at; });
+    place.push_back(static_cast<std::size_t>(here - siblings.begin()));
+  }
+  std::reverse(place.begin(), place.end());
+  return place;
+}
+
+model::MenuItem* ItemAtPlace(model::MenuModel& model, const ItemPlace& place) {
+  model::MenuItem* item = &model.Root();
+  for (const std::size_t index : place) {
+    if (index >= item->Children().size()) return nullptr;
+    item = item->Children()[index].get();
+  }
+  return item;
+}
+
+Look LookAt(Trial& trial, model::MenuItem& item, const std::function<void(model::MenuItem&)>& closed) {
+  std::vector<model::MenuItem*> above;
+  for (model::MenuItem* at = item.Parent(); at != nullptr; at = at->Parent()) above.push_back(at);
+  Look look;
+  look.reachable = true;
+  for (auto menu = above.rbegin(); menu != above.rend(); ++menu) {
+    const model::DisplayState state = (*menu)->State();
+    if (state == model::DisplayState::kNotDisplayed || state == model::DisplayState::kBlank) {
+      look.reachable = false;
+      if (closed) closed(**menu);
+    }
+    if ((*menu)->Parent() == nullptr) {
+      trial.Enter(**menu);
+    } else {
+      trial.Open(**menu);
+    }
+  }
+  look.state = item.State();
+  look.line = item.LineText();
+  look.editable = look.state != model::DisplayState::kNoEdit && HasEditor(item);
+  if (const PropertyDescriptor* property = item.Descriptor()) {
+    look.available = property->IsAvailable();
+    look.choiceText = property->ChoiceText();
+  }
+  return look;
+}
+
+}  // namespace authoring

@@ -1,0 +1,64 @@
+// Other values than the device holds, to see what the utility would do then.
+#pragma once
+
+#include "authoring/trial.h"
+
+#include <functional>
+#include <span>
+
+namespace authoring {
+
+// A setting by its OID, that of a field ("OID:2") or one that lives in the program alone, and what it is to be.
+struct Change {
+  WideString oid;
+  WideString value;
+  bool operator==(const Change&) const = default;
+};
+
+// Puts the trial's device back when it goes.
+class Assumption {
+ public:
+  explicit Assumption(Trial& trial) : trial_(trial), device_(trial.Device()) {}
+  ~Assumption() { Assume({}); }
+  Assumption(const Assumption&) = delete;
+  Assumption& operator=(const Assumption&) = delete;
+
+  // The device as it was but for these changes, and the model made from it anew: no item or property stays. What the
+  // utility does after an edit of these properties is done too.
+  void Assume(std::span<const Change> changes);
+
+ private:
+  void AfterEdit(const Change& change);
+  void Put(const Change& change);
+  void PutField(WideStringView commandOid, int number, const Change& change);
+
+  Trial& trial_;
+  const MemoryDevice device_;
+};
+
+// Where an item stands in the tree of items: the same place in every model of one configuration.
+using ItemPlace = std::vector<std::size_t>;
+ItemPlace PlaceOf(const model::MenuItem& item);
+// Null when the model has no such place.
+model::MenuItem* ItemAtPlace(model::MenuModel& model, const ItemPlace& place);
+
+// How a line looks to whoever walks to it.
+struct Look {
+  bool reachable = false;  // every menu above it can be opened
+  model::DisplayState state = model::DisplayState::kNormal;
+  bool available = true;  // of a property: its value could be read
+  bool editable = false;  // Enter opens an editor
+  WideString choiceText;  // the list in force
+  WideString line;
+
+  bool IsShown() const {
+    return reachable && state != model::DisplayState::kNotDisplayed && state != model::DisplayState::kBlank;
+  }
+  bool IsEditable() const { return IsShown() && editable; }
+};
+
+// Opens the menus above the item as the utility does it, and looks at its line. `closed` is told of each menu that
+// could not be opened, before it is opened all the same.
+Look LookAt(Trial& trial, model::MenuItem& item, const std::function<void(model::MenuItem& menu)>& closed = {});
+
+}  // namespace authoring

@@ -1,0 +1,92 @@
+#include "authoring/rule_trace.h"
+
+#include "base/format.h"
+#include "config/config_key.h"
+#include "rules/rule_tokens.h"
+#include "values/property_descriptor.h"
+#include "values/shown_value.h"
+
+namespace authoring {
+
+WideString SeenRule::Attribute() const {
+  return number == 0 ? WideString(u"Dependency") : base::Format(u"Dependency%d", number);
+}
+
+void RuleTrace::Clear() {
+  rules_.clear();
+  current_ = nullptr;
+  wireless_.clear();
+}
+
+const std::vector<SeenRule>& RuleTrace::RulesOf(const WideString& path) const {
+  static const std::vector<SeenRule> kNone;
+  const auto found = rules_.find(path);
+  return found == rules_.end() ? kNone : found->second;
+}
+
+void RuleTrace::OnNode(const config::ConfigKey& node, const model::MenuItem*) {
+  current_ = &rules_[node.FullPath()];
+  current_->clear();
+  wireless_.clear();  // the wireless rules run after those of a menu's lines
+}
+
+void RuleTrace::OnRule(int number, WideStringView text) {
+  if (current_ == nullptr) return;
+  SeenRule& rule = current_->emplace_back();
+  rule.number = number;
+  rule.text = text;
+}
+
+void RuleTrace::OnOperand(const rules::OperandReading& reading) {
+  const WideString value(reading.value);
+  operand_ = {WideString(reading.name), WideString(reading.oid), value, reading.origin, {}, {}, value};
+  if (reading.property == nullptr) return;
+  operand_.property = base::Trim(reading.property->DisplayName());
+  if (reading.origin != rules::OperandOrigin::kProperty) return;
+  operand_.shown = values::MaskedText(*reading.property, value);
+  const values::ChoiceFormat choices = reading.property->Choices();
+  if (const auto index = choices.IndexOf(reading.property->GetValue())) {
+    operand_.choice = choices.Entries()[*index].text;
+  }
+}
+
+void RuleTrace::OnComparison(const rules::Comparison& comparison) {
+  SeenRule* rule = Current();
+  if (rule == nullptr) return;
+  rule->comparisons.push_back({comparison.join, std::move(operand_), WideString(comparison.wanted),
+                               comparison.wantsEqual, comparison.exact, comparison.holds, comparison.holdsSoFar});
+  operand_ = {};
+}
+
+void RuleTrace::OnDecided(bool isCondition, bool holds) {
+  SeenRule* rule = Current();
+  if (rule == nullptr) return;
+  rule->holds = holds;
+  if (isCondition) {
+    rule->form = SeenRule::Form::kCondition;
+  } else if (WideStringView rest = rule->text; rules::NextRuleToken(rest).text == u"IF") {
+    rule->form = SeenRule::Form::kMalformed;
+    rule->comparisons.clear();
+  }
+}
+
+void RuleTrace::OnAction(const rules::RuleAction& action) {
+  SeenRule* rule = Current();
+  if (rule == nullptr) return;
+  rule->action = action.text;
+  rule->knownAction = action.known;
+  rule->state = action.state;
+}
+
+void RuleTrace::OnChoices(const model::MenuItem&, WideStringView choices, WideStringView fallback) {
+  SeenRule* rule = Current();
+  if (rule == nullptr) return;
+  rule->choices = choices;
+  rule->fallback = fallback;
+}
+
+void RuleTrace::OnWireless(const rules::WirelessChange& change) {
+  wireless_.push_back({change.kind, WideString(change.oid), WideString(change.text), change.settings});
+}
+
+}  // namespace authoring

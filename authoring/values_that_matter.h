@@ -1,0 +1,24 @@
+// Which values of a setting can make rules decide otherwise.
+#pragma once
+
+#include "authoring/rule_trace.h"
+#include "authoring/trial.h"
+
+#include <vector>
+
+namespace authoring {
+
+struct Lever {
+  WideString oid;
+  WideString current;
+  std::vector<WideString> values;  // each other than the current one; the property can take them, where there is one
+};
+
+// The settings that these rules read, and those that the wireless rules read when `wireless`, each once.
+std::vector<Lever> LeversOf(const Trial& trial, const std::vector<SeenRule>& rules, bool wireless);
+
+// At most this many settings, and values of one setting: more would not be tried anyway.
+inline constexpr std::size_t kMostLevers = 64;
+inline constexpr std::size_t kMostValues = 32;
+
+}  // namespace authoring

@@ -1,0 +1,49 @@
+// What decided how a line is shown, from what was traced.
+#include "authoring/verdict.h"
+#include "authoring/entry_lookup.h"
+
+#include <algorithm>
+
+namespace authoring {
+
+using model::DisplayState;
+
+WideString OidOf(const Trial& trial, const model::MenuItem& item) {
+  const config::ConfigKey* key = trial.Model().FindKey(item.Path());
+  if (key == nullptr) return {};
+  const WideStringView oid = key->Value(TextId::kOid);
+  return WideString(oid.empty() ? key->Value(TextId::kCmdOid) : oid);
+}
+
+Verdict VerdictOf(const Trial& trial, const RuleTrace& trace, const model::MenuItem& item) {
+  Verdict verdict;
+  verdict.path = PathOf(item);
+  verdict.title = base::Trim(item.Title());
+  verdict.state = item.State();
+  verdict.rules = trace.RulesOf(item.Path());
+  for (std::size_t i = 0; i < verdict.rules.size(); ++i) {
+    if (verdict.rules[i].state) verdict.winner = i;
+  }
+  const WideString oid = OidOf(trial, item);
+  for (const SeenWireless& change : trace.Wireless()) {
+    if (oid.empty() || change.oid != oid) continue;
+    verdict.wireless.push_back(change);
+    using Kind = rules::WirelessChange::Kind;
+    if (change.kind == Kind::kShown || change.kind == Kind::kHidden) verdict.byWireless = true;
+  }
+  if (verdict.byWireless) verdict.winner.reset();
+  return verdict;
+}
+
+std::vector<Verdict> HiddenLines(Trial& trial, RuleTrace& trace, model::MenuItem& menu) {
+  std::vector<Verdict> hidden;
+  for (const auto& child : menu.Children()) {
+    const DisplayState state = child->State();
+    if (state == DisplayState::kNotDisplayed || state == DisplayState::kBlank) {
+      hidden.push_back(VerdictOf(trial, trace, *child));
+    }
+  }
+  return hidden;
+}
+
+}  // namespace authoring

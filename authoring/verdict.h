@@ -1,0 +1,13 @@
+// What decided how a line is shown, from what was traced when its menu was last opened.
+#pragma once
+
+#include "authoring/explanation.h"
+
+namespace authoring {
+
+// OID or command OID; empty: no property.
+WideString OidOf(const Trial& trial, const model::MenuItem& item);
+
+Verdict VerdictOf(const Trial& trial, const RuleTrace& trace, const model::MenuItem& item);
+
+}  // namespace authoring

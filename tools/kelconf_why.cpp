@@ -1,0 +1,71 @@
+// kelconf why: why a line looks as it does, and what would change it.
+#include "authoring/explanation.h"
+#include "authoring/explanation_json.h"
+#include "authoring/explanation_text.h"
+#include "base/utf8.h"
+#include "tools/console.h"
+#include "tools/kelconf_source.h"
+
+#include <nlohmann/json.hpp>
+
+#include <memory>
+#include <ostream>
+
+namespace tools {
+namespace {
+
+struct Options {
+  SourceOptions source;
+  std::string entry;
+  Format format = Format::kText;
+};
+
+void Print(const std::vector<authoring::TextLine>& lines, const Streams& streams) {
+  using Style = authoring::TextLine::Style;
+  for (const auto& line : lines) {
+    const std::string text = base::ToUtf8(line.text);
+    switch (line.style) {
+      case Style::kTitle: streams.out << Coloured(text, "1", streams.colours && !text.empty()); break;
+      case Style::kWinner: streams.out << Coloured(text, "33", streams.colours); break;
+      case Style::kFaint: streams.out << Coloured(text, "2", streams.colours); break;
+      case Style::kPlain: streams.out << text; break;
+    }
+    streams.out << '\n';
+  }
+}
+
+int Run(const Options& options, Streams& streams) {
+  const auto configuration = LoadWellFormed(options.source, streams);
+  if (!configuration) return kUnusable;
+  authoring::RuleTrace trace;
+  authoring::Trial trial(*configuration, &trace);
+  const model::MenuItem* item = FindOneEntry(trial, options.entry, streams);
+  if (item == nullptr) return kFound;
+
+  Progress progress(streams.errors, "trying other values", streams.watched);
+  const auto explanation =
+      authoring::Explain(trial, trace, authoring::PlaceOf(*item),
+                         [&progress](std::size_t done, std::size_t most) { progress.Tell(done, most); });
+  if (options.format == Format::kJson) {
+    streams.out << authoring::ToJson(explanation).dump(2) << '\n';
+  } else {
+    Print(authoring::ToText(explanation), streams);
+  }
+  return kFine;
+}
+
+}  // namespace
+
+void AddWhy(CLI::App& program, Streams& streams, int& status) {
+  const auto options = std::make_shared<Options>();
+  CLI::App* command = program.add_subcommand("why", "why this line looks as it does now, and what would change it");
+  command->footer(
+      "ENTRY is a display name, an OID, a key path, or the keys to press (2-3-1).\n"
+      "Example: kelconf why examples/small \"Light Time\"");
+  AddSourceOptions(*command, options->source);
+  command->add_option("ENTRY", options->entry, "the line that is meant")->required();
+  AddFormatOption(*command, options->format);
+  command->callback([options, &streams, &status] { status = Run(*options, streams); });
+}
+
+}  // namespace tools
