@@ -19,13 +19,13 @@ platform::WindowHandle RunningInstance() {
 
 }  // namespace
 
-RunReport RunUtility(WideStringView commandLine, const Watcher& watcher) {
+RunReport RunUtility(WideStringView commandLine, const Watcher& watcher, rules::RuleListener* listener) {
   if (const platform::WindowHandle other = RunningInstance()) {
     platform::BringToForeground(other);
     return {};
   }
   platform::InitDateTimeControls();
-  CKelConfigApp application;
+  CKelConfigApp application(listener);
   if (watcher) watcher(&application);
   application.Run(commandLine);
   if (watcher) watcher(nullptr);

@@ -6,6 +6,10 @@
 
 #include <functional>
 
+namespace rules {
+class RuleListener;
+}
+
 namespace app {
 
 class CKelConfigApp;
@@ -15,7 +19,7 @@ class CKelConfigApp;
 using Watcher = std::function<void(const CKelConfigApp*)>;
 
 // Runs the utility to its end: the source is `commandLine`, all that follows the program's name. A second instance
-// brings the first to the foreground and ends at once.
-RunReport RunUtility(WideStringView commandLine, const Watcher& watcher = {});
+// brings the first to the foreground and ends at once. `listener` follows the rules; null: nobody does.
+RunReport RunUtility(WideStringView commandLine, const Watcher& watcher = {}, rules::RuleListener* listener = nullptr);
 
 }  // namespace app

@@ -19,12 +19,12 @@ constexpr TextId kDeviceGateName{6092};
 
 }  // namespace
 
-CKelConfigApp::CKelConfigApp()
+CKelConfigApp::CKelConfigApp(rules::RuleListener* listener)
     : deviceGate_(LoadText(kDeviceGateName), true),
       model_({device_, symbols_, deviceGate_, boxes_}),
       mainDialog_(*this, boxes_, [this](platform::WindowHandle window) { boxes_.SetOwner(window); }),
       committer_(model_.Descriptors(), boxes_, changes_, events_, edit_),
-      rules_({model_, device_, symbols_, changes_, events_, edit_, boxes_, mainDialog_, flashWrite_}) {}
+      rules_({model_, device_, symbols_, changes_, events_, edit_, boxes_, mainDialog_, flashWrite_, listener}) {}
 
 CKelConfigApp::~CKelConfigApp() = default;
 

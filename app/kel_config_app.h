@@ -24,7 +24,8 @@ namespace app {
 
 class CKelConfigApp final : private ScreenActions, private ui::EditActions {
  public:
-  CKelConfigApp();
+  // Who follows the rules outlives the application; null: nobody.
+  explicit CKelConfigApp(rules::RuleListener* listener = nullptr);
   ~CKelConfigApp() override;
 
   // Loads the configuration and runs the main screen until the user leaves. The main dialog's result, 0 when there was
@@ -33,6 +34,11 @@ class CKelConfigApp final : private ScreenActions, private ui::EditActions {
   const RunReport& Report() const { return report_; }
 
   bool Inserts() const { return insertFlag_.inserts; }  // typing in fields
+
+  // What is on the screen, between messages; null before the first menu is there.
+  const model::MenuModel& Model() const { return model_; }
+  const model::MenuItem* CurrentMenu() const { return mainDialog_.CurrentMenu(); }
+  const model::MenuItem* SelectedItem() const { return mainDialog_.SelectedItem(); }
 
  private:
   void BringModelUpToDate() override;

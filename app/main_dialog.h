@@ -34,6 +34,10 @@ class MainDialog final : public platform::MessageHandler, public rules::Shell {
 
   // rules::Shell
   model::MenuItem* CurrentMenu() override { return list_.Menu(); }
+  const model::MenuItem* CurrentMenu() const { return list_.Menu(); }
+  const model::MenuItem* SelectedItem() const {
+    return list_.SelectedItem();
+  }  // null: none, or a line of the list's own
   void LineChanged(model::MenuItem& item) override { list_.UpdateLine(item); }
   void Refill() override { list_.Refill(); }
   void FocusList() override { platform::Focus(list_.Handle()); }

@@ -67,6 +67,7 @@ Configuration::Loaded Configuration::Load(const fs::path& path, WideStringView c
 
 std::string Configuration::LoadSource(const WideString& commandLine) {
   const InTerminal environment(*this);
+  commandLine_ = commandLine;
   config::SelectedSource selected = config::SelectSource(commandLine);
   for (const config::SourceRefusal& refusal : selected.refusals) {
     if (!refusal.isMalformed) continue;

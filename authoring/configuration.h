@@ -54,6 +54,8 @@ class Configuration {
 
   // Null for a configuration in the registry.
   const config::XmlIndex* Index() const { return document_ ? &document_->Index() : nullptr; }
+  // The utility's, for the same configuration in its storage.
+  const WideString& CommandLine() const { return commandLine_; }
   // The file that holds the configuration.
   const std::string& File() const { return file_; }
 
@@ -78,6 +80,7 @@ class Configuration {
   WideString rootPath_;
   values::SymbolTable symbols_;
   std::string file_;
+  WideString commandLine_;
   mutable std::vector<std::size_t> lineStarts_;  // made when a line is first asked for
 };
 

@@ -42,6 +42,7 @@ class Trial {
   Trial& operator=(const Trial&) = delete;
 
   MemoryDevice& Device() { return device_; }
+  const values::SymbolTable& Symbols() const { return configuration_.Symbols(); }
   QuietScreen& Screen() { return screen_; }
   model::MenuModel& Model() { return model_; }
   const model::MenuModel& Model() const { return model_; }

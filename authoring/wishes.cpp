@@ -35,23 +35,24 @@ bool Fulfils(const Wish& wish, const Look& look) {
 
 class Search {
  public:
-  Search(Trial& trial, const ItemPlace& place, const std::vector<Lever>& levers, std::vector<Wish>& wishes,
+  Search(Trial& trial, const ItemPlace& place, const std::vector<Lever>& levers, std::vector<Aim>& aims,
          const Tried& tried)
-      : trial_(trial), place_(place), levers_(levers), wishes_(wishes), tried_(tried), assumption_(trial) {
+      : trial_(trial), place_(place), levers_(levers), aims_(aims), tried_(tried), assumption_(trial) {
     most_ = std::clamp(kMostWork / (CountItems(trial.Model().Root()) + 1), kFewestTrials, kMostTrials);
   }
 
   void Run() {
-    bool whole = true;
+    bool whole = levers_.size() <= kMostSteps;
+    for (const Lever& lever : levers_) whole = whole && lever.values.size() < kMostValues;
     for (std::size_t steps = 1; steps <= std::min(kMostSteps, levers_.size()); ++steps) {
       open_.clear();
-      for (Wish& wish : wishes_) {
-        if (wish.ways.empty()) open_.push_back(&wish);
+      for (Aim& aim : aims_) {
+        if (aim.ways.empty()) open_.push_back(&aim);
       }
       if (open_.empty()) break;
       whole = Choose(0, steps) && whole;
     }
-    for (Wish& wish : wishes_) wish.complete = wish.ways.empty() && whole;
+    for (Aim& aim : aims_) aim.complete = aim.ways.empty() && whole;
   }
 
  private:
@@ -70,19 +71,14 @@ class Search {
   }
 
   bool Try() {
-    if (done_ == most_) return false;
-    if (tried_)
-      tried_(++done_, most_);
-    else
-      ++done_;
+    if (done_++ == most_) return false;
+    if (tried_) tried_(done_, most_);
     assumption_.Assume(changes_);
     model::MenuItem* item = ItemAtPlace(trial_.Model(), place_);
     if (item == nullptr) return true;
     const Look look = LookAt(trial_, *item);
-    for (Wish* wish : open_) {
-      if (wish->ways.size() == kMostWays || !Fulfils(*wish, look)) continue;
-      std::vector<Step>& way = wish->ways.emplace_back();
-      for (const Change& change : changes_) way.push_back({change, {}, {}, {}});
+    for (Aim* aim : open_) {
+      if (aim->ways.size() < kMostWays && aim->isReached(look)) aim->ways.push_back(changes_);
     }
     return true;
   }
@@ -90,40 +86,48 @@ class Search {
   Trial& trial_;
   const ItemPlace& place_;
   const std::vector<Lever>& levers_;
-  std::vector<Wish>& wishes_;
+  std::vector<Aim>& aims_;
   const Tried& tried_;
   Assumption assumption_;
-  std::vector<Wish*> open_;
+  std::vector<Aim*> open_;
   std::vector<Change> changes_;
   std::size_t done_ = 0;
   std::size_t most_ = 0;
 };
 
-// In people's words, and how to get there as it is now.
-void Describe(Trial& trial, Step& step) {
-  const values::PropertyDescriptor* property = trial.Model().FindDescriptor(step.change.oid);
-  if (property == nullptr) return;
+}  // namespace
+
+void FindChanges(Trial& trial, const ItemPlace& place, const std::vector<Lever>& levers, std::vector<Aim>& aims,
+                 const Tried& tried) {
+  if (!aims.empty()) Search(trial, place, levers, aims, tried).Run();
+}
+
+Step Describe(Trial& trial, const Change& change) {
+  trial.Rebuild();  // what an earlier look has narrowed is not to count
+  Step step{change, {}, {}, {}};
+  const values::PropertyDescriptor* property = trial.Model().FindDescriptor(change.oid);
+  if (property == nullptr) return step;
   step.name = base::Trim(property->DisplayName());
   values::PropertyValue value;
-  property->ParseValue(step.change.value, value);
+  property->ParseValue(change.value, value);
   const values::ChoiceFormat choices = property->Choices();
   if (const auto index = choices.IndexOf(value)) step.text = choices.Entries()[*index].text;
   model::MenuItem* item = trial.Model().ItemOf(*property);
   if (item != nullptr && LookAt(trial, *item).IsEditable()) step.keys = trial.KeysTo(*item);
+  return step;
 }
-
-}  // namespace
 
 void FindWays(Trial& trial, const ItemPlace& place, const std::vector<Lever>& levers, std::vector<Wish>& wishes,
               const Tried& tried) {
-  if (wishes.empty()) return;
-  Search(trial, place, levers, wishes, tried).Run();
-  for (Wish& wish : wishes) {
-    for (auto& way : wish.ways) {
-      for (Step& step : way) {
-        trial.Rebuild();  // what one step's look has narrowed is not to count for the next
-        Describe(trial, step);
-      }
+  std::vector<Aim> aims;
+  for (const Wish& wish : wishes) aims.push_back({[&wish](const Look& look) { return Fulfils(wish, look); }});
+  FindChanges(trial, place, levers, aims, tried);
+  for (std::size_t i = 0; i < aims.size(); ++i) {
+    Wish& wish = wishes[i];
+    wish.complete = aims[i].complete;
+    for (const auto& changes : aims[i].ways) {
+      std::vector<Step>& way = wish.ways.emplace_back();
+      for (const Change& change : changes) way.push_back(Describe(trial, change));
     }
     // What can be done at the terminal comes first.
     std::stable_partition(wish.ways.begin(), wish.ways.end(), [](const std::vector<Step>& way) {

@@ -12,6 +12,7 @@ constexpr AddCommand kCommands[] = {
     AddTree,
     AddDiff,
     AddWhy,
+    AddExplore,
 };
 
 }  // namespace

@@ -1,0 +1,135 @@
+#include "authoring/goals.h"
+
+#include "authoring/entry_lookup.h"
+#include "base/format.h"
+#include "base/utf8.h"
+#include "rules/rule_tokens.h"
+#include "rules/wireless_couplings.h"
+#include "ui/entry_controls.h"
+#include "ui/property_editors.h"
+
+namespace authoring {
+namespace {
+
+// Bounds what a hostile configuration can ask for.
+constexpr std::size_t kMostGoals = 500'000;
+
+bool CanBeEdited(const model::MenuItem& item) {
+  const values::PropertyDescriptor* property = item.Descriptor();
+  if (property == nullptr || property->IsReadOnly() || !item.IsLeaf()) return false;
+  static const ui::EditorTable editors;
+  return ui::ChooseEntryKind(editors.MakeRequest(*property)) != ui::EntryKind::kNone;
+}
+
+bool IsCommand(const config::ConfigKey& key) {
+  return !key.Value(TextId::kFunction).empty() || !key.Value(TextId::kAppName).empty();
+}
+
+// `Dependency`, `Dependency1` and so on, as far as they run.
+std::vector<WideString> RulesOf(const config::ConfigKey& key) {
+  std::vector<WideString> rules;
+  WideStringView rule = key.Value(u"Dependency");
+  for (int number = 1; !rule.empty(); ++number) {
+    rules.emplace_back(rule);
+    rule = key.Value(base::Format(u"Dependency%d", number));
+  }
+  return rules;
+}
+
+// The lists of all "ChoiceFmt=" actions of a rule.
+std::vector<WideString> ChoiceListsIn(WideStringView rule) {
+  constexpr WideStringView kAction = u"ChoiceFmt=";
+  std::vector<WideString> lists;
+  WideStringView rest = rule;
+  for (std::size_t words = 0; !rest.empty() && words < 10'000; ++words) {
+    const rules::RuleToken token = rules::NextRuleToken(rest);
+    if (!base::EqualsIgnoringCase(WideStringView(token.text).substr(0, kAction.size()), kAction)) continue;
+    WideStringView list = WideStringView(token.text).substr(kAction.size());
+    list.remove_prefix(std::min(list.find_first_not_of(u'"'), list.size()));
+    list = list.substr(0, list.find(u'"'));
+    lists.emplace_back(list.substr(0, list.find(u':')));
+  }
+  return lists;
+}
+
+}  // namespace
+
+const char* NameOf(GoalKind kind) {
+  static constexpr const char* kNames[kGoalKinds] = {"menu", "line",    "editor", "choice",
+                                                     "save", "command", "rule",   "alert"};
+  return kNames[static_cast<std::size_t>(kind)];
+}
+
+std::string Goal::Id() const { return std::string(NameOf(kind)) + " " + path + (what.empty() ? "" : ": " + what); }
+
+std::string PathText(const model::MenuItem& item) { return base::ToUtf8(PathOf(item)); }
+
+Goals::Goals(Trial& trial) {
+  std::vector<const model::MenuItem*> items{&trial.Model().Root()};
+  for (std::size_t i = 0; i < items.size(); ++i) {
+    AddItem(trial, *items[i]);
+    for (const auto& child : items[i]->Children()) items.push_back(child.get());
+  }
+}
+
+void Goals::AddItem(Trial& trial, const model::MenuItem& item) {
+  const config::ConfigKey* key = trial.Model().FindKey(item.Path());
+  if (key == nullptr) return;
+  Goal goal;
+  goal.place = PlaceOf(item);
+  goal.path = PathText(item);
+  goal.title = base::ToUtf8(base::Trim(item.Title()));
+  const auto add = [&](GoalKind kind, std::string what = {}) {
+    goal.kind = kind;
+    goal.what = std::move(what);
+    Add(goal);
+  };
+  if (!item.IsLeaf() || item.Parent() == nullptr) add(GoalKind::kMenu);
+  if (item.Parent() != nullptr) add(GoalKind::kLine);
+  if (item.IsLeaf() && IsCommand(*key)) add(GoalKind::kCommand);
+  if (CanBeEdited(item) && !IsCommand(*key)) {
+    add(GoalKind::kEditor);
+    const auto addChoices = [&](const values::ChoiceFormat& choices) {
+      for (const auto& entry : choices.Entries()) add(GoalKind::kChoice, base::ToUtf8(entry.text));
+    };
+    const values::ChoiceFormat choices = item.Descriptor()->Choices();
+    addChoices(choices);
+    if (choices.Count() == 0) add(GoalKind::kSave);
+    for (const WideString& rule : RulesOf(*key)) {
+      for (const WideString& list : ChoiceListsIn(rule)) {
+        // A list may be the name of a symbol.
+        addChoices({trial.Symbols().TextOf(list), choices.Mode()});
+      }
+    }
+  }
+  if (item.Parent() == nullptr) return;  // the main menu is on no page
+  int number = 0;
+  for (std::size_t rules = RulesOf(*key).size(); rules > 0; --rules) {
+    const std::string name = "Dependency" + (number == 0 ? "" : std::to_string(number));
+    goal.rule = number++;
+    for (const bool outcome : {true, false}) {
+      goal.outcome = outcome;
+      add(GoalKind::kRule, name + (outcome ? ": yes" : ": no"));
+    }
+  }
+}
+
+void Goals::Add(const Goal& goal) {
+  if (goals_.size() < kMostGoals && known_.insert(goal.Id()).second) goals_.push_back(goal);
+}
+
+bool Goals::Reach(const Goal& goal) {
+  Add(goal);
+  return reached_.insert(goal.Id()).second;
+}
+
+void RuleOutcomes::OnNode(const config::ConfigKey& node, const model::MenuItem* item) {
+  path_ = item == nullptr ? std::string() : PathText(*item);
+  static_cast<void>(node);
+}
+
+void RuleOutcomes::OnDecided(bool, bool holds) {
+  if (!path_.empty()) seen_.insert({path_, rule_, holds});
+}
+
+}  // namespace authoring

@@ -1,0 +1,77 @@
+// What there is to see in a configuration: a list of goals, and which of them were reached.
+#pragma once
+
+#include "authoring/assumption.h"
+#include "rules/rule_listener.h"
+
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace authoring {
+
+enum class GoalKind { kMenu, kLine, kEditor, kChoice, kSave, kCommand, kRule, kAlert };
+inline constexpr std::size_t kGoalKinds = 8;
+const char* NameOf(GoalKind kind);  // "menu", "line" ...
+
+struct Goal {
+  GoalKind kind = GoalKind::kMenu;
+  ItemPlace place;    // of the item; of kAlert empty
+  std::string path;   // the item's; of kAlert the text
+  std::string title;  // as people know it
+  std::string what;   // the choice, the rule and its outcome ("Dependency1: no"), the answer
+  int rule = 0;
+  bool outcome = false;  // of kRule
+
+  std::string Id() const;  // "choice Network\Speed: High"
+};
+
+class Goals {
+ public:
+  // All that the configuration itself promises. The choices that rules can bring are among them.
+  explicit Goals(Trial& trial);
+
+  const std::vector<Goal>& All() const { return goals_; }
+  bool IsReached(const Goal& goal) const { return reached_.contains(goal.Id()); }
+  std::size_t ReachedCount() const { return reached_.size(); }
+
+  // Marks the goal as reached; one that was not on the list is put there. True: that is new.
+  bool Reach(const Goal& goal);
+  void Add(const Goal& goal);
+
+ private:
+  void AddItem(Trial& trial, const model::MenuItem& item);
+
+  std::vector<Goal> goals_;
+  std::set<std::string> known_;
+  std::set<std::string> reached_;
+};
+
+// The rules' outcomes, as they happen.
+class RuleOutcomes final : public rules::RuleListener {
+ public:
+  struct Outcome {
+    std::string path;
+    int rule = 0;
+    bool holds = false;
+    auto operator<=>(const Outcome&) const = default;
+  };
+
+  // Since the last time, each once.
+  std::set<Outcome> Take() { return std::exchange(seen_, {}); }
+
+  void OnNode(const config::ConfigKey& node, const model::MenuItem* item) override;
+  void OnRule(int number, WideStringView) override { rule_ = number; }
+  void OnDecided(bool isCondition, bool holds) override;
+
+ private:
+  std::string path_;
+  int rule_ = 0;
+  std::set<Outcome> seen_;
+};
+
+// "Network\Speed" for an item or a key below the root.
+std::string PathText(const model::MenuItem& item);
+
+}  // namespace authoring

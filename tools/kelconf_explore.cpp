@@ -1,0 +1,170 @@
+// kelconf explore: plays the utility through everything that a configuration lets a person do.
+#include "authoring/explorer.h"
+#include "authoring/script_replay.h"
+#include "authoring/storage_copy.h"
+#include "tools/console.h"
+#include "tools/kelconf_source.h"
+
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <ostream>
+
+namespace tools {
+namespace {
+
+namespace fs = std::filesystem;
+
+using authoring::Configuration;
+using authoring::Exploration;
+using authoring::GoalKind;
+using nlohmann::ordered_json;
+
+struct Options {
+  SourceOptions source;
+  Format format = Format::kText;
+  std::string scripts;
+  std::string expect;
+  std::size_t keys = authoring::ExploreTerms().mostKeys;
+};
+
+void PrintText(const Exploration& exploration, const Streams& streams) {
+  for (std::size_t kind = 0; kind < authoring::kGoalKinds; ++kind) {
+    if (exploration.all[kind] == 0) continue;
+    streams.out << authoring::NameOf(static_cast<GoalKind>(kind)) << "s  " << exploration.reached[kind] << " of "
+                << exploration.all[kind] << '\n';
+  }
+  for (const auto& one : exploration.unreached) {
+    streams.out << (one.impossible ? "impossible: " : "not reached: ") << one.goal.Id() << "  (" << one.reason << ")\n";
+  }
+  streams.out << exploration.keys << " keys, " << exploration.scripts.size() << " scripts\n";
+}
+
+ordered_json ToJson(const Exploration& exploration) {
+  ordered_json json;
+  for (std::size_t kind = 0; kind < authoring::kGoalKinds; ++kind) {
+    json["goals"].push_back({{"kind", authoring::NameOf(static_cast<GoalKind>(kind))},
+                             {"reached", exploration.reached[kind]},
+                             {"all", exploration.all[kind]}});
+  }
+  json["unreached"] = ordered_json::array();
+  for (const auto& one : exploration.unreached) {
+    json["unreached"].push_back({{"kind", authoring::NameOf(one.goal.kind)},
+                                 {"path", one.goal.path},
+                                 {"what", one.goal.what},
+                                 {"reason", one.reason},
+                                 {"impossible", one.impossible}});
+  }
+  json["scripts"] = ordered_json::array();
+  for (const auto& script : exploration.scripts) {
+    json["scripts"].push_back({{"name", script.name}, {"found", script.findings}});
+  }
+  json["keys"] = exploration.keys;
+  json["complete"] = exploration.IsComplete();
+  return json;
+}
+
+int Unusable(const std::string& problem, const Streams& streams) {
+  streams.errors << "kelconf: " << problem << '\n';
+  return kUnusable;
+}
+
+std::string ReadFile(const fs::path& file) {
+  std::ifstream bytes(file, std::ios::binary);
+  return {std::istreambuf_iterator<char>(bytes), std::istreambuf_iterator<char>()};
+}
+
+// What a script prints on a fresh copy of the storage.
+authoring::Replay PlayAgain(const Configuration& configuration, const authoring::StorageCopy& copy,
+                            const std::string& script, const std::string& name) {
+  return authoring::PlayScript({copy.Fresh(), configuration.CommandLine()}, script, name);
+}
+
+// Each play as a script, with what it prints beside it.
+int WriteScripts(const Configuration& configuration, const Exploration& exploration, const std::string& folder,
+                 Streams& streams) {
+  std::error_code error;
+  fs::create_directories(folder, error);
+  const authoring::StorageCopy copy(configuration);
+  if (!copy.Problem().empty()) return Unusable(copy.Problem(), streams);
+  for (const auto& script : exploration.scripts) {
+    const auto replay = PlayAgain(configuration, copy, script.text, script.name);
+    if (!replay.problem.empty()) return Unusable(replay.problem, streams);
+    const fs::path file = fs::path(folder) / script.name;
+    const bool written = (std::ofstream(file.string() + ".script", std::ios::binary) << script.text).flush() &&
+                         (std::ofstream(file.string() + ".expected", std::ios::binary) << replay.printed).flush();
+    if (!written) return Unusable(file.string() + ".script: cannot be written", streams);
+  }
+  return kFine;
+}
+
+// Plays the scripts of a folder and compares what they print with what they printed when they were written.
+int Compare(const Configuration& configuration, const std::string& folder, Streams& streams) {
+  std::vector<fs::path> files;
+  std::error_code error;
+  for (const auto& entry : fs::directory_iterator(folder, error)) {
+    if (entry.path().extension() == ".script") files.push_back(entry.path());
+  }
+  if (files.empty()) return Unusable(folder + ": there are no scripts", streams);
+  std::sort(files.begin(), files.end());
+  const authoring::StorageCopy copy(configuration);
+  if (!copy.Problem().empty()) return Unusable(copy.Problem(), streams);
+  std::size_t different = 0;
+  Progress progress(streams.errors, "played", streams.watched);
+  for (std::size_t i = 0; i < files.size(); ++i) {
+    progress.Tell(i, files.size());
+    const auto replay = PlayAgain(configuration, copy, ReadFile(files[i]), files[i].string());
+    fs::path expected = files[i];
+    const std::string difference =
+        authoring::FirstDifference(ReadFile(expected.replace_extension(".expected")), replay.printed);
+    if (replay.problem.empty() && difference.empty()) continue;
+    ++different;
+    streams.out << (replay.problem.empty() ? files[i].string() + ": " + difference : replay.problem) << '\n';
+  }
+  streams.out << files.size() << " scripts, " << different << " differ\n";
+  return different == 0 ? kFine : kFound;
+}
+
+int Run(const Options& options, Streams& streams) {
+  const auto configuration = LoadWellFormed(options.source, streams);
+  if (!configuration) return kUnusable;
+  if (!options.expect.empty()) return Compare(*configuration, options.expect, streams);
+  Progress progress(streams.errors, "reached", streams.watched);
+  authoring::ExploreTerms terms;
+  terms.mostKeys = options.keys;
+  terms.progress = [&progress](std::size_t reached, std::size_t all) { progress.Tell(reached, all); };
+  const Exploration exploration = authoring::Explore(*configuration, terms);
+  if (!exploration.problem.empty()) return Unusable(exploration.problem, streams);
+  if (!options.scripts.empty()) {
+    const int written = WriteScripts(*configuration, exploration, options.scripts, streams);
+    if (written != kFine) return written;
+  }
+  if (options.format == Format::kJson) {
+    streams.out << ToJson(exploration).dump(2) << '\n';
+  } else {
+    PrintText(exploration, streams);
+  }
+  return exploration.IsComplete() ? kFine : kFound;
+}
+
+}  // namespace
+
+void AddExplore(CLI::App& program, Streams& streams, int& status) {
+  const auto options = std::make_shared<Options>();
+  CLI::App* command = program.add_subcommand(
+      "explore", "plays the utility through everything it can do and reports what was never seen");
+  command->footer("Example: kelconf explore examples/small --scripts tests/screens");
+  AddSourceOptions(*command, options->source);
+  AddFormatOption(*command, options->format);
+  command->add_option("--keys", options->keys, "how many keys may be pressed")->check(CLI::Range(1, 100'000'000));
+  CLI::Option* scripts = command->add_option("--scripts", options->scripts,
+                                             "writes each play as a UI script into this folder, with what it prints");
+  command->add_option("--expect", options->expect, "plays the scripts of this folder again and compares")
+      ->excludes(scripts);
+  command->callback([options, &streams, &status] { status = Run(*options, streams); });
+}
+
+}  // namespace tools
