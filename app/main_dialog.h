@@ -35,9 +35,8 @@ class MainDialog final : public platform::MessageHandler, public rules::Shell {
   // rules::Shell
   model::MenuItem* CurrentMenu() override { return list_.Menu(); }
   const model::MenuItem* CurrentMenu() const { return list_.Menu(); }
-  const model::MenuItem* SelectedItem() const {
-    return list_.SelectedItem();
-  }  // null: none, or a line of the list's own
+  // Null: none, or a line of the list's own.
+  const model::MenuItem* SelectedItem() const { return list_.SelectedItem(); }
   void LineChanged(model::MenuItem& item) override { list_.UpdateLine(item); }
   void Refill() override { list_.Refill(); }
   void FocusList() override { platform::Focus(list_.Handle()); }

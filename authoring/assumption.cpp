@@ -13,12 +13,12 @@ namespace {
 using values::PropertyDescriptor;
 
 // The value that the command has on the device now is taken into the model, so that one change adds to another.
-void TakeFromDevice(MemoryDevice& device, PropertyDescriptor& command) {
+void TakeFromDevice(MemoryDevice& device, const WideString& deviceOid, PropertyDescriptor& command) {
   std::optional<WideString> text;
-  device.Get(command.DeviceOid(), text);
+  device.Get(deviceOid, text);
   values::PropertyValue value;
   command.ParseValue(text.value_or(WideString()), value);
-  command.SetNewValue(std::move(value));
+  command.SetRead(std::move(value));
 }
 
 bool HasEditor(const model::MenuItem& item) {
@@ -32,10 +32,15 @@ bool HasEditor(const model::MenuItem& item) {
 }  // namespace
 
 void Assumption::Assume(std::span<const Change> changes) {
+  AssumeOnDevice(changes);
+  for (const Change& change : changes) AfterEdit(change);
+}
+
+void Assumption::AssumeOnDevice(std::span<const Change> changes) {
   trial_.Device() = device_;
+  trial_.Screen().shown.clear();
   for (const Change& change : changes) Put(change);
   trial_.Rebuild();
-  for (const Change& change : changes) AfterEdit(change);
 }
 
 void Assumption::AfterEdit(const Change& change) {
@@ -44,7 +49,7 @@ void Assumption::AfterEdit(const Change& change) {
   if (values::IsPseudoOid(change.oid)) {
     values::PropertyValue value;
     property->ParseValue(change.value, value);
-    property->SetNewValue(std::move(value));
+    property->SetTaken(std::move(value));
   }
   model::MenuItem* item = trial_.Model().ItemOf(*property);
   WideString command(property->Attributes().Get(TextId::kOnExit));
@@ -63,14 +68,15 @@ void Assumption::Put(const Change& change) {
     const WideStringView oid = change.oid;
     PutField(oid.substr(0, colon), base::ToLong(oid.substr(colon + 1)), change);
   } else {
-    trial_.Device().Put(property == nullptr ? change.oid : property->DeviceOid(), change.value);
+    trial_.Device().Put(trial_.DeviceOid(change.oid), change.value);
   }
 }
 
 void Assumption::PutField(WideStringView commandOid, int number, const Change& change) {
   PropertyDescriptor* command = trial_.Model().FindDescriptor(commandOid);
   if (command == nullptr || command->CommandLayout() == nullptr || number < 1) return;
-  TakeFromDevice(trial_.Device(), *command);
+  const WideString deviceOid = trial_.DeviceOid(WideString(commandOid));
+  TakeFromDevice(trial_.Device(), deviceOid, *command);
   WideString record = command->GetValue().AsText();
   if (const PropertyDescriptor* field = trial_.Model().FindDescriptor(change.oid)) {
     values::PropertyValue value;
@@ -83,7 +89,7 @@ void Assumption::PutField(WideStringView commandOid, int number, const Change& c
     const auto width = static_cast<std::size_t>(std::max(0, command->CommandLayout()->Width(number - 1)));
     if (start < record.size()) record.replace(start, std::min(width, record.size() - start), change.value, 0, width);
   }
-  trial_.Device().Put(command->DeviceOid(), record);
+  trial_.Device().Put(deviceOid, record);
 }
 
 ItemPlace PlaceOf(const model::MenuItem& item) {

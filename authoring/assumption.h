@@ -26,6 +26,8 @@ class Assumption {
   // The device as it was but for these changes, and the model made from it anew: no item or property stays. What the
   // utility does after an edit of these properties is done too.
   void Assume(std::span<const Change> changes);
+  // The same without what follows an edit: the device had these values all along.
+  void AssumeOnDevice(std::span<const Change> changes);
 
  private:
   void AfterEdit(const Change& change);

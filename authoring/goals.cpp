@@ -65,10 +65,35 @@ std::string Goal::Id() const { return std::string(NameOf(kind)) + " " + path + (
 std::string PathText(const model::MenuItem& item) { return base::ToUtf8(PathOf(item)); }
 
 Goals::Goals(Trial& trial) {
+  AddWirelessAlerts(trial.Model());
   std::vector<const model::MenuItem*> items{&trial.Model().Root()};
   for (std::size_t i = 0; i < items.size(); ++i) {
     AddItem(trial, *items[i]);
     for (const auto& child : items[i]->Children()) items.push_back(child.get());
+  }
+}
+
+// What the wireless rules say when they correct a setting that the configuration has. The goal's place is that of the
+// setting's menu, where its rules run.
+void Goals::AddWirelessAlerts(const model::MenuModel& model) {
+  using namespace rules::wireless;
+  const std::pair<WideStringView, std::span<const Coupling>> tables[] = {
+      {kAuthentication, AuthenticationCouplings()},
+      {kEncryption, EncryptionCouplings()},
+      {kMethod8021X, Method8021XCouplings()},
+  };
+  for (const auto& [oid, rows] : tables) {
+    const auto* property = model.FindDescriptor(oid);
+    const model::MenuItem* item = property == nullptr ? nullptr : model.ItemOf(*property);
+    if (item == nullptr) continue;
+    for (const Coupling& row : rows) {
+      if (row.alert.empty()) continue;
+      Goal goal;
+      goal.kind = GoalKind::kAlert;
+      goal.place = PlaceOf(*item);
+      goal.path = goal.title = "Alert: " + base::ToUtf8(row.alert);
+      Add(goal);
+    }
   }
 }
 

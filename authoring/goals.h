@@ -17,7 +17,7 @@ const char* NameOf(GoalKind kind);  // "menu", "line" ...
 
 struct Goal {
   GoalKind kind = GoalKind::kMenu;
-  ItemPlace place;    // of the item; of kAlert empty
+  ItemPlace place;    // of the item; of kAlert the setting that it is about, if any
   std::string path;   // the item's; of kAlert the text
   std::string title;  // as people know it
   std::string what;   // the choice, the rule and its outcome ("Dependency1: no"), the answer
@@ -42,6 +42,7 @@ class Goals {
 
  private:
   void AddItem(Trial& trial, const model::MenuItem& item);
+  void AddWirelessAlerts(const model::MenuModel& model);
 
   std::vector<Goal> goals_;
   std::set<std::string> known_;

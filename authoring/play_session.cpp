@@ -157,7 +157,7 @@ simulator::ScreenPicture PlaySession::Screen() const {
   return IsRunning() ? simulator::TakeScreenPicture() : simulator::ScreenPicture{};
 }
 simulator::PaintedScreen PlaySession::Paint(int columns, int rows) const {
-  return simulator::PaintScreen(columns, rows, impl_->terms_.widthPx, impl_->terms_.heightPx);
+  return simulator::PaintScreen(columns, rows, {impl_->terms_.widthPx, impl_->terms_.heightPx, true});
 }
 std::vector<std::string> PlaySession::TakeEffects() { return impl_->effects_.Take(); }
 std::vector<std::string> PlaySession::TakeNotes() { return std::exchange(impl_->notes_, {}); }

@@ -40,7 +40,7 @@ class Remarks {
       Add("unavailable", u"The command " + field->commandOid + u" could not be read, and so none of its fields.");
       return;
     }
-    const WideString oid = property_.DeviceOid();
+    const WideString oid = trial_.DeviceOid(property_.GetOID());
     const simulator::DeviceLine* line = trial_.Device().Find(oid);
     if (line == nullptr) {
       Add("unavailable", u"The device does not know " + oid + u".");
@@ -60,7 +60,7 @@ class Remarks {
     } else if (values::TypeCodeOf(property_.Attributes().Get(TextId::kType)) == TypeCode::kPassword) {
       Add("stars", u"The value is shown as stars because it is a `Password`.");
     }
-    if (property_.Type() == LoadText(TextId::kReaderCmd)) {
+    if (property_.HeldType() == LoadText(TextId::kReaderCmd)) {
       Add("no-value", u"A `ReaderCmd` shows no value; its fields do.");
     }
   }
@@ -74,7 +74,7 @@ class Remarks {
       } else if (!IsSecret()) {
         Add("no-such-choice", u"The value \"" + text + u"\" is none of the choices, so it is shown as it is.");
       }
-    } else if (text.empty() && property_.Type() != LoadText(TextId::kReaderCmd)) {
+    } else if (text.empty() && property_.HeldType() != LoadText(TextId::kReaderCmd)) {
       Add("empty-value", u"The value is empty.");
     }
     const auto& rules = explanation_.line.rules;
@@ -107,7 +107,7 @@ class Remarks {
     } else if (explanation_.line.state == model::DisplayState::kNoEdit) {
       Add("locked", u"A rule locks the line, so Enter does nothing.");
     } else if (!explanation_.look.editable) {
-      Add("no-editor", u"There is no editor \"" + property_.EditorName() + u"\", so Enter does nothing.");
+      Add("no-editor", u"There is no editor \"" + WideString(property_.EditorName()) + u"\", so Enter does nothing.");
     }
   }
 

@@ -50,6 +50,8 @@ class Trial {
 
   // Reads everything from the device anew.
   void Rebuild();
+  // The OID as the device knows it.
+  WideString DeviceOid(const WideString& oid) { return values::DeviceOid(model_.Descriptors(), access_, oid); }
 
   // Runs what the list runs before it fills itself with a menu: the rules of its lines, then its `_OnEnter`.
   void Enter(model::MenuItem& menu);

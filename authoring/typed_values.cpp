@@ -12,9 +12,9 @@ namespace authoring {
 
 std::vector<std::string> TypedValues(const values::PropertyDescriptor& property) {
   using values::TypeCode;
-  const auto type = values::TypeCodeOf(property.Type());
+  const auto type = values::TypeCodeOf(property.HeldType());
   if (type == TypeCode::kHex) {
-    const bool isPreShared = property.Type() == LoadText(TextId::kHex32);
+    const bool isPreShared = property.HeldType() == LoadText(TextId::kHex32);
     return {isPreShared ? "abcdefgh1" : "0x0123456789", "0x1"};
   }
   if (type != TypeCode::kInteger) return {"1a"};

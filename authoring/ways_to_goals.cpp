@@ -39,6 +39,7 @@ class WayFinder {
       rules.insert(rules.end(), verdict.rules.begin(), verdict.rules.end());
       wireless = wireless || !verdict.wireless.empty();
     };
+    for (const Goal& goal : goals) wireless = wireless || goal.kind == GoalKind::kAlert;
     const Look look = LookAt(trial_, *item, collect);
     collect(*item);
 
@@ -81,7 +82,12 @@ class WayFinder {
           const auto number = static_cast<std::size_t>(goal.rule);
           return look.reachable && number < rules.size() && rules[number].holds == goal.outcome;
         };
-      case GoalKind::kAlert: return [](const Look&) { return false; };
+      case GoalKind::kAlert:
+        return [this, goal](const Look&) {
+          const auto& shown = trial_.Screen().shown;
+          return std::any_of(shown.begin(), shown.end(),
+                             [&](const WideString& text) { return "Alert: " + base::ToUtf8(text) == goal.path; });
+        };
     }
     return {};
   }
@@ -89,7 +95,7 @@ class WayFinder {
   void Take(const Goal& goal, const Aim& aim, const std::vector<Lever>& levers) {
     WayToGoal& way = ways_[goal.Id()];
     way.goal = goal;
-    way.impossible = aim.complete && goal.kind != GoalKind::kAlert;
+    way.impossible = aim.complete;
     if (way.impossible) {
       way.reason = levers.empty() ? "cannot be: no setting has a say in it"
                                   : "cannot be: no values of " + NamesOf(levers) + " lead there";
@@ -102,7 +108,13 @@ class WayFinder {
     for (const auto& changes : aim.ways) {
       PreparedWay prepared = Prepare(changes);
       auto& list = prepared.device.empty() ? way.ways : byDevice;
-      if (list.size() < kMostWaysToTry) list.push_back(std::move(prepared));
+      // One edit can take away the choice that the next one needs.
+      PreparedWay backwards = prepared;
+      std::reverse(backwards.edits.begin(), backwards.edits.end());
+      if (list.size() < kMostWaysToTry) {
+        if (prepared.edits.size() > 1) list.push_back(std::move(backwards));
+        list.push_back(std::move(prepared));
+      }
       // Where the edits do not work out one after the other, the device may have the values to begin with.
       if (byDevice.size() < kMostWaysToTry) byDevice.push_back({{}, DeviceLines(changes)});
     }
@@ -139,7 +151,7 @@ class WayFinder {
 
   // A flag without choices of its own is chosen by TRUE and FALSE.
   static WideString ShownChoice(const values::PropertyDescriptor& property, const Step& step) {
-    if (!step.text.empty() || values::TypeCodeOf(property.Type()) != values::TypeCode::kBool) return step.text;
+    if (!step.text.empty() || values::TypeCodeOf(property.HeldType()) != values::TypeCode::kBool) return step.text;
     return WideString(step.change.value == u"1" ? values::kTrueText : values::kFalseText);
   }
 
@@ -148,7 +160,7 @@ class WayFinder {
     if (changes.empty()) return {};
     Assumption assumption(trial_);
     const MemoryDevice before = trial_.Device();
-    assumption.Assume(changes);
+    assumption.AssumeOnDevice(changes);
     std::string lines;
     for (const auto& [oid, entry] :
          std::map<WideString, DeviceEntry>(trial_.Device().Values().begin(), trial_.Device().Values().end())) {
