@@ -122,8 +122,7 @@ class Explorer {
     Goal goal;
     goal.kind = kind;
     goal.path = PathText(item);
-    return !goals_->IsReached(goal) && std::any_of(goals_->All().begin(), goals_->All().end(),
-                                                   [&](const Goal& known) { return known.Id() == goal.Id(); });
+    return goals_->IsKnown(goal) && !goals_->IsReached(goal);
   }
 
   // --- values ---

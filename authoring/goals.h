@@ -34,6 +34,8 @@ class Goals {
 
   const std::vector<Goal>& All() const { return goals_; }
   bool IsReached(const Goal& goal) const { return reached_.contains(goal.Id()); }
+  // It is on the list.
+  bool IsKnown(const Goal& goal) const { return known_.contains(goal.Id()); }
   std::size_t ReachedCount() const { return reached_.size(); }
 
   // Marks the goal as reached; one that was not on the list is put there. True: that is new.

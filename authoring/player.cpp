@@ -71,7 +71,6 @@ std::string Player::Script() const {
 void Player::Press(std::string_view key) {
   if (!IsRunning()) return;
   --budget_.keys;
-  if (onScreen) onScreen(*this);
   lines_.push_back("key " + std::string(key));
   session_.Press(key);
   Note();
@@ -255,7 +254,7 @@ bool Player::GoTo(const ItemPlace& menu) {
   return false;
 }
 
-void Player::SeeAllPages() {
+void Player::SeeAllPages(const std::function<void()>& onPage) {
   constexpr int kMostPages = 200;
   for (int page = 0; page < kMostPages && IsRunning() && FrontOf(session_) == Front::kMenu; ++page) {
     const WindowHandle handle = platform::ControlOf(platform::ActiveWindow(), ui::kMenuListId);
@@ -265,7 +264,7 @@ void Player::SeeAllPages() {
     if (last >= list->lines.size() || !list->lines[last].ends_with(u"More...")) return;
     Press(base::ToUtf8(list->lines[last].substr(0, 1)));
     lines_.emplace_back("dump");
-    if (onScreen) onScreen(*this);
+    if (onPage) onPage();
   }
 }
 

@@ -29,9 +29,6 @@ class Player {
   std::string Script() const;
   const std::vector<std::string>& Findings() const { return findings_; }
 
-  // Called with each new screen, before the next key.
-  std::function<void(Player&)> onScreen;
-
   // The goal is reached by what is done now.
   void Reach(const Goal& goal) { Found(goal); }
 
@@ -46,8 +43,8 @@ class Player {
   bool GoTo(const ItemPlace& menu);
   // Goes to the item's menu and presses the key of its line.
   bool Activate(const ItemPlace& item);
-  // Leafs through all pages of the menu shown.
-  void SeeAllPages();
+  // Leafs through all pages of the menu shown; `onPage` is told of each but the first.
+  void SeeAllPages(const std::function<void()>& onPage = {});
 
   // With the editor in front: saves a choice, a text or, for kinds that are neither, the next value up. False: nothing
   // was saved; the editor is closed all the same.

@@ -13,6 +13,7 @@ constexpr AddCommand kCommands[] = {
     AddDiff,
     AddWhy,
     AddExplore,
+    AddManual,
 };
 
 }  // namespace

@@ -29,6 +29,7 @@ void AddDiff(CLI::App& program, Streams& streams, int& status);
 void AddFind(CLI::App& program, Streams& streams, int& status);
 void AddTree(CLI::App& program, Streams& streams, int& status);
 void AddWhy(CLI::App& program, Streams& streams, int& status);
+void AddManual(CLI::App& program, Streams& streams, int& status);
 void AddExplore(CLI::App& program, Streams& streams, int& status);
 
 // Runs the program with arguments as a shell gives them, without its name.
