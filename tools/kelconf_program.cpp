@@ -7,13 +7,7 @@ namespace tools {
 namespace {
 
 constexpr AddCommand kCommands[] = {
-    AddCheck,
-    AddFind,
-    AddTree,
-    AddDiff,
-    AddWhy,
-    AddExplore,
-    AddManual,
+    AddCheck, AddFind, AddTree, AddDiff, AddWhy, AddExplore, AddManual,
 };
 
 }  // namespace
