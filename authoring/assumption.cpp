@@ -2,7 +2,7 @@
 
 #include "base/format.h"
 #include "base/number.h"
-#include "ui/entry_controls.h"
+#include "ui/entry_kinds.h"
 #include "ui/property_editors.h"
 
 #include <algorithm>

@@ -5,7 +5,7 @@
 #include "base/utf8.h"
 #include "rules/rule_tokens.h"
 #include "rules/wireless_couplings.h"
-#include "ui/entry_controls.h"
+#include "ui/entry_kinds.h"
 #include "ui/property_editors.h"
 
 namespace authoring {
