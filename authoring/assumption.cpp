@@ -31,19 +31,19 @@ bool HasEditor(const model::MenuItem& item) {
 
 }  // namespace
 
-void Assumption::Assume(std::span<const Change> changes) {
+void Assumption::Assume(std::span<const SettingChange> changes) {
   AssumeOnDevice(changes);
-  for (const Change& change : changes) AfterEdit(change);
+  for (const SettingChange& change : changes) AfterEdit(change);
 }
 
-void Assumption::AssumeOnDevice(std::span<const Change> changes) {
+void Assumption::AssumeOnDevice(std::span<const SettingChange> changes) {
   trial_.Device() = device_;
   trial_.Screen().shown.clear();
-  for (const Change& change : changes) Put(change);
+  for (const SettingChange& change : changes) Put(change);
   trial_.Rebuild();
 }
 
-void Assumption::AfterEdit(const Change& change) {
+void Assumption::AfterEdit(const SettingChange& change) {
   PropertyDescriptor* property = trial_.Model().FindDescriptor(change.oid);
   if (property == nullptr || property->IsReadOnly()) return;
   if (values::IsPseudoOid(change.oid)) {
@@ -59,7 +59,7 @@ void Assumption::AfterEdit(const Change& change) {
   }
 }
 
-void Assumption::Put(const Change& change) {
+void Assumption::Put(const SettingChange& change) {
   if (values::IsPseudoOid(change.oid)) return;
   const PropertyDescriptor* property = trial_.Model().FindDescriptor(change.oid);
   const std::size_t colon = change.oid.find(u':');
@@ -72,7 +72,7 @@ void Assumption::Put(const Change& change) {
   }
 }
 
-void Assumption::PutField(WideStringView commandOid, int number, const Change& change) {
+void Assumption::PutField(WideStringView commandOid, int number, const SettingChange& change) {
   PropertyDescriptor* command = trial_.Model().FindDescriptor(commandOid);
   if (command == nullptr || command->CommandLayout() == nullptr || number < 1) return;
   const WideString deviceOid = trial_.DeviceOid(WideString(commandOid));

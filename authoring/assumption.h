@@ -9,10 +9,10 @@
 namespace authoring {
 
 // A setting by its OID, that of a field ("OID:2") or one that lives in the program alone, and what it is to be.
-struct Change {
+struct SettingChange {
   WideString oid;
   WideString value;
-  bool operator==(const Change&) const = default;
+  bool operator==(const SettingChange&) const = default;
 };
 
 // Puts the trial's device back when it goes.
@@ -25,14 +25,14 @@ class Assumption {
 
   // The device as it was but for these changes, and the model made from it anew: no item or property stays. What the
   // utility does after an edit of these properties is done too.
-  void Assume(std::span<const Change> changes);
+  void Assume(std::span<const SettingChange> changes);
   // The same without what follows an edit: the device had these values all along.
-  void AssumeOnDevice(std::span<const Change> changes);
+  void AssumeOnDevice(std::span<const SettingChange> changes);
 
  private:
-  void AfterEdit(const Change& change);
-  void Put(const Change& change);
-  void PutField(WideStringView commandOid, int number, const Change& change);
+  void AfterEdit(const SettingChange& change);
+  void Put(const SettingChange& change);
+  void PutField(WideStringView commandOid, int number, const SettingChange& change);
 
   Trial& trial_;
   const MemoryDevice device_;

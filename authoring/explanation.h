@@ -30,7 +30,7 @@ struct Remark {
 };
 
 struct Step {
-  Change change;
+  SettingChange change;
   WideString name;                 // of the property; empty: only the device knows the OID
   WideString text;                 // of the choice; empty: the value is shown as it is
   std::optional<WideString> keys;  // that open its editor now; nothing: it cannot be edited now

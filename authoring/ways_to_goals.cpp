@@ -131,10 +131,10 @@ class WayFinder {
     return names;
   }
 
-  PreparedWay Prepare(const std::vector<Change>& changes) {
+  PreparedWay Prepare(const std::vector<SettingChange>& changes) {
     PreparedWay prepared;
-    std::vector<Change> byDevice;
-    for (const Change& change : changes) {
+    std::vector<SettingChange> byDevice;
+    for (const SettingChange& change : changes) {
       const Step step = Describe(trial_, change);
       const auto* property = trial_.Model().FindDescriptor(change.oid);
       const model::MenuItem* item = property == nullptr ? nullptr : trial_.Model().ItemOf(*property);
@@ -156,7 +156,7 @@ class WayFinder {
   }
 
   // What the device would have to hold from the start.
-  std::string DeviceLines(const std::vector<Change>& changes) {
+  std::string DeviceLines(const std::vector<SettingChange>& changes) {
     if (changes.empty()) return {};
     Assumption assumption(trial_);
     const MemoryDevice before = trial_.Device();

@@ -90,7 +90,7 @@ class Search {
   const Tried& tried_;
   Assumption assumption_;
   std::vector<Aim*> open_;
-  std::vector<Change> changes_;
+  std::vector<SettingChange> changes_;
   std::size_t done_ = 0;
   std::size_t most_ = 0;
 };
@@ -102,7 +102,7 @@ void FindChanges(Trial& trial, const ItemPlace& place, const std::vector<Lever>&
   if (!aims.empty()) Search(trial, place, levers, aims, tried).Run();
 }
 
-Step Describe(Trial& trial, const Change& change) {
+Step Describe(Trial& trial, const SettingChange& change) {
   trial.Rebuild();  // what an earlier look has narrowed is not to count
   Step step{change, {}, {}, {}};
   const values::PropertyDescriptor* property = trial.Model().FindDescriptor(change.oid);
@@ -127,7 +127,7 @@ void FindWays(Trial& trial, const ItemPlace& place, const std::vector<Lever>& le
     wish.complete = aims[i].complete;
     for (const auto& changes : aims[i].ways) {
       std::vector<Step>& way = wish.ways.emplace_back();
-      for (const Change& change : changes) way.push_back(Describe(trial, change));
+      for (const SettingChange& change : changes) way.push_back(Describe(trial, change));
     }
     // What can be done at the terminal comes first.
     std::stable_partition(wish.ways.begin(), wish.ways.end(), [](const std::vector<Step>& way) {

@@ -59,7 +59,7 @@ std::vector<Played> WaysOf(const authoring::Configuration& configuration) {
     authoring::Assumption assumption(trial);
     for (const Wish& wish : explanation.wishes) {
       for (std::size_t i = 0; i < std::min<std::size_t>(wish.ways.size(), 2); ++i) {
-        std::vector<authoring::Change> changes;
+        std::vector<authoring::SettingChange> changes;
         for (const auto& step : wish.ways[i]) changes.push_back(step.change);
         assumption.Assume(changes);
         Played played{wish.goal, base::ToUtf8(explanation.line.path), DeviceText(trial.Device()), {}, {}, {}, {}};

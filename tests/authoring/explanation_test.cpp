@@ -183,7 +183,7 @@ TEST_F(ExplanationTest, AFieldIsChangedWithinItsCommand) {
   const Explanation other = Explain(u"y");
   ASSERT_EQ(1u, other.wishes.size());
   ASSERT_LE(1u, other.wishes[0].ways.size());
-  EXPECT_EQ((authoring::Change{u"1.60:1", u"B"}), other.wishes[0].ways[0][0].change);
+  EXPECT_EQ((authoring::SettingChange{u"1.60:1", u"B"}), other.wishes[0].ways[0][0].change);
 }
 
 TEST_F(ExplanationTest, ReadsAsSentences) {
