@@ -143,6 +143,7 @@ class Prover {
       way.push_back(&survey_.Of(*entry));
     }
     std::vector<const Subject*> lines;
+    lines.reserve(children.size());
     for (const Entry* child : children) lines.push_back(&survey_.Of(*child));
     for (const auto& group : {way, lines}) {
       for (const Subject* line : group) {
@@ -172,6 +173,7 @@ class Prover {
   // Fallbacks on one page that are stored each time the page is shown.
   void ProveFallbacks(const Subject& subject) {
     std::vector<const Subject*> lines;
+    lines.reserve(children.size());
     for (const Entry* child : subject.MenuEntry().children) {
       const Subject& line = survey_.Of(*child);
       if (HasFallback(line) && ItemOf(line) != nullptr && FallbacksAreSound(line)) lines.push_back(&line);

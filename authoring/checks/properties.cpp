@@ -17,6 +17,7 @@ constexpr std::array<TextId, 13> kTypes = {
 
 std::vector<WideStringView> TypeNames() {
   std::vector<WideStringView> names;
+  names.reserve(kTypes.size());
   for (const TextId type : kTypes) names.push_back(LoadText(type));
   return names;
 }
