@@ -87,6 +87,18 @@ bool TextTerminal::Shows(std::string_view text) {
   return true;
 }
 
+bool TextTerminal::ShowsWithout(std::string_view text, std::string_view absent) {
+  const auto end = Clock::now() + kPatience;
+  while (Clock::now() < end) {
+    output_.clear();
+    Send(kDrawAnew);
+    while (ReadMore(kUntilAskedAgain)) {
+    }
+    if (output_.find(text) != std::string::npos && output_.find(absent) == std::string::npos) return true;
+  }
+  return false;
+}
+
 TextTerminal::Milliseconds TextTerminal::TimeFrom(std::string_view bytes, std::string_view text) {
   output_.clear();
   const auto start = Clock::now();

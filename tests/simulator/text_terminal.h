@@ -29,6 +29,9 @@ class TextTerminal {
   // Whether the text comes to stand on the screen: it is asked to draw all anew until it does. Texts within a row, of
   // one style.
   bool Shows(std::string_view text);
+  // Whether a whole drawing comes to have the one text and not the other; what older drawings left unread does not
+  // count.
+  bool ShowsWithout(std::string_view text, std::string_view absent);
   // How long it takes from these bytes until this text is written, unasked.
   Milliseconds TimeFrom(std::string_view bytes, std::string_view text);
 
