@@ -7,6 +7,7 @@
 #include <map>
 #include <set>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace authoring {
@@ -58,7 +59,9 @@ class RuleOutcomes final : public rules::RuleListener {
     std::string path;
     int rule = 0;
     bool holds = false;
-    auto operator<=>(const Outcome&) const = default;
+    bool operator<(const Outcome& other) const {
+      return std::tie(path, rule, holds) < std::tie(other.path, other.rule, other.holds);
+    }
   };
 
   // Since the last time, each once.

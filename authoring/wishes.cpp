@@ -120,6 +120,7 @@ Step Describe(Trial& trial, const SettingChange& change) {
 void FindWays(Trial& trial, const ItemPlace& place, const std::vector<Lever>& levers, std::vector<Wish>& wishes,
               const Tried& tried) {
   std::vector<Aim> aims;
+  aims.reserve(wishes.size());
   for (const Wish& wish : wishes) aims.push_back({[&wish](const Look& look) { return Fulfils(wish, look); }});
   FindChanges(trial, place, levers, aims, tried);
   for (std::size_t i = 0; i < aims.size(); ++i) {

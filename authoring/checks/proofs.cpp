@@ -173,7 +173,6 @@ class Prover {
   // Fallbacks on one page that are stored each time the page is shown.
   void ProveFallbacks(const Subject& subject) {
     std::vector<const Subject*> lines;
-    lines.reserve(children.size());
     for (const Entry* child : subject.MenuEntry().children) {
       const Subject& line = survey_.Of(*child);
       if (HasFallback(line) && ItemOf(line) != nullptr && FallbacksAreSound(line)) lines.push_back(&line);
