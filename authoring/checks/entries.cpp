@@ -48,9 +48,10 @@ void EntryTwoThings(const Subject& subject, Findings& findings) {
              !subject.Has(Attribute::kSecurity) && !subject.Has(Attribute::kCmdString)) {
     findings.Add(subject, "It has entries, so Enter opens it as a menu and its value is never edited.",
                  "Make the property an entry of its own, or give it Security.");
-  } else if (subject.IsCommand() && subject.IsProperty() &&
+  } else if (subject.IsCommand() && subject.IsProperty() && !subject.Has(Attribute::kSecurity) &&
              subject.Get(Attribute::kFunction) != u"ImportCertificates") {
-    findings.Add(subject, "Enter runs its command, so its value is never edited.", "Make two entries of it.");
+    findings.Add(subject, "Enter runs its command, so its value is never edited.",
+                 "Make two entries of it, or give it Security.");
   }
 }
 

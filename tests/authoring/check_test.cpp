@@ -53,6 +53,16 @@ TEST(Check, AFindingStandsWhereItsAttributeDoes) {
   EXPECT_EQ((Lines{"type-unknown 4:17 A Type", "rule-malformed 6:10 A Dependency"}), Found(folder));
 }
 
+TEST(Check, ACommandMayShowAValueThatIsReadOnly) {
+  const std::string command = "<GROUP name=\"A\"><DisplayName>A</DisplayName><OID>1.1</OID><Type>Integer</Type>";
+  StorageFolder folder;
+  folder.Write("device.txt", "1.1\tInteger\t5\n");
+  folder.WriteMenu(command + "<Function>WEP_Properties</Function></GROUP>");
+  EXPECT_EQ((Lines{"entry-two-things 2:1 A "}), Found(folder));
+  folder.WriteMenu(command + "<Security>1</Security><Function>WEP_Properties</Function></GROUP>");
+  EXPECT_EQ(Lines{}, Found(folder));
+}
+
 TEST(Check, ARegistryHasKeysAndValuesInsteadOfLines) {
   StorageFolder folder;
   folder.Write("registry.reg",
