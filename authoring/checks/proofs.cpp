@@ -20,7 +20,7 @@ class CaseRecord final : public rules::RuleListener {
  public:
   struct Rule {
     std::vector<bool> comparisons;
-    WideStringView action;
+    WideString action;
     std::optional<DisplayState> state;
   };
   std::vector<Rule> rules;
