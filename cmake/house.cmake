@@ -1,9 +1,6 @@
 # kel_precompile(TARGET FAMILY HEADERS...): TARGET's sources find these headers compiled, once for a family of targets with
 # the same flags.
 function(kel_precompile target family)
-  if(NOT KEL_PRECOMPILE)
-    return()
-  endif()
   get_property(owner GLOBAL PROPERTY kel_precompiled_${family})
   if(owner)
     target_precompile_headers(${target} REUSE_FROM ${owner})
@@ -21,8 +18,10 @@ function(kel_floor name)
     add_library(kel_${name} STATIC ${FLOOR_UNPARSED_ARGUMENTS})
     target_include_directories(kel_${name} PUBLIC ${PROJECT_SOURCE_DIR})
     target_link_libraries(kel_${name} PUBLIC ${FLOOR_BELOW})
-    kel_precompile(kel_${name} floors
-      <algorithm> <cstdint> <functional> <map> <memory> <optional> <string> <unordered_map> <utility> <vector>)
+    if(KEL_PRECOMPILE)
+      kel_precompile(kel_${name} floors
+        <algorithm> <cstdint> <functional> <map> <memory> <optional> <string> <unordered_map> <utility> <vector>)
+    endif()
   else()
     add_library(kel_${name} INTERFACE)
     target_include_directories(kel_${name} INTERFACE ${PROJECT_SOURCE_DIR})
@@ -39,8 +38,12 @@ function(kel_test name)
   if(KEL_SANITIZE OR NOT CMAKE_BUILD_TYPE STREQUAL "Debug")
     target_compile_options(${name} PRIVATE -O0)
   endif()
-  kel_precompile(${name} tests
-    <gtest/gtest.h> <algorithm> <filesystem> <fstream> <functional> <map> <memory> <optional> <string> <utility> <vector>)
+  # All of them begin with GoogleTest, so that nothing is hidden by having it compiled once.
+  set(headers <gtest/gtest.h>)
+  if(KEL_PRECOMPILE)
+    list(APPEND headers <algorithm> <filesystem> <fstream> <functional> <map> <memory> <optional> <string> <utility> <vector>)
+  endif()
+  kel_precompile(${name} tests ${headers})
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST NO_PRETTY_VALUES PROPERTIES TIMEOUT 280)
 endfunction()
 

@@ -59,21 +59,21 @@ int Run(const Options& options, Streams& streams) {
 
 }  // namespace
 
-void AddCheck(CLI::App& program, Streams& streams, int& status) {
+void DescribeCheck(Command command, Streams& streams) {
   const auto options = std::make_shared<Options>();
-  CLI::App* command = program.add_subcommand("check", "every slip of a configuration, with file, line and column");
-  command->footer(
+  command.Remarks(
       "Exit status: 0 nothing or notes only, 1 warnings or errors, 2 unusable arguments or files.\n"
       "docs/checks.md says what each finding means, and how a comment allows it.\n"
       "Example: kelconf check examples/small");
-  command->add_option("FOLDER", options->paths, "storage folders, XML files or registry files; default: this folder");
-  command->add_option(
-      "--source", options->source,
-      "the utility's command line: a HKEY_LOCAL_MACHINE path, or the path of an XML file in the storage");
-  command->add_option("--format", options->format, "how to answer")->check(CLI::IsMember({"text", "json", "sarif"}));
-  command->add_flag("--no-proofs", options->noProofs, "leave out what takes going through the cases of rules");
-  command->add_flag("--list", options->list, "the kinds of findings there are");
-  command->callback([options, &streams, &status] { status = Run(*options, streams); });
+  command.Texts("FOLDER", options->paths, "storage folders, XML files or registry files; default: this folder");
+  command.Text("--source", options->source,
+               "the utility's command line: a HKEY_LOCAL_MACHINE path, or the path of an XML file in the storage");
+  command.Choice(
+      "--format", {"text", "json", "sarif"}, [options](const std::string& format) { options->format = format; },
+      "how to answer");
+  command.Flag("--no-proofs", options->noProofs, "leave out what takes going through the cases of rules");
+  command.Flag("--list", options->list, "the kinds of findings there are");
+  command.Do([options, &streams] { return Run(*options, streams); });
 }
 
 }  // namespace tools

@@ -58,17 +58,16 @@ int Run(const Options& options, Streams& streams) {
 
 }  // namespace
 
-void AddDiff(CLI::App& program, Streams& streams, int& status) {
+void DescribeDiff(Command command, Streams& streams) {
   const auto options = std::make_shared<Options>();
-  CLI::App* command = program.add_subcommand("diff", "what changed between two configurations, in an author's words");
-  command->footer(
+  command.Remarks(
       "Exit status: 0 nothing changed, 1 something did, 2 unusable arguments or files.\n"
       "Example: kelconf diff examples/terminal/Windows/ovu.xml examples/terminal/registry.reg");
-  command->add_option("OLD", options->before, "a storage folder, an XML file or a registry file")->required();
-  command->add_option("NEW", options->after, "the same, as it is now")->required();
-  command->add_option("--source", options->source, "the utility's command line, for both");
-  AddFormatOption(*command, options->format);
-  command->callback([options, &streams, &status] { status = Run(*options, streams); });
+  command.RequiredText("OLD", options->before, "a storage folder, an XML file or a registry file");
+  command.RequiredText("NEW", options->after, "the same, as it is now");
+  command.Text("--source", options->source, "the utility's command line, for both");
+  AddFormatOption(command, options->format);
+  command.Do([options, &streams] { return Run(*options, streams); });
 }
 
 }  // namespace tools

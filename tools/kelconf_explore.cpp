@@ -152,19 +152,16 @@ int Run(const Options& options, Streams& streams) {
 
 }  // namespace
 
-void AddExplore(CLI::App& program, Streams& streams, int& status) {
+void DescribeExplore(Command command, Streams& streams) {
   const auto options = std::make_shared<Options>();
-  CLI::App* command = program.add_subcommand(
-      "explore", "plays the utility through everything it can do and reports what was never seen");
-  command->footer("Example: kelconf explore examples/small --scripts tests/screens");
-  AddSourceOptions(*command, options->source);
-  AddFormatOption(*command, options->format);
-  command->add_option("--keys", options->keys, "how many keys may be pressed")->check(CLI::Range(1, 100'000'000));
-  CLI::Option* scripts = command->add_option("--scripts", options->scripts,
-                                             "writes each play as a UI script into this folder, with what it prints");
-  command->add_option("--expect", options->expect, "plays the scripts of this folder again and compares")
-      ->excludes(scripts);
-  command->callback([options, &streams, &status] { status = Run(*options, streams); });
+  command.Remarks("Example: kelconf explore examples/small --scripts tests/screens");
+  AddSourceOptions(command, options->source);
+  AddFormatOption(command, options->format);
+  command.Number("--keys", options->keys, 1, 100'000'000, "how many keys may be pressed");
+  command.Text("--scripts", options->scripts, "writes each play as a UI script into this folder, with what it prints");
+  command.Text("--expect", options->expect, "plays the scripts of this folder again and compares");
+  command.Exclude("--expect", "--scripts");
+  command.Do([options, &streams] { return Run(*options, streams); });
 }
 
 }  // namespace tools

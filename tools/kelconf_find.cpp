@@ -75,20 +75,18 @@ int Run(const Options& options, Streams& streams) {
 
 }  // namespace
 
-void AddFind(CLI::App& program, Streams& streams, int& status) {
+void DescribeFind(Command command, Streams& streams) {
   const auto options = std::make_shared<Options>();
-  CLI::App* command =
-      program.add_subcommand("find", "entries by name, OID, value, choice or attribute, and their keys");
-  command->footer(
+  command.Remarks(
       "The keys are those to press from the main menu with the device's present values; \"hidden\": a rule hides a "
       "line\n"
       "on the way.\n"
       "Exit status: 0 something was found, 1 nothing, 2 unusable arguments or files.\n"
       "Example: kelconf find examples/terminal baud");
-  AddSourceOptions(*command, options->source);
-  command->add_option("TEXT", options->text, "part of what is looked for, in any case")->required();
-  AddFormatOption(*command, options->format);
-  command->callback([options, &streams, &status] { status = Run(*options, streams); });
+  AddSourceOptions(command, options->source);
+  command.RequiredText("TEXT", options->text, "part of what is looked for, in any case");
+  AddFormatOption(command, options->format);
+  command.Do([options, &streams] { return Run(*options, streams); });
 }
 
 }  // namespace tools

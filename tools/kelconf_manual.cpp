@@ -41,15 +41,14 @@ int Run(Options& options, Streams& streams) {
 
 }  // namespace
 
-void AddManual(CLI::App& program, Streams& streams, int& status) {
+void DescribeManual(Command command, Streams& streams) {
   const auto options = std::make_shared<Options>();
-  CLI::App* command = program.add_subcommand("manual", "the manual for the people at the terminal, one HTML file");
-  command->footer("Example: kelconf manual examples/small -o manual.html");
-  AddSourceOptions(*command, options->source);
-  command->add_option("-o,--output", options->output, "the file to write; \"-\" is standard output")->required();
-  command->add_option("--title", options->terms.title, "its title; default: that of the main menu");
-  command->add_flag("--no-pictures", options->plain, "words alone");
-  command->callback([options, &streams, &status] { status = Run(*options, streams); });
+  command.Remarks("Example: kelconf manual examples/small -o manual.html");
+  AddSourceOptions(command, options->source);
+  command.RequiredText("-o,--output", options->output, "the file to write; \"-\" is standard output");
+  command.Text("--title", options->terms.title, "its title; default: that of the main menu");
+  command.Flag("--no-pictures", options->plain, "words alone");
+  command.Do([options, &streams] { return Run(*options, streams); });
 }
 
 }  // namespace tools

@@ -1,33 +1,28 @@
 #include "tools/kelconf_program.h"
 
-#include <algorithm>
-#include <ostream>
-
 namespace tools {
-namespace {
-
-constexpr AddCommand kCommands[] = {
-    AddCheck, AddFind, AddTree, AddDiff, AddWhy, AddExplore, AddManual,
-};
-
-}  // namespace
 
 int RunKelconf(const std::vector<std::string>& arguments, Streams streams) {
-  CLI::App program("What a configuration does, before a terminal does it.", "kelconf");
-  program.require_subcommand(1);
-  program.set_version_flag("--version", "kelconf of KelLocalCfg Version 1.0");
-  program.footer(
+  const auto with = [&streams](void (*describe)(Command, Streams&)) {
+    return [&streams, describe](Command command) { describe(command, streams); };
+  };
+  const Program program{
+      "kelconf",
+      "What a configuration does, before a terminal does it.",
+      "kelconf of KelLocalCfg Version 1.0",
       "Exit status: 0 all is well, 1 something was found or is not there, 2 unusable arguments or files.\n"
-      "Example: kelconf check examples/small");
-  int status = kFine;
-  for (const AddCommand add : kCommands) add(program, streams, status);
-  try {
-    std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
-    program.parse(std::move(reversed));
-  } catch (const CLI::ParseError& error) {
-    return program.exit(error, streams.out, streams.errors) == 0 ? kFine : kUnusable;
-  }
-  return status;
+      "Example: kelconf check examples/small",
+      {
+          {"check", "every slip of a configuration, with file, line and column", with(DescribeCheck)},
+          {"find", "entries by name, OID, value, choice or attribute, and their keys", with(DescribeFind)},
+          {"tree", "the menus as text, each line with its type, OID and rules", with(DescribeTree)},
+          {"diff", "what changed between two configurations, in an author's words", with(DescribeDiff)},
+          {"why", "why this line looks as it does now, and what would change it", with(DescribeWhy)},
+          {"explore", "plays the utility through everything it can do and reports what was never seen",
+           with(DescribeExplore)},
+          {"manual", "the manual for the people at the terminal, one HTML file", with(DescribeManual)},
+      }};
+  return RunCommandLine(program, arguments, streams.out, streams.errors);
 }
 
 }  // namespace tools

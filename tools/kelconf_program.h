@@ -1,18 +1,13 @@
 // The program `kelconf`: what a configuration does, before a terminal does it.
 #pragma once
 
-#include <CLI/CLI.hpp>
+#include "tools/command.h"
 
 #include <ostream>
 #include <string>
 #include <vector>
 
 namespace tools {
-
-// Exit statuses of every command.
-inline constexpr int kFine = 0;
-inline constexpr int kFound = 1;     // what was asked about is not in order, or there is none
-inline constexpr int kUnusable = 2;  // arguments, files
 
 struct Streams {
   std::ostream& out;
@@ -21,16 +16,14 @@ struct Streams {
   bool watched = false;  // a person sees `errors`
 };
 
-// Each adds one command. Its callback sets `status`; both arguments live until the program ends.
-using AddCommand = void (*)(CLI::App& program, Streams& streams, int& status);
-
-void AddCheck(CLI::App& program, Streams& streams, int& status);
-void AddDiff(CLI::App& program, Streams& streams, int& status);
-void AddFind(CLI::App& program, Streams& streams, int& status);
-void AddTree(CLI::App& program, Streams& streams, int& status);
-void AddWhy(CLI::App& program, Streams& streams, int& status);
-void AddManual(CLI::App& program, Streams& streams, int& status);
-void AddExplore(CLI::App& program, Streams& streams, int& status);
+// Each describes one command.
+void DescribeCheck(Command command, Streams& streams);
+void DescribeDiff(Command command, Streams& streams);
+void DescribeFind(Command command, Streams& streams);
+void DescribeTree(Command command, Streams& streams);
+void DescribeWhy(Command command, Streams& streams);
+void DescribeManual(Command command, Streams& streams);
+void DescribeExplore(Command command, Streams& streams);
 
 // Runs the program with arguments as a shell gives them, without its name.
 int RunKelconf(const std::vector<std::string>& arguments, Streams streams);

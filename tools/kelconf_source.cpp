@@ -7,21 +7,16 @@
 
 namespace tools {
 
-void AddSourceOptions(CLI::App& command, SourceOptions& options, bool required) {
-  CLI::Option* path = command.add_option("FOLDER", options.path, "a storage folder, an XML file or a registry file");
-  if (required) path->required();
-  command.add_option(
-      "--source", options.source,
-      "the utility's command line: a HKEY_LOCAL_MACHINE path, or the path of an XML file in the storage");
+void AddSourceOptions(Command& command, SourceOptions& options) {
+  command.RequiredText("FOLDER", options.path, "a storage folder, an XML file or a registry file");
+  command.Text("--source", options.source,
+               "the utility's command line: a HKEY_LOCAL_MACHINE path, or the path of an XML file in the storage");
 }
 
-void AddFormatOption(CLI::App& command, Format& format) {
-  command
-      .add_option_function<std::string>(
-          "--format", [&format](const std::string& name) { format = name == "json" ? Format::kJson : Format::kText; },
-          "how to answer")
-      ->check(CLI::IsMember({"text", "json"}))
-      ->type_name("");
+void AddFormatOption(Command& command, Format& format) {
+  command.Choice(
+      "--format", {"text", "json"},
+      [&format](const std::string& name) { format = name == "json" ? Format::kJson : Format::kText; }, "how to answer");
 }
 
 std::unique_ptr<authoring::Configuration> LoadConfiguration(const SourceOptions& options, Streams& streams) {

@@ -18,8 +18,8 @@ struct SourceOptions {
 enum class Format { kText, kJson };
 
 // FOLDER|FILE.xml|FILE.reg and --source.
-void AddSourceOptions(CLI::App& command, SourceOptions& options, bool required = true);
-void AddFormatOption(CLI::App& command, Format& format);
+void AddSourceOptions(Command& command, SourceOptions& options);
+void AddFormatOption(Command& command, Format& format);
 
 // Null, after it was said on standard error why.
 std::unique_ptr<authoring::Configuration> LoadConfiguration(const SourceOptions& options, Streams& streams);

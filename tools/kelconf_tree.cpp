@@ -111,13 +111,12 @@ int Run(const Options& options, Streams& streams) {
 
 }  // namespace
 
-void AddTree(CLI::App& program, Streams& streams, int& status) {
+void DescribeTree(Command command, Streams& streams) {
   const auto options = std::make_shared<Options>();
-  CLI::App* command = program.add_subcommand("tree", "the menus as text, each line with its type, OID and rules");
-  command->footer("Example: kelconf tree examples/small");
-  AddSourceOptions(*command, options->source);
-  AddFormatOption(*command, options->format);
-  command->callback([options, &streams, &status] { status = Run(*options, streams); });
+  command.Remarks("Example: kelconf tree examples/small");
+  AddSourceOptions(command, options->source);
+  AddFormatOption(command, options->format);
+  command.Do([options, &streams] { return Run(*options, streams); });
 }
 
 }  // namespace tools

@@ -56,16 +56,15 @@ int Run(const Options& options, Streams& streams) {
 
 }  // namespace
 
-void AddWhy(CLI::App& program, Streams& streams, int& status) {
+void DescribeWhy(Command command, Streams& streams) {
   const auto options = std::make_shared<Options>();
-  CLI::App* command = program.add_subcommand("why", "why this line looks as it does now, and what would change it");
-  command->footer(
+  command.Remarks(
       "ENTRY is a display name, an OID, a key path, or the keys to press (2-3-1).\n"
       "Example: kelconf why examples/small \"Light Time\"");
-  AddSourceOptions(*command, options->source);
-  command->add_option("ENTRY", options->entry, "the line that is meant")->required();
-  AddFormatOption(*command, options->format);
-  command->callback([options, &streams, &status] { status = Run(*options, streams); });
+  AddSourceOptions(command, options->source);
+  command.RequiredText("ENTRY", options->entry, "the line that is meant");
+  AddFormatOption(command, options->format);
+  command.Do([options, &streams] { return Run(*options, streams); });
 }
 
 }  // namespace tools

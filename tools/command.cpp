@@ -1,0 +1,65 @@
+#include "tools/command.h"
+
+#include <CLI/CLI.hpp>
+
+#include <utility>
+
+namespace tools {
+
+void Command::Text(const std::string& names, std::string& value, const std::string& help) {
+  app_.add_option(names, value, help);
+}
+
+void Command::RequiredText(const std::string& names, std::string& value, const std::string& help) {
+  app_.add_option(names, value, help)->required();
+}
+
+void Command::Texts(const std::string& names, std::vector<std::string>& values, const std::string& help) {
+  app_.add_option(names, values, help);
+}
+
+void Command::Flag(const std::string& name, bool& value, const std::string& help) { app_.add_flag(name, value, help); }
+
+void Command::Number(const std::string& name, std::size_t& value, std::size_t smallest, std::size_t largest,
+                     const std::string& help) {
+  app_.add_option(name, value, help)
+      ->check(CLI::Range(smallest, largest).description(""))
+      ->type_name(std::to_string(smallest) + "-" + std::to_string(largest));
+}
+
+void Command::Choice(const std::string& name, const std::vector<std::string>& choices,
+                     const std::function<void(const std::string& choice)>& take, const std::string& help) {
+  app_.add_option_function<std::string>(name, take, help)
+      ->check(CLI::IsMember(choices).description(""))
+      ->type_name(CLI::detail::join(choices, "|"));
+}
+
+void Command::Exclude(const std::string& name, const std::string& other) {
+  app_.get_option(name)->excludes(app_.get_option(other));
+}
+
+void Command::Remarks(const std::string& text) { app_.footer(text); }
+
+void Command::Do(std::function<int()> run) {
+  app_.callback([status = &status_, run = std::move(run)] { *status = run(); });
+}
+
+int RunCommandLine(const Program& program, const std::vector<std::string>& arguments, std::ostream& out,
+                   std::ostream& errors) {
+  CLI::App app(program.description, program.name);
+  app.require_subcommand(1);
+  app.set_version_flag("--version", program.version);
+  app.footer(program.remarks);
+  int status = kFine;
+  for (const CommandRow& row : program.commands) {
+    row.describe(Command(*app.add_subcommand(row.name, row.description), status));
+  }
+  try {
+    app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error, out, errors) == 0 ? kFine : kUnusable;
+  }
+  return status;
+}
+
+}  // namespace tools
