@@ -1,8 +1,10 @@
 #include "authoring/checks/check.h"
 
+#include "base/number.h"
 #include "base/utf8.h"
 
 #include <algorithm>
+#include <chrono>
 #include <numeric>
 
 namespace authoring {
@@ -94,6 +96,20 @@ const Check* FindCheck(std::string_view id) {
   const auto checks = Checks();
   const auto found = std::find_if(checks.begin(), checks.end(), [id](const Check& check) { return check.id == id; });
   return found == checks.end() ? nullptr : &*found;
+}
+
+bool IsDateOrTime(const Subject& subject, WideStringView digits) {
+  const std::int32_t number = base::ToLong(digits);
+  const WideStringView subType = subject.Get(Attribute::kSubType);
+  if (base::EqualsIgnoringCase(subType, u"Time")) {
+    return number >= 0 && number / 10000 < 24 && number / 100 % 100 < 60 && number % 100 < 60;
+  }
+  if (!base::EqualsIgnoringCase(subType, u"Date")) return true;
+  if (number <= 0) return false;
+  const std::chrono::year_month_day date{std::chrono::year(number / 10000),
+                                         std::chrono::month(static_cast<unsigned>(number / 100 % 100)),
+                                         std::chrono::day(static_cast<unsigned>(number % 100))};
+  return date.ok();
 }
 
 std::string Quoted(WideStringView text) {

@@ -68,6 +68,8 @@ const Check* FindCheck(std::string_view id);
 
 // --- for the sentences ---
 
+// Whether a number may be a value of a SubType: a day of the calendar, a time of the clock; of none, any is.
+bool IsDateOrTime(const Subject& subject, WideStringView digits);
 // In double quotes; a long text is cut.
 std::string Quoted(WideStringView text);
 // The name nearest to a misspelt one, if one is near enough.

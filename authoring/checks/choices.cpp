@@ -33,6 +33,9 @@ WideString KeyOf(const Subject& subject, const Entry& entry) {
 void ChoiceKeyTwice(const Subject& subject, Findings& findings) {
   std::unordered_map<WideString, WideStringView> known;
   for (const Entry& entry : EntriesOf(subject)) {
+    // What is no key at all has been said to be none.
+    const bool isNone = entry.key.empty() ? !HasPairs(subject) : subject.IsInteger() && !base::FindLong(entry.key);
+    if (isNone) continue;
     const auto [place, isNew] = known.emplace(KeyOf(subject, entry), entry.text);
     if (isNew) continue;
     findings.Add(subject, Attribute::kChoiceFmt,

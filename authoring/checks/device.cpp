@@ -1,6 +1,7 @@
 // Checks of the device's values against the configuration.
 #include "authoring/checks/lists.h"
 
+#include "authoring/checks/range_text.h"
 #include "base/number.h"
 #include "base/utf8.h"
 #include "values/attributes.h"
@@ -62,6 +63,25 @@ void DeviceValueMissing(const Subject& subject, Findings& findings) {
                "Give device.txt a line for it.");
 }
 
+void ProfileValueMissing(const Subject& subject, Findings& findings) {
+  const Survey& survey = subject.All();
+  if (!IsAsked(subject) || subject.Resolved(Attribute::kFillOid) != u"Profile") return;
+  const WideStringView oid = subject.Get(Attribute::kOid);
+  const std::size_t star = oid.find(u'*');
+  const auto* profiles = survey.WithOid(kActiveProfile);
+  if (star == WideStringView::npos || profiles == nullptr || !profiles->back()->HasChoiceList()) return;
+  const WideString* active = survey.DeviceText(kActiveProfile);
+  for (const auto& profile : profiles->back()->Choices().Entries()) {
+    WideString filled(oid);
+    filled.replace(star, 1, profile.key);
+    if ((active != nullptr && profile.key == *active) || survey.Source().Terminal().device.contains(filled)) continue;
+    findings.Add(subject, Attribute::kOid,
+                 "The device has no " + Quoted(filled) + ": once the profile " + Quoted(profile.text) +
+                     " is chosen, there is no such property.",
+                 "Give device.txt a line for it, or take the profile out of the choices.");
+  }
+}
+
 void DeviceTypeDiffers(const Subject& subject, Findings& findings) {
   if (!IsAsked(subject)) return;
   const DeviceEntry* entry = subject.All().DeviceEntryOf(subject);
@@ -73,7 +93,7 @@ void DeviceTypeDiffers(const Subject& subject, Findings& findings) {
 }
 
 void DeviceValueNoChoice(const Subject& subject, Findings& findings) {
-  if (!subject.Has(Attribute::kChoiceFmt) || subject.ChoiceText() == values::kUnresolved) return;
+  if (!subject.HasChoiceList()) return;
   const auto value = ValueOf(subject);
   if (!value || value->empty() || subject.IsChoice(*value)) return;
   findings.Add(subject, OidAttribute(subject),
@@ -85,7 +105,11 @@ void DeviceValueNoChoice(const Subject& subject, Findings& findings) {
 void DeviceValueOutOfRange(const Subject& subject, Findings& findings) {
   const WideString& range = subject.Resolved(Attribute::kRange);
   const auto value = ValueOf(subject);
-  if (range == values::kUnresolved || !value || value->empty() || values::InRange(base::ToLong(*value), range)) return;
+  const auto parts = PartsOfRange(range);
+  const bool isEmpty = std::none_of(parts.begin(), parts.end(), [](const RangePart& p) { return p.low <= p.high; });
+  if (range == values::kUnresolved || isEmpty || !value || value->empty() ||
+      values::InRange(base::ToLong(*value), range))
+    return;
   findings.Add(
       subject, OidAttribute(subject),
       "The device's value" + Said(subject, *value) + InFile(subject) + " lies outside the Range " + Quoted(range) + ".",
@@ -103,6 +127,11 @@ void DeviceValueNoValue(const Subject& subject, Findings& findings) {
     findings.Add(subject, OidAttribute(subject),
                  "The device's value" + Said(subject, *value) + InFile(subject) + " is no number.",
                  "Change the value, or the Type.");
+  } else if (isNumber && !IsDateOrTime(subject, *value)) {
+    findings.Add(subject, OidAttribute(subject),
+                 "The device's value" + Said(subject, *value) + InFile(subject) + " is no " +
+                     base::ToUtf8(subject.Get(Attribute::kSubType)) + ": the editor opens with another one.",
+                 "Write a date like 20240315, or a time like 93000.");
   } else if (type == values::TypeCode::kIpAddress && !isAddress) {
     findings.Add(subject, OidAttribute(subject),
                  "The device's value" + Said(subject, *value) + InFile(subject) +

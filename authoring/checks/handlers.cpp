@@ -18,6 +18,7 @@ constexpr std::array<WideStringView, 6> kFunctions = {
     u"Summary", u"StoreConfig", u"RestoreDefaults", u"ApplyNetworkSettings", u"WEP_Properties", u"ImportCertificates"};
 constexpr WideStringView kRebind = u"Rebind:";
 constexpr WideStringView kIfChanges = u"IfChanges:";
+constexpr WideStringView kFlagChanges = u"FlagChanges";
 constexpr WideStringView kApply = u"ApplyNetworkSettings";
 
 template <std::size_t count>
@@ -100,6 +101,35 @@ void HandlerOidUnknown(const Subject& subject, Findings& findings) {
     findings.Add(subject, attribute, "The device has no " + Quoted(triple->oid) + ": setting it fails with a message.",
                  "Give device.txt a line for it, or write another OID.");
   });
+}
+
+void ChangesNotMarked(const Subject& subject, Findings& findings) {
+  if (!subject.IsMenu()) return;
+  const auto commands = subject.ExitCommands();
+  const auto asks = [](WideStringView command) { return command.starts_with(kIfChanges); };
+  const auto asking = std::find_if(commands.begin(), commands.end(), asks);
+  if (asking == commands.end()) return;
+  const auto marks = [](const Subject& line) {
+    const auto handlers = line.ExitCommands();
+    return std::find(handlers.begin(), handlers.end(), kFlagChanges) != handlers.end();
+  };
+  const auto& lines = subject.MenuEntry().children;
+  const Survey& all = subject.All();
+  if (std::none_of(lines.begin(), lines.end(), [&](const Entry* line) { return marks(all.Of(*line)); })) {
+    const auto number = static_cast<int>(asking - commands.begin());
+    findings.Add(subject, NumberedName(Attribute::kOnExit, number),
+                 "No line of this menu has FlagChanges: leaving it never does this.",
+                 "Give the properties whose change matters _OnExit FlagChanges.");
+    return;
+  }
+  for (const Entry* entry : lines) {
+    const Subject& line = all.Of(*entry);
+    if (line.IsMenu() || !line.IsEditable() || marks(line)) continue;
+    findings.Add(line,
+                 "An edit of it is not marked as those of its neighbours are: leaving the menu does not do " +
+                     Quoted(*asking) + " for it.",
+                 "Give it _OnExit FlagChanges.");
+  }
 }
 
 void FunctionUnknown(const Subject& subject, Findings& findings) {

@@ -33,6 +33,19 @@ bool IsTypedNumber(const Subject& subject) {
 
 bool IsDigits(WideStringView text) { return !text.empty() && std::all_of(text.begin(), text.end(), base::IsDigit); }
 
+// A range without any number has been said to be one, and everything lies outside it.
+bool HoldsNumbers(WideStringView range) {
+  const auto parts = PartsOfRange(range);
+  return std::any_of(parts.begin(), parts.end(), [](const RangePart& p) { return p.low <= p.high; });
+}
+
+// A name, an address or a key is the terminal's own; a setting of known values has one that it left the factory with.
+bool IsOneOfFew(const Subject& subject) {
+  if (subject.Has(Attribute::kCmdString)) return true;
+  if (!subject.IsEditable()) return false;
+  return HasChoices(subject) || !RangeOf(subject).empty() || subject.Type() == TypeCode::kBool;
+}
+
 // What restoring sends of it; nothing for a field.
 WideStringView DefaultOf(const Subject& subject) {
   const bool isSent = subject.Has(Attribute::kOid) && !subject.Has(Attribute::kCmdString);
@@ -52,6 +65,7 @@ void RangeMalformed(const Subject& subject, Findings& findings) {
 }
 
 void RangeReversed(const Subject& subject, Findings& findings) {
+  if (!HoldsNumbers(RangeOf(subject))) return;
   for (const RangePart& part : PartsOfRange(RangeOf(subject))) {
     if (!part.wellFormed || part.low <= part.high) continue;
     findings.Add(subject, Attribute::kRange,
@@ -63,12 +77,21 @@ void RangeReversed(const Subject& subject, Findings& findings) {
 
 void RangeEmpty(const Subject& subject, Findings& findings) {
   const WideStringView range = RangeOf(subject);
-  if (range.empty()) return;
-  const auto parts = PartsOfRange(range);
-  const bool holdsSome = std::any_of(parts.begin(), parts.end(), [](const RangePart& p) { return p.low <= p.high; });
-  if (holdsSome) return;
+  if (range.empty() || HoldsNumbers(range)) return;
   findings.Add(subject, Attribute::kRange, "No number lies in the Range " + Quoted(range) + ": no value can be saved.",
-               "Give it a number.");
+               "Write the lower number first.");
+}
+
+void RangeBelowZero(const Subject& subject, Findings& findings) {
+  if (!IsTypedNumber(subject)) return;
+  for (const RangePart& part : PartsOfRange(RangeOf(subject))) {
+    if (!part.wellFormed || part.low >= 0) continue;
+    findings.Add(subject, Attribute::kRange,
+                 "The numbers from " + std::to_string(part.low) +
+                     " up to 0 cannot be entered: the field takes digits and no minus.",
+                 "Begin at 0, or make them choices of an Octet String, such as -5#-5.");
+    return;
+  }
 }
 
 void RangeOnText(const Subject& subject, Findings& findings) {
@@ -117,6 +140,11 @@ void DefaultNotAValue(const Subject& subject, Findings& findings) {
   if (isNumber && !HasChoices(subject) && !IsDigits(text)) {
     findings.Add(subject, Attribute::kDefVal,
                  "The DefVal " + Quoted(text) + " is no number; restoring sends it as it stands.", "Write a number.");
+  } else if (isNumber && !IsDateOrTime(subject, text)) {
+    findings.Add(subject, Attribute::kDefVal,
+                 "The DefVal " + Quoted(text) + " is no " + base::ToUtf8(subject.Get(Attribute::kSubType)) +
+                     ": the editor opens with another one.",
+                 "Write a date like 20240315, or a time like 93000.");
   } else if (type == TypeCode::kBool && !HasChoices(subject) && text != u"0" && text != u"1") {
     findings.Add(subject, Attribute::kDefVal, "A Bool is 1 or 0; restoring sends " + Quoted(text) + ".",
                  "Write 1 or 0.");
@@ -140,7 +168,7 @@ void DefaultNotAValue(const Subject& subject, Findings& findings) {
 
 void DefaultNotAChoice(const Subject& subject, Findings& findings) {
   const WideStringView text = DefaultOf(subject);
-  if (text.empty() || !HasChoices(subject) || subject.IsChoice(text)) return;
+  if (text.empty() || !subject.HasChoiceList() || subject.IsChoice(text)) return;
   findings.Add(subject, Attribute::kDefVal,
                "The DefVal " + Quoted(text) + " is none of the choices; the line then shows it as it is.",
                "Write the key of a choice.");
@@ -149,7 +177,7 @@ void DefaultNotAChoice(const Subject& subject, Findings& findings) {
 void DefaultOutOfRange(const Subject& subject, Findings& findings) {
   const WideStringView text = DefaultOf(subject);
   const WideStringView range = RangeOf(subject);
-  if (text.empty() || range.empty() || values::InRange(base::ToLong(text), range)) return;
+  if (text.empty() || !HoldsNumbers(range) || values::InRange(base::ToLong(text), range)) return;
   findings.Add(subject, Attribute::kDefVal,
                "The DefVal " + Quoted(text) + " lies outside the Range " + Quoted(range) +
                    ": restoring sends what nobody could save.",
@@ -162,6 +190,7 @@ void DefaultTooLong(const Subject& subject, Findings& findings) {
   if (text.size() <= most || most == 0 || HasChoices(subject) || !subject.IsEditable()) return;
   const auto type = subject.Type();
   if (type == TypeCode::kIpAddress || type == TypeCode::kBool || subject.Has(Attribute::kSubType)) return;
+  if (const WideStringView range = RangeOf(subject); !range.empty() && !HoldsNumbers(range)) return;
   findings.Add(subject, Attribute::kDefVal,
                "The DefVal has " + std::to_string(text.size()) + " characters, of which only " + std::to_string(most) +
                    " can be typed.",
@@ -176,8 +205,7 @@ void DefaultMissing(const Survey& survey, Findings& findings) {
   if (!restores) return;
   for (const Subject& subject : subjects) {
     if (!subject.Has(Attribute::kOid) || subject.Has(Attribute::kDefVal) || subject.IsField()) continue;
-    const bool isCommand = subject.Has(Attribute::kCmdString);
-    if (!subject.IsEditable() && !isCommand) continue;
+    if (!IsOneOfFew(subject)) continue;
     const DeviceEntry* value = survey.DeviceEntryOf(subject);
     // Nobody can set what the device refuses.
     if (value != nullptr && (value->line.options.readOnly || value->line.options.set)) continue;

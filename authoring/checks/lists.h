@@ -56,6 +56,7 @@ void SymbolMissing(const Subject& subject, Findings& findings);
 void RangeMalformed(const Subject& subject, Findings& findings);
 void RangeReversed(const Subject& subject, Findings& findings);
 void RangeEmpty(const Subject& subject, Findings& findings);
+void RangeBelowZero(const Subject& subject, Findings& findings);
 void RangeOnText(const Subject& subject, Findings& findings);
 void MaskExcludesRange(const Subject& subject, Findings& findings);
 void DefaultOfField(const Subject& subject, Findings& findings);
@@ -92,6 +93,9 @@ void FlagUnknown(const Subject& subject, Findings& findings);
 void RuleOidUnknown(const Subject& subject, Findings& findings);
 void RuleNameUnknown(const Subject& subject, Findings& findings);
 void RuleNameTwice(const Subject& subject, Findings& findings);
+void EmptyInCondition(const Subject& subject, Findings& findings);
+void CheckMarkOverName(const Subject& subject, Findings& findings);
+void ChoiceOfRuleUnlisted(const Subject& subject, Findings& findings);
 void FallbackNotAChoice(const Subject& subject, Findings& findings);
 void FallbackNameShared(const Subject& subject, Findings& findings);
 void ChoicesOfNoProperty(const Subject& subject, Findings& findings);
@@ -101,11 +105,13 @@ void HandlerUnknown(const Subject& subject, Findings& findings);
 void HandlerNothingHere(const Subject& subject, Findings& findings);
 void HandlerTripleBroken(const Subject& subject, Findings& findings);
 void HandlerOidUnknown(const Subject& subject, Findings& findings);
+void ChangesNotMarked(const Subject& subject, Findings& findings);
 void FunctionUnknown(const Subject& subject, Findings& findings);
 void ImportWithoutOid(const Subject& subject, Findings& findings);
 
 // device.cpp
 void DeviceValueMissing(const Subject& subject, Findings& findings);
+void ProfileValueMissing(const Subject& subject, Findings& findings);
 void DeviceTypeDiffers(const Subject& subject, Findings& findings);
 void DeviceValueNoChoice(const Subject& subject, Findings& findings);
 void DeviceValueOutOfRange(const Subject& subject, Findings& findings);
@@ -121,6 +127,7 @@ void ChoiceTooWide(const Subject& subject, Findings& findings);
 // wireless.cpp
 void WirelessSettingMissing(const Survey& survey, Findings& findings);
 void WirelessKeyType(const Survey& survey, Findings& findings);
+void WirelessChoiceReplaced(const Survey& survey, Findings& findings);
 void WirelessNotVerified(const Survey& survey, Findings& findings);
 
 }  // namespace authoring::checks

@@ -1,6 +1,7 @@
 #include "authoring/checks/proofs.h"
 
 #include "authoring/checks/rule_cases.h"
+#include "authoring/checks/way_back.h"
 #include "base/utf8.h"
 #include "rules/operands.h"
 
@@ -113,20 +114,33 @@ class Prover {
     if (!IsDecidable(subject, cases, "its rules")) return;
     std::vector<RuleOutcomes> outcomes(subject.Rules().size());
     bool everShown = false;
+    WayBack wayBack(subject, cases);
     cases.ForEach([&] {
       Run(*item, subject);
       const DisplayState state = item->State();
-      everShown = everShown || (state != DisplayState::kNotDisplayed && state != DisplayState::kBlank);
+      const bool isShown = state != DisplayState::kNotDisplayed && state != DisplayState::kBlank;
+      everShown = everShown || isShown;
+      wayBack.Note(isShown);
       if (IsHidden(state)) canHide_[&subject] = true;
       Note(outcomes);
       return true;
     });
-    ReportRules(subject, outcomes, cases);
-    if (everShown) return;
+    const bool isSlip = ReportRules(subject, outcomes, cases) || ReadsNothing(subject);
+    if (everShown) {
+      Begin("no-way-back");
+      for (const std::string& sentence : wayBack.Traps()) {
+        findings_.Add(subject, Attribute::kDependency, sentence, "Let another setting decide, or lock it by NoEdit.");
+      }
+      return;
+    }
+    if (isSlip) return;  // it is hidden because of what has been said
+    const std::size_t count = cases.Count(kMostCases);
     Begin("line-never-shown");
     findings_.Add(subject, Attribute::kDependency,
-                  "In none of the " + std::to_string(cases.Count(kMostCases)) +
-                      " cases of the values that its rules read is the line shown" + ValuesOf(cases) + ".",
+                  (count == 1 ? "Its rules hide the line, whatever the values are"
+                              : "In none of the " + std::to_string(count) +
+                                    " cases of the values that its rules read is the line shown") +
+                      ValuesOf(cases) + ".",
                   "Mend its rules, or leave the entry out.");
   }
 
@@ -249,12 +263,27 @@ class Prover {
     }
   }
 
-  void ReportRules(const Subject& subject, const std::vector<RuleOutcomes>& outcomes, const RuleCases& cases) {
+  // A rule that names what is not there has been reported as such.
+  bool ReadsNothing(const Subject& subject) const {
+    return std::any_of(subject.Rules().begin(), subject.Rules().end(), [&](const RuleText& rule) {
+      return std::any_of(rule.comparisons.begin(), rule.comparisons.end(), [&](const RuleComparison& comparison) {
+        if (rule.form == RuleText::Form::kCondition) return survey_.WithName(comparison.name) == nullptr;
+        const WideString oid = rules::Operands::OidOfName(comparison.name, &subject.Key());
+        return !oid.empty() && survey_.WithOid(oid.substr(0, oid.find(u':'))) == nullptr &&
+               survey_.DeviceText(oid) == nullptr;
+      });
+    });
+  }
+
+  // True: a comparison was found that never changes.
+  bool ReportRules(const Subject& subject, const std::vector<RuleOutcomes>& outcomes, const RuleCases& cases) {
+    bool found = false;
     for (std::size_t i = 0; i < outcomes.size(); ++i) {
       const RuleText& rule = subject.Rules()[i];
       if (!Runs(rule)) continue;
       const WideString attribute = NumberedName(Attribute::kDependency, rule.number);
       const bool constant = ReportComparisons(subject, rule, outcomes[i], cases);
+      found = found || constant;
       if (constant || outcomes[i].matters || !outcomes[i].setsState || HasVerdict(rule)) continue;
       if (!outcomes[i].everLast) {
         Begin("rule-overridden");
@@ -267,6 +296,7 @@ class Prover {
                       "Leave it out, or give it an ELSE.");
       }
     }
+    return found;
   }
 
   // True: one of them never changes, which is all that is to be said of the rule.

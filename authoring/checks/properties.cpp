@@ -113,7 +113,7 @@ void ProfileMissing(const Subject& subject, Findings& findings) {
   const Survey& survey = subject.All();
   if (!survey.Source().Terminal().hasDevice || subject.Resolved(Attribute::kFillOid) != u"Profile") return;
   if (subject.Get(Attribute::kOid).find(u'*') == WideStringView::npos) return;
-  if (survey.DeviceText(u"cfg|80211PM|ActiveProfile") != nullptr) return;
+  if (survey.DeviceText(kActiveProfile) != nullptr) return;
   findings.Add(subject, Attribute::kFillOid,
                "The device does not give cfg|80211PM|ActiveProfile, so the \"*\" becomes an empty text.",
                "Give device.txt a line for cfg|80211PM|ActiveProfile.");

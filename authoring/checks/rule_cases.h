@@ -39,6 +39,8 @@ class RuleCases {
 
   // Gives all variables the values of each case in turn, until visit() answers false.
   void ForEach(const std::function<bool()>& visit);
+  // The number of the variable's value in the present case.
+  std::size_t Present(std::size_t variable) const { return present_[variable]; }
   // The present case in words: "Light = 0, Mode = any other value".
   std::string Said() const;
 

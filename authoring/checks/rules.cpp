@@ -168,6 +168,56 @@ void RuleNameTwice(const Subject& subject, Findings& findings) {
   });
 }
 
+void EmptyInCondition(const Subject& subject, Findings& findings) {
+  ForEachRule(subject, RuleText::Form::kCondition, [&](const RuleText& rule, const WideString& attribute) {
+    for (const RuleComparison& comparison : rule.comparisons) {
+      if (!base::EqualsIgnoringCase(comparison.wanted, u"Empty")) continue;
+      findings.Add(subject, attribute, PlaceOf(rule, comparison.wanted),
+                   "A condition compares with the word \"" + base::ToUtf8(comparison.wanted) +
+                       "\"; only in a flag rule does it stand for no value.",
+                   "Compare with \"\", or write a flag rule.");
+    }
+  });
+}
+
+void CheckMarkOverName(const Subject& subject, Findings& findings) {
+  const WideString name = subject.All().Source().Symbols().TextOf(subject.Get(Attribute::kDisplayName));
+  if (name.empty() || name.front() == u' ') return;
+  for (const RuleText& rule : subject.Rules()) {
+    for (const WideString* action : {&rule.flag, &rule.thenAction, &rule.elseAction}) {
+      const bool isMark =
+          base::EqualsIgnoringCase(*action, u"CheckMark") || base::EqualsIgnoringCase(*action, u"UnCheckMark");
+      if (!isMark || rule.form == RuleText::Form::kMalformed) continue;
+      findings.Add(subject, NumberedName(Attribute::kDependency, rule.number), PlaceOf(rule, *action),
+                   "The check mark takes the place of the first character of " + Quoted(name) + ".",
+                   "Begin the DisplayName with a blank.");
+      return;
+    }
+  }
+}
+
+void ChoiceOfRuleUnlisted(const Subject& subject, Findings& findings) {
+  if (!subject.IsProperty() || !subject.HasChoiceList()) return;
+  ForEachRule(subject, RuleText::Form::kCondition, [&](const RuleText& rule, const WideString& attribute) {
+    for (const WideString* action : {&rule.thenAction, &rule.elseAction}) {
+      const auto narrowed = ChoicesOf(*action);
+      const auto otherwise = ChoicesOf(action == &rule.thenAction ? rule.elseAction : rule.thenAction);
+      // A fallback of the other branch replaces what is none of its choices.
+      if (!narrowed || (otherwise && otherwise->fallback)) continue;
+      const WideString list = subject.All().Source().Symbols().TextOf(narrowed->choices);
+      const values::ChoiceFormat choices(list, values::KeyMode::kText);
+      for (const auto& choice : choices.Entries()) {
+        if (subject.IsChoice(choice.key)) continue;
+        findings.Add(subject, attribute, PlaceOf(rule, *action),
+                     "The choice " + Quoted(choice.text) + " has the key " + Quoted(choice.key) +
+                         ", which the ChoiceFmt of the property lacks: when the rule no longer holds, its line shows " +
+                         Quoted(choice.key) + ".",
+                     "Write the key that ChoiceFmt has for it, or add the choice there.");
+      }
+    }
+  });
+}
+
 void FallbackNotAChoice(const Subject& subject, Findings& findings) {
   ForEachAction(subject, [&](const RuleText& rule, const WideString& attribute, const WideString& action) {
     const auto narrowed = ChoicesOf(action);

@@ -61,6 +61,11 @@ const values::ChoiceFormat& Subject::Choices() const {
   return *choices;
 }
 
+bool Subject::HasChoiceList() const {
+  if (!Has(Attribute::kChoiceFmt) || ChoiceText() == values::kUnresolved) return false;
+  return ChoiceText().find(u'#') != WideString::npos;
+}
+
 bool Subject::IsChoice(WideStringView value) const {
   values::PropertyValue parsed;
   values::ParseValueAs(Get(Attribute::kType), value, parsed);

@@ -49,6 +49,8 @@ class Subject {
   // The choice list through tables and symbols.
   const WideString& ChoiceText() const;
   const values::ChoiceFormat& Choices() const;
+  // A list of choices is there and can be read, so that a value may be one of them or not.
+  bool HasChoiceList() const;
   bool IsChoice(WideStringView value) const;
   // Of a command, its columns; null for others.
   const values::FieldWidthList* Layout() const;

@@ -29,7 +29,7 @@ WideString Survey::DeviceOid(const Subject& property) const {
   WideString oid(property.Get(Attribute::kOid));
   const std::size_t star = oid.find(u'*');
   if (star == WideString::npos || property.Resolved(Attribute::kFillOid) != u"Profile") return oid;
-  const WideString* profile = DeviceText(u"cfg|80211PM|ActiveProfile");
+  const WideString* profile = DeviceText(kActiveProfile);
   return oid.replace(star, 1, profile == nullptr ? WideString() : *profile);
 }
 

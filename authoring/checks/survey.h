@@ -11,6 +11,9 @@
 
 namespace authoring {
 
+// The profile that the "*" of an OID stands for.
+inline constexpr WideStringView kActiveProfile = u"cfg|80211PM|ActiveProfile";
+
 class Survey {
  public:
   // The configuration has a tree, lives longer, and its terminal is in force as long as this lives.

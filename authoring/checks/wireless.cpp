@@ -5,6 +5,7 @@
 #include "rules/wireless_couplings.h"
 
 #include <algorithm>
+#include <map>
 
 namespace authoring::checks {
 namespace {
@@ -25,6 +26,26 @@ bool NamesVerify(const Subject& subject) {
   if (base::EqualsIgnoringCase(subject.Get(Attribute::kOnEnter), kVerify)) return true;
   const auto commands = subject.ExitCommands();
   return std::find(commands.begin(), commands.end(), kVerify) != commands.end();
+}
+
+// What VerifyNetUI lets people choose of a setting, in whatever state; empty for a setting that it leaves alone.
+std::map<WideString, WideString> OfferedChoices(WideStringView oid) {
+  using namespace rules::wireless;
+  std::map<WideString, WideString> offered;
+  const auto add = [&offered](WideStringView list) {
+    const values::ChoiceFormat choices(list, values::KeyMode::kText);
+    for (const auto& choice : choices.Entries()) offered.emplace(choice.key, choice.text);
+  };
+  const auto addAll = [&add](const auto& rows) {
+    for (const auto& row : rows) add(row.choices);
+  };
+  if (oid == kAuthentication) addAll(AuthenticationCouplings());
+  if (oid == kEncryption) addAll(EncryptionCouplings());
+  if (oid == kMethod8021X) addAll(Method8021XCouplings());
+  if (oid == kKeySetting) {
+    for (const auto& row : KeyCouplings()) add(row.settingChoices);
+  }
+  return offered;
 }
 
 bool IsWirelessProperty(const Subject& subject) {
@@ -61,6 +82,23 @@ void WirelessKeyType(const Survey& survey, Findings& findings) {
         *key,
         "VerifyNetUI makes this property a Hex or a Hex32, whatever its Type; without WEP no pre-shared key is taken.",
         "Make its Type Hex and give it WEP with the text that its line is to show.");
+  }
+}
+
+void WirelessChoiceReplaced(const Survey& survey, Findings& findings) {
+  if (std::none_of(survey.Subjects().begin(), survey.Subjects().end(), NamesVerify)) return;
+  for (const Subject& subject : survey.Subjects()) {
+    const auto offered = OfferedChoices(subject.Oid());
+    if (offered.empty() || !subject.HasChoiceList()) continue;
+    for (const auto& choice : subject.Choices().Entries()) {
+      const auto same = offered.find(choice.key);
+      if (same != offered.end() && same->second == choice.text) continue;
+      findings.Add(subject, Attribute::kChoiceFmt,
+                   "VerifyNetUI gives this property choices of its own" +
+                       (same == offered.end() ? ", and " + Quoted(choice.text) + " is none of them."
+                                              : ": " + Quoted(choice.text) + " reads " + Quoted(same->second) + "."),
+                   "Write the choices as VerifyNetUI has them.");
+    }
   }
 }
 

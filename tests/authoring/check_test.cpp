@@ -36,8 +36,8 @@ std::vector<std::string> Found(const StorageFolder& folder) {
 
 using Lines = std::vector<std::string>;
 
-TEST(Check, TheDemonstrationAndTheSmallExampleHaveNoSlips) {
-  for (const auto& root : {tests::kDemonstration, tests::kSmallExample}) {
+TEST(Check, TheExamplesHaveNoSlips) {
+  for (const auto& root : {tests::kDemonstration, tests::kSmallExample, tests::kForklift}) {
     EXPECT_EQ("", Said(CheckConfiguration(*authoring::Configuration::Load(root).configuration)));
   }
 }
@@ -224,6 +224,66 @@ std::vector<Finding> Some() {
       "<GROUP name=\"A\"><DisplayName>A</DisplayName><OID>1.1</OID><Type>Integr</Type></GROUP>\n"
       "<GROUP name=\"B\"><DisplayName>B</DisplayName></GROUP>");
   return CheckConfiguration(*folder.Load());
+}
+
+std::string IdsOf(const std::string& attributes, const std::string& more = "") {
+  StorageFolder folder;
+  folder.WriteMenu("<GROUP name=\"A\"><DisplayName>A</DisplayName><OID>1.1</OID>" + attributes + "</GROUP>" + more);
+  std::string ids;
+  for (const Finding& finding : CheckConfiguration(*folder.Load())) ids += std::string(finding.id) + " ";
+  return ids;
+}
+
+TEST(Check, ADateIsADayOfTheCalendarAndATimeOneOfTheClock) {
+  const struct {
+    const char* subType;
+    const char* value;
+    bool good;
+  } cases[] = {{"Date", "20240229", true}, {"Date", "20230229", false}, {"Date", "20241301", false},
+               {"Date", "0", false},       {"Time", "0", true},         {"Time", "235959", true},
+               {"Time", "240000", false},  {"Time", "96000", false},    {"Time", "60", false}};
+  for (const auto& one : cases) {
+    const std::string subType = std::string("<Type>Integer</Type><SubType>") + one.subType + "</SubType>";
+    EXPECT_EQ(one.good ? "" : "default-not-a-value ", IdsOf(subType + "<DefVal>" + one.value + "</DefVal>"))
+        << one.subType << " " << one.value;
+    StorageFolder folder;
+    folder.WriteMenu("<GROUP name=\"A\"><DisplayName>A</DisplayName><OID>1.1</OID>" + subType + "</GROUP>")
+        .Write("device.txt", std::string("1.1\tInteger\t") + one.value + "\n");
+    EXPECT_EQ(one.good ? 0u : 1u, CheckConfiguration(*folder.Load()).size()) << one.subType << " " << one.value;
+  }
+}
+
+TEST(Check, WhatIsTheTerminalsOwnWantsNoDefault) {
+  const std::string restore =
+      "<GROUP name=\"R\"><DisplayName>R</DisplayName><Function>RestoreDefaults</Function></GROUP>";
+  EXPECT_EQ("default-missing ", IdsOf("<Type>Bool</Type>", restore));
+  EXPECT_EQ("default-missing ", IdsOf("<Type>Integer</Type><Range>1-9</Range>", restore));
+  EXPECT_EQ("default-missing ", IdsOf("<Type>Octet String</Type><ChoiceFmt>a#A|b#B</ChoiceFmt>", restore));
+  EXPECT_EQ("", IdsOf("<Type>Octet String</Type><MaxChars>9</MaxChars>", restore));
+  EXPECT_EQ("", IdsOf("<Type>IP Address</Type>", restore));
+  EXPECT_EQ("", IdsOf("<Type>Password</Type>", restore));
+}
+
+TEST(Check, OneSlipIsSaidOnce) {
+  // No number lies in the range, so everything lies outside; without its symbol a list has no choices at all.
+  EXPECT_EQ("range-empty ", IdsOf("<Type>Integer</Type><Range>60-5</Range><DefVal>30</DefVal>"));
+  EXPECT_EQ("symbol-missing ", IdsOf("<Type>Integer</Type><ChoiceFmt>FMT_NONE</ChoiceFmt><DefVal>1</DefVal>"));
+  EXPECT_EQ("choice-key-no-number choice-key-no-number ",
+            IdsOf("<Type>Integer</Type><ChoiceFmt>N#No|Y#Yes</ChoiceFmt>"));
+  EXPECT_EQ("comparison-never-true ",
+            IdsOf("<Type>Bool</Type>",
+                  "<GROUP name=\"B\"><DisplayName>B</DisplayName><OID>1.2</OID><Type>Bool</Type>"
+                  "<Dependency>IF A EQ Yes THEN Display ELSE NoDisplay</Dependency></GROUP>"));
+}
+
+TEST(Check, ASettingMayHideItselfWhereAnotherOneBringsItBack) {
+  const std::string self = "<Type>Bool</Type><Dependency>IF A EQ 0 THEN NoDisplay</Dependency>";
+  const auto other = [](const std::string& more) {
+    return "<GROUP name=\"B\"><DisplayName>B</DisplayName><OID>1.2</OID><Type>Bool</Type>" + more + "</GROUP>";
+  };
+  EXPECT_EQ("no-way-back ", IdsOf(self, other("")));
+  EXPECT_EQ("", IdsOf(self + "<Dependency1>IF B EQ 1 THEN Display</Dependency1>", other("")));
+  EXPECT_EQ("", IdsOf(self + "<Security>1</Security>", other("")));
 }
 
 TEST(FindingFormats, TextIsAsCompilersPrintIt) {

@@ -18,6 +18,7 @@ namespace tests {
 
 inline const std::filesystem::path kDemonstration = std::filesystem::path(KEL_EXAMPLES) / "terminal";
 inline const std::filesystem::path kSmallExample = std::filesystem::path(KEL_EXAMPLES) / "small";
+inline const std::filesystem::path kForklift = std::filesystem::path(KEL_EXAMPLES) / "forklift";
 
 class StorageFolder {
  public:
