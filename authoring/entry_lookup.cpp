@@ -31,7 +31,7 @@ bool AreKeys(WideStringView text) {
 WideString PathOf(const MenuItem& item) {
   WideString path;
   for (const MenuItem* at = &item; at->Parent() != nullptr; at = at->Parent()) {
-    path = path.empty() ? at->Name() : at->Name() + u"\\" + path;
+    path = path.empty() ? WideString(at->Name()) : WideString(at->Name()) + u"\\" + path;
   }
   return path;
 }

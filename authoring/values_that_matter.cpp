@@ -127,8 +127,9 @@ std::vector<Lever> LeversOf(const Trial& trial, const std::vector<SeenRule>& rul
   for (const WideStringView oid : settings) {
     const auto* property = wireless ? trial.Model().FindDescriptor(oid) : nullptr;
     if (property == nullptr) continue;
-    maker.Add(
-        {property->DisplayName(), WideString(oid), property->GetValue().AsText(), rules::OperandOrigin::kProperty}, {});
+    maker.Add({WideString(property->DisplayName()), WideString(oid), property->GetValue().AsText(),
+               rules::OperandOrigin::kProperty},
+              {});
   }
   return std::move(maker).Take();
 }

@@ -6,19 +6,16 @@
 
 namespace model {
 
-MenuItem::MenuItem(MenuItem* parent, WideString name, WideString displayName, WideString title)
-    : parent_(parent),
-      name_(std::move(name)),
-      displayName_(std::move(displayName)),
-      title_(std::move(title)),
-      text_(title_) {}
+MenuItem::MenuItem(MenuItem* parent, WideStringView name, WideStringView displayName, WideStringView title)
+    : parent_(parent), name_(name), displayName_(displayName), title_(title) {}
 
-void MenuItem::Rename(WideString name, WideString displayName, WideString title) {
-  name_ = std::move(name);
-  displayName_ = std::move(displayName);
-  title_ = std::move(title);
-  text_ = title_;
+void MenuItem::Rename(WideStringView name, WideStringView displayName, WideStringView title) {
+  name_ = name;
+  displayName_ = displayName;
+  title_ = title;
+  wholeLine_.reset();
   suffix_.clear();
+  mark_.reset();
 }
 
 MenuItem::~MenuItem() { RemoveChildren(); }
@@ -26,13 +23,13 @@ MenuItem::~MenuItem() { RemoveChildren(); }
 WideString MenuItem::Path() const {
   std::vector<const MenuItem*> way{this};
   while (way.back()->parent_ != nullptr && !IsAbsoluteName(way.back()->name_)) way.push_back(way.back()->parent_);
-  WideString path = way.back()->name_;
+  WideString path(way.back()->name_);
   std::for_each(way.rbegin() + 1, way.rend(), [&](const MenuItem* item) { path.append(u"\\").append(item->name_); });
   return path;
 }
 
-MenuItem& MenuItem::AddChild(WideString name, WideString displayName, WideString title) {
-  children_.push_back(std::make_unique<MenuItem>(this, std::move(name), std::move(displayName), std::move(title)));
+MenuItem& MenuItem::AddChild(WideStringView name, WideStringView displayName, WideStringView title) {
+  children_.push_back(std::make_unique<MenuItem>(this, name, displayName, title));
   return *children_.back();
 }
 
@@ -50,24 +47,25 @@ void MenuItem::RemoveChildren() {
   }
 }
 
+WideString MenuItem::LineText() const {
+  WideString line(wholeLine_ ? WideStringView(*wholeLine_) : title_.substr(0, kLongestLine));
+  if (mark_) line.replace(0, 1, 1, *mark_);
+  return line.append(suffix_, 0, kLongestLine - line.size());
+}
+
 void MenuItem::SetLineText(WideString text) {
-  text_ = std::move(text);
+  text.resize(std::min(text.size(), kLongestLine));
+  wholeLine_ = std::move(text);
   suffix_.clear();
-  textIsWholeLine_ = true;
+  mark_.reset();
 }
 
 void MenuItem::SetSuffix(WideString suffix) {
-  if (textIsWholeLine_) text_ = title_;
-  textIsWholeLine_ = false;
+  if (wholeLine_) mark_.reset();
+  wholeLine_.reset();
+  suffix.resize(std::min(suffix.size(), kLongestLine));
+  suffix.shrink_to_fit();
   suffix_ = std::move(suffix);
-}
-
-void MenuItem::SetFirstColumn(char16_t mark) {
-  if (text_.empty()) {
-    text_.push_back(mark);
-  } else {
-    text_.front() = mark;
-  }
 }
 
 void MenuItem::SetState(DisplayState state) {

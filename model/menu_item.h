@@ -4,7 +4,9 @@
 #include "base/wide_string.h"
 #include "values/property_line.h"
 
+#include <cstddef>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace values {
@@ -18,35 +20,37 @@ enum class DisplayState { kNormal = 0, kNotDisplayed = 1, kBlank = 2, kNoEdit = 
 
 class MenuItem final : public values::PropertyLine {
  public:
-  MenuItem(MenuItem* parent, WideString name, WideString displayName, WideString title);
+  // The three texts, here and below, belong to somebody else and must outlive the item: thousands of items may stand
+  // on one key.
+  MenuItem(MenuItem* parent, WideStringView name, WideStringView displayName, WideStringView title);
   ~MenuItem() override;
 
   // Makes the item that of another key; its children stay.
-  void Rename(WideString name, WideString displayName, WideString title);
+  void Rename(WideStringView name, WideStringView displayName, WideStringView title);
 
   // The key behind the item: its name below the parent's (of the root item: its path), its full path, put together anew
   // each time, and its display name as the key has it.
-  const WideString& Name() const { return name_; }
+  WideStringView Name() const { return name_; }
   WideString Path() const;
-  const WideString& DisplayName() const { return displayName_; }
+  WideStringView DisplayName() const { return displayName_; }
   // The display name as it is shown, its symbol replaced; above the menu when the item is shown as one.
-  const WideString& Title() const { return title_; }
+  WideStringView Title() const { return title_; }
 
   MenuItem* Parent() const { return parent_; }  // null: the root
   const std::vector<std::unique_ptr<MenuItem>>& Children() const { return children_; }
   bool IsLeaf() const { return children_.empty(); }
-  MenuItem& AddChild(WideString name, WideString displayName, WideString title);
+  MenuItem& AddChild(WideStringView name, WideStringView displayName, WideStringView title);
   void RemoveChildren();
 
-  // The line reads: text, then suffix ("  <value>"). Setting the whole text clears the suffix; a suffix set after that
-  // follows the title again.
-  WideString LineText() const { return text_ + suffix_; }
-  const WideString& Text() const { return text_; }
+  // The line reads: title, then suffix ("  <value>"). Setting the whole text clears the suffix; a suffix set after that
+  // follows the title again. A line has kLongestLine characters at most, more than any screen shows of it.
+  static constexpr std::size_t kLongestLine = 1024;
+  WideString LineText() const;
   const WideString& Suffix() const { return suffix_; }
   void SetLineText(WideString text) override;
   void SetSuffix(WideString suffix);
-  // The mark that rules set and clear: column 0 of the text.
-  void SetFirstColumn(char16_t mark);
+  // The mark that rules set and clear: column 0 of the line.
+  void SetFirstColumn(char16_t mark) { mark_ = mark; }
 
   values::PropertyDescriptor* Descriptor() const override { return descriptor_; }
   void SetDescriptor(values::PropertyDescriptor* descriptor) { descriptor_ = descriptor; }  // owned by the model
@@ -75,12 +79,12 @@ class MenuItem final : public values::PropertyLine {
 
  private:
   MenuItem* parent_;
-  WideString name_;
-  WideString displayName_;
-  WideString title_;
-  WideString text_;
+  WideStringView name_;
+  WideStringView displayName_;
+  WideStringView title_;
+  std::optional<WideString> wholeLine_;  // instead of title and suffix
   WideString suffix_;
-  bool textIsWholeLine_ = false;
+  std::optional<char16_t> mark_;
   std::vector<std::unique_ptr<MenuItem>> children_;
   values::PropertyDescriptor* descriptor_ = nullptr;
   DisplayState state_ = DisplayState::kNormal;

@@ -13,9 +13,9 @@
 namespace model {
 namespace {
 
-WideString OidOf(const config::ConfigKey& key) {
+WideStringView OidOf(const config::ConfigKey& key) {
   const WideStringView oid = key.Value(TextId::kOid);
-  return WideString(oid.empty() ? key.Value(TextId::kCmdOid) : oid);
+  return oid.empty() ? key.Value(TextId::kCmdOid) : oid;
 }
 
 bool IsCommand(const config::ConfigKey& key) {
@@ -30,11 +30,12 @@ bool ShowsValue(const values::PropertyDescriptor& descriptor) {
 }
 
 MenuModel::MenuModel(const Environment& environment)
-    : environment_(environment), root_(std::make_unique<MenuItem>(nullptr, WideString(), WideString(), WideString())) {}
+    : environment_(environment), root_(std::make_unique<MenuItem>(nullptr, u"", u"", u"")) {}
 
 // Leaves nothing of the model there was but the root item, which gets the new root's name. The root key, or null.
 const config::ConfigKey* MenuModel::StartFrom(std::shared_ptr<const config::PDataStore> tree, WideStringView rootPath) {
   root_->RemoveChildren();
+  root_->Rename(u"", u"", u"");  // the texts of the tree there was go with it
   items_.clear();
   pages_.clear();
   descriptors_.clear();
@@ -47,7 +48,7 @@ const config::ConfigKey* MenuModel::StartFrom(std::shared_ptr<const config::PDat
   rootPath_ = rootPath;
   const config::ConfigKey* rootKey = FindKey(rootPath_);
   const WideStringView name = rootKey == nullptr ? WideStringView() : rootKey->Value(TextId::kDisplayName);
-  root_->Rename(rootPath_, WideString(name), environment_.symbols.TextOf(name));
+  root_->Rename(rootPath_, name, environment_.symbols.ViewOf(name));
   return rootKey;
 }
 
@@ -75,9 +76,7 @@ void MenuModel::AddTopLevel(const config::ConfigKey& rootKey) {
     const config::ConfigKey* key = FindChild(*tree_, rootKey, name);
     if (key == nullptr || IsCommand(*key)) continue;
     const WideStringView displayName = key->Value(TextId::kDisplayName);
-    MenuItem& item =
-        root_->AddChild(WideString(name), WideString(displayName), environment_.symbols.TextOf(displayName));
-    item.topLevel = true;
+    root_->AddChild(name, displayName, environment_.symbols.ViewOf(displayName)).topLevel = true;
   }
 }
 
@@ -114,9 +113,9 @@ void MenuModel::WaitForDevice() const {
 
 MenuItem& MenuModel::AddItem(MenuItem& parent, WideStringView name, const config::ConfigKey& key) {
   const WideStringView displayName = key.Value(TextId::kDisplayName);
-  MenuItem& item = parent.AddChild(WideString(name), WideString(displayName), environment_.symbols.TextOf(displayName));
+  MenuItem& item = parent.AddChild(name, displayName, environment_.symbols.ViewOf(displayName));
   item.topLevel = parent.Parent() == nullptr;
-  const WideString oid = OidOf(key);
+  const WideStringView oid = OidOf(key);
   if (oid.empty()) return item;
   try {
     AddDescriptor(item, oid, key);
@@ -129,13 +128,13 @@ MenuItem& MenuModel::AddItem(MenuItem& parent, WideStringView name, const config
   return item;
 }
 
-void MenuModel::AddDescriptor(MenuItem& item, const WideString& oid, const config::ConfigKey& key) {
+void MenuModel::AddDescriptor(MenuItem& item, WideStringView oid, const config::ConfigKey& key) {
   WaitForDevice();
   owned_.push_back(
       std::make_unique<values::PropertyDescriptor>(&key, environment_.device, environment_.symbols, descriptors_));
   values::PropertyDescriptor& descriptor = *owned_.back();
   oidByName_.insert_or_assign(item.DisplayName(), oid);
-  typeByOid_.insert_or_assign(oid, WideString(key.Value(TextId::kType)));
+  typeByOid_.insert_or_assign(oid, key.Value(TextId::kType));
   items_.emplace(&descriptor, &item);
   item.SetDescriptor(&descriptor);
   UpdateSuffix(item);
@@ -150,12 +149,12 @@ MenuItem* MenuModel::ItemOf(const values::PropertyDescriptor& descriptor) const 
 
 WideString MenuModel::OidByName(WideStringView displayName) const {
   const auto found = oidByName_.find(displayName);
-  return found == oidByName_.end() ? WideString() : found->second;
+  return found == oidByName_.end() ? WideString() : WideString(found->second);
 }
 
 WideString MenuModel::TypeByOid(WideStringView oid) const {
   const auto found = typeByOid_.find(oid);
-  return found == typeByOid_.end() ? WideString() : found->second;
+  return found == typeByOid_.end() ? WideString() : WideString(found->second);
 }
 
 const PropertyPage* MenuModel::FindPage(WideStringView name) const {

@@ -78,7 +78,7 @@ class MenuModel {
   void UpdateSuffix(MenuItem& item) const;
 
  private:
-  using TextMap = std::unordered_map<WideString, WideString, values::TextHash, std::equal_to<>>;
+  using TextMap = std::unordered_map<WideStringView, WideStringView>;  // of texts in the tree
 
   const config::ConfigKey* StartFrom(std::shared_ptr<const config::PDataStore> tree, WideStringView rootPath);
   // Runs a part of the building. What there is no memory for is left out, with a debug line.
@@ -86,7 +86,7 @@ class MenuModel {
   void Guarded(Part part);
   void AddTopLevel(const config::ConfigKey& rootKey);
   MenuItem& AddItem(MenuItem& parent, WideStringView name, const config::ConfigKey& key);
-  void AddDescriptor(MenuItem& item, const WideString& oid, const config::ConfigKey& key);
+  void AddDescriptor(MenuItem& item, WideStringView oid, const config::ConfigKey& key);
 
   Environment environment_;
   std::shared_ptr<const config::PDataStore> tree_;

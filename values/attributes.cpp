@@ -1,6 +1,7 @@
 #include "values/attributes.h"
 
 #include "base/format.h"
+#include "config/config_key.h"
 #include "platform/debug.h"
 #include "platform/device.h"
 
@@ -25,12 +26,12 @@ WideString TableText(const WideString& table, const WideString& key) {
 }  // namespace
 
 WideStringView AttributeMap::Get(WideStringView name) const {
-  const auto found = texts_.find(name);
-  return found == texts_.end() ? WideStringView() : WideStringView(found->second);
+  if (const auto found = set_.find(name); found != set_.end()) return found->second;
+  return key_ == nullptr ? WideStringView() : key_->Value(name);
 }
 
 void AttributeMap::Set(WideStringView name, WideString text) {
-  texts_.insert_or_assign(WideString(name), std::move(text));
+  set_.insert_or_assign(WideString(name), std::move(text));
 }
 
 WideString ResolveText(WideStringView text) {

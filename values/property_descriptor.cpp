@@ -23,12 +23,9 @@ int PropertyDescriptor::LiveCount() { return liveCount; }
 
 PropertyDescriptor::PropertyDescriptor(const config::ConfigKey* key, DeviceAccess& device, const SymbolTable& symbols,
                                        DescriptorMap& descriptors)
-    : device_(device), symbols_(symbols), descriptors_(descriptors), key_(key) {
+    : device_(device), symbols_(symbols), descriptors_(descriptors), key_(key), attributes_(key) {
   ++liveCount;
-  if (key != nullptr) {
-    for (const auto& [name, text] : key->Values()) attributes_.Set(name, WideString(text));
-  }
-  if (WideString layout = Resolve(TextId::kCmdString); !layout.empty()) layout_.emplace(std::move(layout));
+  layout_ = MakeLayout();
 
   if (WideString commandOid = Resolve(TextId::kCmdOid); !commandOid.empty()) {
     InitFromCommand();
@@ -44,7 +41,7 @@ PropertyDescriptor::PropertyDescriptor(const config::ConfigKey* key, DeviceAcces
   }
 
   const bool isNamed = attributes_.Has(TextId::kDisplayName);
-  displayName_ = symbols_.TextOf(isNamed ? attributes_.Get(TextId::kDisplayName) : u"No Display Name");
+  displayName_ = symbols_.ViewOf(isNamed ? attributes_.Get(TextId::kDisplayName) : u"No Display Name");
   const bool isSecured = attributes_.Has(TextId::kSecurity) && !attributes_.Has(TextId::kPropEditor);
   if (isSecured) readOnly_ = true;
 }
@@ -52,6 +49,15 @@ PropertyDescriptor::PropertyDescriptor(const config::ConfigKey* key, DeviceAcces
 PropertyDescriptor::~PropertyDescriptor() { --liveCount; }
 
 WideString PropertyDescriptor::Path() const { return key_ == nullptr ? WideString() : key_->FullPath(); }
+
+// Null when the property is no command. A command may stand on thousands of lines and have thousands of fields.
+std::shared_ptr<const FieldWidthList> PropertyDescriptor::MakeLayout() const {
+  WideString text = Resolve(TextId::kCmdString);
+  if (text.empty()) return nullptr;
+  const PropertyDescriptor* const earlier = FindDescriptor(descriptors_, GetOID());
+  const bool isKnown = earlier != nullptr && earlier->layout_ != nullptr && earlier->layout_->Text() == text;
+  return isKnown ? earlier->layout_ : std::make_shared<const FieldWidthList>(std::move(text));
+}
 
 void PropertyDescriptor::EnterInto(DescriptorMap& descriptors, WideString oid) {
   const auto [entry, isFirst] = descriptors.try_emplace(std::move(oid), this);

@@ -13,6 +13,7 @@
 #include "values/symbol_table.h"
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 
 namespace config {
@@ -41,8 +42,8 @@ class PropertyDescriptor {
 
   const config::ConfigKey* Key() const { return key_; }
   WideString Path() const;  // of its key; empty without one
-  const WideString& DisplayName() const { return displayName_; }
-  void SetDisplayName(WideString text) { displayName_ = std::move(text); }
+  WideStringView DisplayName() const { return ownDisplayName_ ? *ownDisplayName_ : displayName_; }
+  void SetDisplayName(WideString text) { ownDisplayName_ = std::move(text); }
   // Under which the property's editor is found; "None": it cannot be edited.
   WideStringView EditorName() const;
   WideStringView PageName() const { return attributes_.Get(TextId::kCustPage); }  // empty: no page of its own
@@ -104,7 +105,7 @@ class PropertyDescriptor {
   bool TestRange(const PropertyValue& value, WideString& message) const;
 
   // A command property's layout; null for any other.
-  const FieldWidthList* CommandLayout() const { return layout_ ? &*layout_ : nullptr; }
+  const FieldWidthList* CommandLayout() const { return layout_.get(); }
 
   // The command that a field belongs to and the field's place in it, counted from 0.
   struct CommandField {
@@ -120,6 +121,7 @@ class PropertyDescriptor {
   bool WriteToCommand(PropertyDescriptor* parent, const PropertyValue& value) const;
 
  private:
+  std::shared_ptr<const FieldWidthList> MakeLayout() const;
   void EnterInto(DescriptorMap& descriptors, WideString oid);
   void InitFromPseudoOid(WideStringView oid);
 
@@ -129,11 +131,12 @@ class PropertyDescriptor {
   const config::ConfigKey* key_;
   PropertyDescriptor* earlier_ = nullptr;
   AttributeMap attributes_;
-  WideString displayName_;
+  WideStringView displayName_;  // the key's, or its symbol's
+  std::optional<WideString> ownDisplayName_;
   PropertyValue value_;
   std::optional<PropertyValue> beforeEdit_;  // the device's value while an edit waits
   std::optional<PropertyValue> refused_;
-  std::optional<FieldWidthList> layout_;
+  std::shared_ptr<const FieldWidthList> layout_;  // shared by the lines of one command
   bool readOnly_ = false;
   bool available_ = true;
 };

@@ -14,9 +14,9 @@ SymbolTable SymbolTable::FromRegistry() {
   return SymbolTable(std::move(key.values));
 }
 
-WideString SymbolTable::TextOf(WideStringView name) const {
+WideStringView SymbolTable::ViewOf(WideStringView name) const {
   const auto found = texts_.find(name);
-  return found == texts_.end() ? WideString(name) : found->second;
+  return found == texts_.end() ? name : WideStringView(found->second);
 }
 
 }  // namespace values

@@ -19,7 +19,9 @@ class SymbolTable {
   static SymbolTable FromRegistry();
 
   // The text of the symbol that `name` names as a whole, else `name` itself.
-  WideString TextOf(WideStringView name) const;
+  WideString TextOf(WideStringView name) const { return WideString(ViewOf(name)); }
+  // The same, valid as long as the table and the text of `name`.
+  WideStringView ViewOf(WideStringView name) const;
 
  private:
   Texts texts_;

@@ -80,7 +80,7 @@ void RuleCases::Add(model::MenuItem& item, bool ownValue) {
   trial_.RunRules(item, reading);
   if (ownValue && item.Descriptor() != nullptr) {
     const WideString oid = trial_.trial.Model().OidByName(item.DisplayName());
-    reading.operands.push_back({item.DisplayName(), oid, rules::OperandOrigin::kProperty,
+    reading.operands.push_back({WideString(item.DisplayName()), oid, rules::OperandOrigin::kProperty,
                                 trial_.trial.Model().FindDescriptor(oid), std::nullopt});
   }
   for (const Reading::Operand& operand : reading.operands) {

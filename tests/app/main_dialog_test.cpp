@@ -4,6 +4,7 @@
 #include "platform/host/desktop.h"
 #include "tests/app/recording_actions.h"
 #include "tests/printing.h"
+#include "tests/support/named_items.h"
 #include "tests/support/scripted_terminal.h"
 #include "ui/private_messages.h"
 
@@ -20,7 +21,7 @@ class MainDialogTest : public testing::Test {
     Add(*root_.Children().front(), u"inner");
   }
 
-  static void Add(model::MenuItem& menu, const WideString& name) { menu.AddChild(name, name, name); }
+  static void Add(model::MenuItem& menu, const WideString& name) { tests::AddNamed(menu, name); }
 
   void Run(bool largeLayout = true) {
     dialog_.Run(root_, largeLayout);

@@ -54,6 +54,32 @@ TEST(MenuItem, ASuffixAfterAWholeLineFollowsTheTitleAgain) {
   EXPECT_EQ(u"*eep  <On>", item.LineText());
 }
 
+TEST(MenuItem, ALineEndsWhereNoScreenShowsIt) {
+  const WideString title(MenuItem::kLongestLine - 1, u't');
+  MenuItem item(nullptr, u"b", u"b", title);
+  item.SetSuffix(u"  <On>");
+  EXPECT_EQ(title + u" ", item.LineText());
+  const WideString longest(MenuItem::kLongestLine, u'l');
+  item.SetSuffix(longest + u"l");
+  EXPECT_EQ(longest, item.Suffix());
+  item.SetLineText(longest + u"l");
+  EXPECT_EQ(longest, item.LineText());
+
+  const WideString endless(MenuItem::kLongestLine + 1, u't');
+  MenuItem named(nullptr, u"b", u"b", endless);
+  named.SetSuffix(u"  <On>");
+  named.SetFirstColumn(u'*');
+  EXPECT_EQ(u"*" + endless.substr(2), named.LineText());
+}
+
+TEST(MenuItem, AnotherKeyTakesTheLineWithIt) {
+  MenuItem item(nullptr, u"a", u"a", u"Old");
+  item.SetLineText(u"Old, <5>");
+  item.SetFirstColumn(u'*');
+  item.Rename(u"b", u"b", u"New");
+  EXPECT_EQ(u"New", item.LineText());
+}
+
 TEST(MenuItem, NormalAndHiddenTravelToTheLinkedItemAndTheOthersDoNot) {
   MenuItem linked(nullptr, u"b", u"b", u"b");
   MenuItem item(nullptr, u"a", u"a", u"a");

@@ -249,6 +249,27 @@ TEST_F(MenuModelTest, AMenuThatManyLinesShowHasItsEntriesAtItsOwnPlaceToo) {
       terminal_.TakeDebugLines());
 }
 
+TEST_F(MenuModelTest, TheLinesOfOneKeyHoldItsTextsOnce) {
+  fake_.Put(u"1", u"12345");
+  Build(
+      "<GROUP name='R'><GROUP name='a'><DisplayName>Command</DisplayName><ShortDesc>Columns</ShortDesc><OID>1</OID>"
+      "<Type>ReaderCmd</Type><CmdString>2,3,2</CmdString></GROUP><GROUP name='a'/><GROUP name='a'/></GROUP>");
+  const auto& lines = menu_.Root().Children();
+  ASSERT_EQ(3u, lines.size());
+  const config::ConfigKey* const key = menu_.FindKey(u"R\\a");
+  const char16_t* const name = key->Value(TextId::kDisplayName).data();
+  for (const auto& line : lines) {
+    EXPECT_EQ(u"Command", line->Title());
+    EXPECT_EQ(name, line->Title().data());
+    EXPECT_EQ(name, line->DisplayName().data());
+    const values::PropertyDescriptor& property = *line->Descriptor();
+    EXPECT_EQ(name, property.DisplayName().data());
+    EXPECT_EQ(key->Value(TextId::kShortDesc).data(), property.Attributes().Get(TextId::kShortDesc).data());
+    ASSERT_NE(nullptr, property.CommandLayout());
+    EXPECT_EQ(lines.front()->Descriptor()->CommandLayout(), property.CommandLayout());
+  }
+}
+
 TEST_F(MenuModelTest, ADeepMenuHoldsEachOfItsNamesOnce) {
   constexpr std::size_t kLevels = 3000;
   const std::string name(200, 'n');
@@ -260,7 +281,7 @@ TEST_F(MenuModelTest, ADeepMenuHoldsEachOfItsNamesOnce) {
   std::size_t levels = 0;
   const MenuItem* item = &menu_.Root();
   for (; !item->IsLeaf(); item = item->Children()[0].get()) {
-    units += item->Name().capacity();
+    units += item->Name().size();
     ++levels;
   }
   EXPECT_EQ(kLevels, levels);

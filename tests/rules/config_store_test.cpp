@@ -242,9 +242,17 @@ TEST_F(SummaryTest, ListsMenusWithTheirPropertiesMasked) {
 }
 
 TEST_F(SummaryTest, FromALeafItListsTheWholeConfiguration) {
-  EXPECT_EQ((std::vector<WideString>{model_.Root().Title(), u"word: ******", u"x: Unavailable", u"Sub", u"mode: Two",
-                                     u"Deep", u"ssid: net"}),
+  EXPECT_EQ((std::vector<WideString>{WideString(model_.Root().Title()), u"word: ******", u"x: Unavailable", u"Sub",
+                                     u"mode: Two", u"Deep", u"ssid: net"}),
             rules::SummaryLines(model_, Item(u"summary")));
+}
+
+TEST_F(SummaryTest, ATitleIsListedAsFarAsALineGoes) {
+  const std::string title(model::MenuItem::kLongestLine + 1, 't');
+  fake_.Put(u"1", u"5");
+  Build(Group("menu", Tag("DisplayName", title) + Property("number", "1", "Integer")));
+  EXPECT_EQ((std::vector<WideString>{WideString(model::MenuItem::kLongestLine, u't'), u"number: 5"}),
+            rules::SummaryLines(model_, Item(u"menu")));
 }
 
 }  // namespace

@@ -22,7 +22,7 @@ class Report final : public rules::RuleListener {
     lines.push_back(WideString(reading.name) + u" = '" + WideString(reading.value) + u"' of '" +
                     WideString(reading.oid) + u"' from " +
                     WideString(kOrigins[static_cast<std::size_t>(reading.origin)]) +
-                    (reading.property == nullptr ? u"" : u" " + reading.property->DisplayName()));
+                    (reading.property == nullptr ? u"" : u" " + WideString(reading.property->DisplayName())));
   }
   void OnComparison(const rules::Comparison& comparison) override {
     static constexpr WideStringView kJoins[] = {u"", u"AND ", u"OR "};
@@ -39,7 +39,7 @@ class Report final : public rules::RuleListener {
                     (action.state ? u" state " + base::ToText(static_cast<int>(*action.state)) : WideString()));
   }
   void OnChoices(const model::MenuItem& item, WideStringView choices, WideStringView fallback) override {
-    lines.push_back(u"choices of " + item.DisplayName() + u": " + WideString(choices) + u" fallback '" +
+    lines.push_back(u"choices of " + WideString(item.DisplayName()) + u": " + WideString(choices) + u" fallback '" +
                     WideString(fallback) + u"'");
   }
   void OnWireless(const rules::WirelessChange& change) override {

@@ -115,7 +115,7 @@ TEST_F(WirelessTest, WhatIsNeededIsShownAgain) {
     rules_.wireless.VerifyNetUI();
     std::vector<WideString> shown;
     for (const auto& item : model_.Root().Children()) {
-      if (item->State() == DisplayState::kNormal) shown.push_back(item->DisplayName());
+      if (item->State() == DisplayState::kNormal) shown.emplace_back(item->DisplayName());
     }
     EXPECT_EQ(c.shown, shown) << base::ToUtf8(c.values.authentication);
   }

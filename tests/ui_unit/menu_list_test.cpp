@@ -2,6 +2,7 @@
 
 #include "base/number.h"
 #include "tests/printing.h"
+#include "tests/support/named_items.h"
 #include "tests/support/test_terminal.h"
 #include "ui/private_messages.h"
 
@@ -74,7 +75,7 @@ class MenuListTest : public testing::Test {
     ShowRoot();
   }
 
-  static MenuItem& Add(MenuItem& menu, const WideString& name) { return menu.AddChild(name, name, name); }
+  static MenuItem& Add(MenuItem& menu, const WideString& name) { return tests::AddNamed(menu, name); }
 
   void ShowRoot() {
     ASSERT_TRUE(list_.Create(window_, root_, title_, {.x = 10, .y = 30, .width = 210, .height = 180}));

@@ -2,6 +2,7 @@
 
 #include "base/number.h"
 #include "tests/printing.h"
+#include "tests/support/named_items.h"
 
 #include <string>
 
@@ -13,10 +14,7 @@ using model::MenuItem;
 // A menu of items named a1, a2 and so on.
 std::unique_ptr<MenuItem> MenuOf(int count) {
   auto menu = std::make_unique<MenuItem>(nullptr, u"R", u"Root", u"Root");
-  for (int i = 1; i <= count; ++i) {
-    const WideString name = u"a" + base::ToText(i);
-    menu->AddChild(name, name, name);
-  }
+  for (int i = 1; i <= count; ++i) tests::AddNamed(*menu, u"a" + base::ToText(i));
   return menu;
 }
 

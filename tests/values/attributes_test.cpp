@@ -2,6 +2,7 @@
 
 #include "tests/printing.h"
 #include "tests/support/test_terminal.h"
+#include "tests/support/trees.h"
 
 #include <gtest/gtest.h>
 
@@ -33,6 +34,18 @@ TEST_F(Attributes, NamesAreExactAndAnEmptyTextCountsAsNotSet) {
   EXPECT_FALSE(attributes.Has(TextId::kOid));
   attributes.Set(u"Type", u"Bool");
   EXPECT_EQ(attributes.Get(TextId::kType), u"Bool");
+}
+
+TEST_F(Attributes, WhatIsSetStandsInsteadOfWhatTheKeySays) {
+  const auto tree = tests::TreeOf("<GROUP name='R'><Type>Integer</Type><Range>1,9</Range></GROUP>");
+  const config::ConfigKey* const key = tree->Find(u"R");
+  AttributeMap attributes(key);
+  EXPECT_EQ(attributes.Get(TextId::kType).data(), key->Value(TextId::kType).data());
+  attributes.Set(TextId::kType, u"Bool");
+  attributes.Set(TextId::kRange, u"");
+  EXPECT_EQ(attributes.Get(TextId::kType), u"Bool");
+  EXPECT_FALSE(attributes.Has(TextId::kRange));
+  EXPECT_EQ(key->Value(TextId::kType), u"Integer");
 }
 
 TEST_F(Attributes, WhatIsNotSetResolvesToNothing) { EXPECT_EQ(ResolveAttribute(AttributeMap(), TextId::kRange), u""); }

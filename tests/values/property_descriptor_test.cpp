@@ -71,6 +71,9 @@ TEST_F(PropertyDescriptorTest, ASymbolReplacesItsDisplayName) {
   SetSymbols({{u"IDS_VOLUME", u"Volume"}});
   EXPECT_EQ(Make({{u"DisplayName", u"IDS_VOLUME"}}).DisplayName(), u"Volume");
   EXPECT_EQ(Make({{u"DisplayName", u"My IDS_VOLUME"}}).DisplayName(), u"My IDS_VOLUME");
+  PropertyDescriptor& renamed = Make({{u"DisplayName", u"IDS_VOLUME"}});
+  renamed.SetDisplayName(u"Loudness");
+  EXPECT_EQ(renamed.DisplayName(), u"Loudness");
 }
 
 TEST_F(PropertyDescriptorTest, ALaterPropertyOfTheSameOidTakesItsPlace) {

@@ -22,6 +22,8 @@ TEST(SymbolTable, ASymbolReplacesAWholeTextNeverAPart) {
   EXPECT_EQ(symbols.TextOf(u"ONOFF"), u"0#Off|1#On");
   EXPECT_EQ(symbols.TextOf(u"ONOFF "), u"ONOFF ");
   EXPECT_EQ(symbols.TextOf(u"onoff"), u"onoff");
+  const WideString own = u"own";
+  EXPECT_EQ(symbols.ViewOf(own).data(), own.data());
 }
 
 TEST(SymbolTable, IsReadFromTheTextsOfItsRegistryKey) {
