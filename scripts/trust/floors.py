@@ -1,6 +1,7 @@
 """The floors of the house, and the sources and test programs that belong to each."""
 
 import pathlib
+import subprocess
 
 HOUSE = pathlib.Path(__file__).resolve().parents[2]
 FLOORS = ("base", "platform", "config", "values", "model", "rules", "ui", "app")
@@ -25,6 +26,14 @@ def floor_of_test(program):
         return None
     floor = _TEST_FOLDERS.get(parts[1], parts[1])
     return floor if floor in FLOORS + ("simulator",) else None
+
+
+def test_programs(build):
+    """Paths in a build of the programs that test floors."""
+    listed = subprocess.run(["ninja", "-C", str(build), "-t", "targets", "all"], check=True, capture_output=True,
+                            text=True).stdout
+    targets = [line.rsplit(": ", 1)[0] for line in listed.splitlines() if "_EXECUTABLE_LINKER" in line]
+    return [target for target in targets if floor_of_test(target)]
 
 
 def tests_for(floor, programs):

@@ -1,6 +1,7 @@
 """A copy of the house in which changes are built and tested. The house itself is only read."""
 
 import concurrent.futures
+import hashlib
 import json
 import os
 import shutil
@@ -13,20 +14,22 @@ from . import floors
 from .tokens import Lines
 
 # Tests that take longer are left out: what only they notice counts as a survivor.
-_LONG_S = 15
+_LONG_S = 10
 # A program may use this much more processor time than without a change, and wait this much longer.
 _TIMES_WORK = 4
 _MORE_WORK_S = 10
 _TIMES_WAIT = 20
 _MORE_WAIT_S = 60
 _MOST_MEMORY = 4 << 30
-_MOST_FILE = 256 << 20
+_MOST_FILE = (4 << 30) + (1 << 20)  # a test makes one just too long to be read, most of it a hole
 # A change that the compiler merely warns of is compiled all the same. Everything else is compiled as in any other build, so
 # that the compiler's cache knows it.
 _COMPILE = """#!/bin/sh
 cache=$(command -v ccache)
 $cache "$@" 2>/dev/null || exec $cache "$@" -w
 """
+# Several programs are linked for each change.
+_LINKER = "mold" if shutil.which("mold") else "gold"
 _TEST_OPTIONS = ("--gtest_fail_fast", "--gtest_brief=1")
 
 
@@ -112,6 +115,7 @@ class Workshop:
         for name, value in (("DIR", floors.HOUSE / "build/ccache"), ("BASEDIR", folder), ("NOHASHDIR", 1),
                             ("SLOPPINESS", "pch_defines,time_macros")):
             self._environment.setdefault(f"CCACHE_{name}", str(value))
+        self._sources = ""
         self._usual = {}  # program: seconds of processor time, None: too many
 
     def prepare(self, say):
@@ -125,17 +129,22 @@ class Workshop:
             outcome = self._build_all({**self._environment, "CCACHE_RECACHE": "1"})
             if not outcome.passed:
                 raise RuntimeError(f"the house does not build:\n{outcome.output[-4000:]}")
-        kept = self.folder / "usual.json"
+        kept = self.folder.parent / "usual.json"  # of all copies: they are the same
         known = json.loads(kept.read_text()) if kept.exists() else {}
+        if known.get("sources") != self._sources:
+            known = {"sources": self._sources, "programs": {}, "scripts": False}
         for program in self.test_programs():
-            if program not in known:
+            if program not in known["programs"]:
                 say(f"running {program}")
-                known[program] = self._measured(program)
+                known["programs"][program] = self._measured(program)
                 kept.write_text(json.dumps(known, indent=1))
-        self._usual = known
-        say("playing the screen scripts")
-        if failed := self.failing_script():
-            raise RuntimeError(f"{failed} fails without a change")
+        self._usual = known["programs"]
+        if not known["scripts"]:
+            say("playing the screen scripts")
+            if failed := self.failing_script():
+                raise RuntimeError(f"{failed} fails without a change")
+            known["scripts"] = True
+            kept.write_text(json.dumps(known, indent=1))
 
     def _measured(self, program):
         before = os.times()
@@ -154,7 +163,7 @@ class Workshop:
             compiler.chmod(0o755)
             outcome = self._programs.run(
                 ["cmake", "-S", self.copy, "-B", self._build, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug",
-                 "-DCMAKE_CXX_FLAGS_DEBUG=-O0 -g1", "-DCMAKE_EXE_LINKER_FLAGS=-fuse-ld=gold", "-DKEL_PRECOMPILE=ON",
+                 "-DCMAKE_CXX_FLAGS_DEBUG=-O0 -g1", f"-DCMAKE_EXE_LINKER_FLAGS=-fuse-ld={_LINKER}", "-DKEL_PRECOMPILE=ON",
                  f"-DCMAKE_CXX_COMPILER_LAUNCHER={compiler}"], self.folder, environment)
             if not outcome.passed:
                 return outcome
@@ -166,27 +175,25 @@ class Workshop:
         listed = subprocess.run(["git", "ls-files", "-z", "--cached", "--others", "--exclude-standard"], cwd=floors.HOUSE,
                                 check=True, capture_output=True).stdout
         wanted = {name.decode() for name in listed.split(b"\0") if name and (floors.HOUSE / name.decode()).exists()}
-        changed = False
+        digest = hashlib.sha256()
         for name in sorted(wanted):
             source, target = floors.HOUSE / name, self.copy / name
-            if source.is_file() and not (target.exists() and target.read_bytes() == source.read_bytes()):
+            if not source.is_file():
+                continue
+            content = source.read_bytes()
+            digest.update(f"{name} {len(content)}\n".encode() + content)
+            if not (target.exists() and target.read_bytes() == content):
                 target.parent.mkdir(parents=True, exist_ok=True)
                 shutil.copy(source, target)
-                changed = True
         for target in [path for path in self.copy.rglob("*") if path.is_file()]:
             name = target.relative_to(self.copy).as_posix()
             if name not in wanted and not name.startswith("build/"):
                 target.unlink()
-                changed = True
-        if changed:  # new programs may have come, and others take longer
-            (self.folder / "usual.json").unlink(missing_ok=True)
+        self._sources = digest.hexdigest()  # of others there may be more programs, and some take longer
 
     def test_programs(self):
         """Paths of the programs that test floors, in the build."""
-        listed = subprocess.run(["ninja", "-C", str(self._build), "-t", "targets", "all"], check=True, capture_output=True,
-                                text=True).stdout
-        targets = [line.rsplit(": ", 1)[0] for line in listed.splitlines() if "_EXECUTABLE_LINKER" in line]
-        return [target for target in targets if floors.floor_of_test(target)]
+        return floors.test_programs(self._build)
 
     def judge(self, mutant):
         """("caught" | "out of time" | "not built" | "survived", by what)."""
@@ -220,8 +227,9 @@ class Workshop:
         return "survived", ""
 
     def _builds(self, target):
+        # What is compiled once only is not worth keeping.
         return self._programs.run(["ninja", "-C", self._build, "-j", str(self._jobs), target], self.folder,
-                                  self._environment).passed
+                                  {**self._environment, "CCACHE_DISABLE": "1"}).passed
 
     def failing_script(self):
         """The name of a screen script that prints something else, or None."""
