@@ -152,10 +152,10 @@ TEST_F(RegistryKeyReaderTest, AValueOfMoreThan4096BytesEndsTheReading) {
 TEST_F(RegistryKeyReaderTest, ANameThatDoesNotFitEndsTheReading) {
   platform::host::RegistryTreeKey& key = Add(u"Menu");
   RegistryTree::SetText(key, u"a", u"read");
-  RegistryTree::SetText(key, u"b" + WideString(2048, u'x'), u"too long");
+  RegistryTree::SetText(key, u"b" + WideString(2047, u'x'), u"too long by the zero behind it");
   RegistryTree::SetText(key, u"c", u"not read");
   Add(u"Menu\\a");
-  Add(u"Menu\\b" + WideString(1024, u'x'));
+  Add(u"Menu\\b" + WideString(1023, u'x'));
   Add(u"Menu\\c");
   const RegistryKeyReader reader(u"HKEY_LOCAL_MACHINE\\Menu");
   EXPECT_EQ((Names{u"a"}), reader.subkeys);
