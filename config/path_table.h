@@ -16,14 +16,11 @@ namespace config {
 struct PathNode {
   const PathNode* parent = nullptr;  // null: the node above all first names, which is no path itself
   WideStringView name;
-  std::uint64_t hash = 0;  // of the whole path
-  // The elements whose `name` attributes spell this path, in document order: the first, and a chain of further ones.
-  std::uint32_t firstElement = 0;
-  std::uint32_t furtherElements = 0;
-  std::uint32_t lastFurther = 0;
+  std::uint64_t hash = 0;          // of the whole path
+  std::uint32_t firstElement = 0;  // in a document, whose `name` attributes spell this path
   bool hasElement = false;
-  bool expanded = false;  // the elements' children have been added to the nodes below
-  bool isKey = false;     // a key of the tree; else only a step on the way to one
+  bool isExpanded = false;  // the children of all its elements are among the nodes below
+  bool isKey = false;       // a key of the tree; else only a step on the way to one
   ConfigKey key;
 };
 

@@ -3,6 +3,7 @@
 #include "config/tree_walk.h"
 
 #include <span>
+#include <unordered_map>
 #include <vector>
 
 namespace config {
@@ -28,16 +29,11 @@ class XmlTreeBuilder {
   }
 
  private:
-  struct Further {
-    std::uint32_t element = 0;
-    std::uint32_t next = 0;
-  };
-
   void Read(PathNode& node, bool hasChildren) {
     children_.clear();
     if (const PathNode* const source = ElementSource(node)) {
       // The keys below are mostly those of the element that the key is read from.
-      PathNode* const parent = hasChildren && source == &node && !node.expanded ? &node : nullptr;
+      PathNode* const parent = hasChildren && source == &node && !node.isExpanded ? &node : nullptr;
       ReadElement(source->firstElement, parent);
       if (parent != nullptr) ExpandFurther(node);
     }
@@ -66,14 +62,16 @@ class XmlTreeBuilder {
 
   // Sorts the groups inside a node's elements under the paths below it.
   void Expand(PathNode& node) {
-    if (node.expanded) return;
+    if (node.isExpanded) return;
     if (node.hasElement) ExpandElement(node, node.firstElement);
     ExpandFurther(node);
   }
 
   void ExpandFurther(PathNode& node) {
-    node.expanded = true;
-    for (std::uint32_t i = node.furtherElements; i != 0; i = further_[i].next) ExpandElement(node, further_[i].element);
+    node.isExpanded = true;
+    const auto found = further_.find(&node);
+    if (found == further_.end()) return;
+    for (const std::uint32_t element : found->second) ExpandElement(node, element);
   }
 
   void ExpandElement(PathNode& node, std::uint32_t element) {
@@ -96,14 +94,7 @@ class XmlTreeBuilder {
       node.firstElement = element;
       return;
     }
-    const auto added = static_cast<std::uint32_t>(further_.size());
-    further_.push_back({element, 0});
-    if (node.furtherElements == 0) {
-      node.furtherElements = added;
-    } else {
-      further_[node.lastFurther].next = added;
-    }
-    node.lastFurther = added;
+    further_[&node].push_back(element);
   }
 
   PathNode& Descend(PathNode& from, WideStringView path) {
@@ -127,7 +118,8 @@ class XmlTreeBuilder {
   KeyWriter writer_;
   TreeWalk walk_;
   std::vector<PathNode*> children_;
-  std::vector<Further> further_{Further()};  // index 0 stands for none
+  // The elements of a path behind its first, in document order; few paths have any.
+  std::unordered_map<const PathNode*, std::vector<std::uint32_t>> further_;
 };
 
 }  // namespace

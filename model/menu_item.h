@@ -67,9 +67,10 @@ class MenuItem final : public values::PropertyLine {
     bool keepWithNext = false;   // not the last item of a page when more follow
     bool entryFlag = false;      // a leaf that Enter shows as a menu all the same
     bool numbered = true;        // numbered pages, or a plain list
-    int lastLine = -1;           // index of the last line that can be selected
     int topLine = 0;
     int selectedLine = 0;
+    // Noted at each filling, as a menu's state has them by design; the list works with those of its own pages.
+    int lastLine = -1;     // index of the last line that can be selected
     int lastBackLine = 0;  // index of the last "...Back", 0: none
   };
   ListState list;

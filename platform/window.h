@@ -85,6 +85,10 @@ class MessageHandler {
   virtual std::optional<LResult> OnMessage(WindowHandle window, const Message& message) = 0;
 };
 
+// How the platform asks a handler. One that fails, for want of memory most likely, has answered 0 and a debug line says
+// so: it was called by the system, through which no exception may pass.
+std::optional<LResult> AnswerOf(MessageHandler& handler, WindowHandle window, const Message& message);
+
 inline constexpr int kUseDefault = static_cast<int>(0x80000000);  // for the position and size of a top-level window
 
 struct WindowSpec {

@@ -25,14 +25,20 @@ CellStyle LookOf(WindowHandle control) {
   return host::FontOf(control).weight >= 600 ? CellStyle::kBold : CellStyle::kNormal;
 }
 
+std::vector<WideString> LinesOfStatic(WindowHandle control) {
+  const platform::Rect client = platform::ClientRect(control);
+  auto lines = BrokenIntoLines(control, platform::TextOf(control), client.Width());
+  lines.resize(std::min(lines.size(), static_cast<std::size_t>(LinesInSight(control, client.Height()))));
+  return lines;
+}
+
 // A row may stand for less than a line, a column for more than a character: then what is in sight on the device goes on
 // over the cells' end.
 void PaintStatic(const ControlCanvas& canvas, WindowHandle control, const CellRect& cells) {
   const CellStyle look = LookOf(control);
   canvas.screen.grid.Fill(cells, {U' ', look}, canvas.clip);
   const platform::Rect client = platform::ClientRect(control);
-  auto lines = BrokenIntoLines(control, platform::TextOf(control), client.Width());
-  lines.resize(std::min(lines.size(), static_cast<std::size_t>(LinesInSight(control, client.Height()))));
+  const auto lines = LinesOfStatic(control);
   const bool centred = (platform::StyleOf(control) & style::kStaticCentre) != 0;
   int row = cells.top;
   for (const WideString& line : lines) {
@@ -65,9 +71,25 @@ void PaintListBar(const ControlCanvas& canvas, const host::ListState& list, cons
   if (isMoreBelow) canvas.screen.grid.Put(bar.left, bar.bottom - 1, {U'▼', CellStyle::kBold}, canvas.clip);
 }
 
+// Two lines of text can take less than two rows: what stands below them on the device does not cover one of them.
+int RowBelowTexts(const ControlCanvas& canvas, WindowHandle control, int row) {
+  const platform::Rect place = platform::WindowRect(control);
+  for (const WindowHandle text : host::ChildrenOf(platform::ParentOf(control))) {
+    if (!platform::IsVisible(text) || !IsBackground(text)) continue;
+    const int lines = static_cast<int>(LinesOfStatic(text).size());
+    const platform::Rect textPlace = platform::WindowRect(text);
+    const int linePx = host::FontOf(text).heightPx;
+    const bool isAbove = textPlace.top + lines * linePx - linePx / 2 <= place.top;
+    const bool isBeside = textPlace.right <= place.left || place.right <= textPlace.left;
+    if (isAbove && !isBeside) row = std::max(row, canvas.scale.Row(textPlace.top) + lines);
+  }
+  return row;
+}
+
 void PaintList(const ControlCanvas& canvas, WindowHandle control, CellRect cells) {
   const auto list = host::ListStateOf(control).value_or(host::ListState{});
   const int rows = std::max(list.visibleLines, 1);
+  cells.top = RowBelowTexts(canvas, control, cells.top);
   cells.bottom = cells.top + rows;
   const bool hasBar = (platform::StyleOf(control) & style::kVerticalScroll) != 0 &&
                       static_cast<int>(list.lines.size()) > list.visibleLines;

@@ -16,7 +16,7 @@ LResult HandleByItself(WindowRecord& window, const Message& message) {
 LResult HandleBehindSubclasses(WindowRecord& window, const Message& message) {
   MessageHandler* const handler = window.programHandler ? window.programHandler.get() : window.dialogHandler;
   if (handler != nullptr) {
-    if (const auto answer = handler->OnMessage(window.handle, message)) return *answer;
+    if (const auto answer = AnswerOf(*handler, window.handle, message)) return *answer;
   }
   return HandleByItself(window, message);
 }
@@ -24,7 +24,7 @@ LResult HandleBehindSubclasses(WindowRecord& window, const Message& message) {
 LResult HandleFrom(const std::shared_ptr<SubclassLink>& first, WindowRecord& window, const Message& message) {
   for (std::shared_ptr<SubclassLink> link = first; link; link = link->previous) {
     if (link->handler == nullptr) continue;
-    if (const auto answer = link->handler->OnMessage(window.handle, message)) return *answer;
+    if (const auto answer = AnswerOf(*link->handler, window.handle, message)) return *answer;
   }
   return HandleBehindSubclasses(window, message);
 }

@@ -1,5 +1,6 @@
 // The platform's own message box.
 #include "platform/dialog.h"
+#include "platform/host/environment.h"
 #include "platform/host/text_metrics.h"
 
 #include <algorithm>
@@ -38,15 +39,19 @@ TextSize Measure(const host::Font& font, WideStringView text) {
   return size;
 }
 
+int InDialogUnits(int widthPx) { return widthPx * 4 / 6; }
+
 }  // namespace
 
 void ShowSystemMessage(WideStringView text, WideStringView caption) {
   constexpr WideStringView kFace = u"Tahoma";
   constexpr int kButtonWidth = 50;
   constexpr int kButtonHeight = 14;
+  constexpr int kMarginsPx = 24;  // with the frame, on both sides of the text
   const TextSize size = Measure(host::FontForPoints(kFace, 8), text);
-  const int textWidth = std::clamp(size.widthPx * 4 / 6 + 1, kButtonWidth, 144);
-  const int textHeight = 8 * (size.lines + size.widthPx * 4 / 6 / 144);
+  const int widest = InDialogUnits(host::CurrentEnvironment().screenWidthPx - kMarginsPx);
+  const int textWidth = std::clamp(InDialogUnits(size.widthPx) + 1, kButtonWidth, widest);
+  const int textHeight = 8 * (size.lines + InDialogUnits(size.widthPx) / widest);
   const int width = textWidth + 12;
   const std::array<DialogControl, 2> controls{{
       {kIdCancel, u"Button", u"OK", style::kVisible | style::kTabStop | style::kButtonDefault,

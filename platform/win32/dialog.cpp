@@ -2,7 +2,10 @@
 // the only description of a dialog, the same on every platform, and no resource compiler has to understand them.
 #include "platform/dialog.h"
 
+#include "platform/debug.h"
 #include "platform/win32/window_procedure.h"
+
+#include <exception>
 
 namespace platform {
 
@@ -64,9 +67,15 @@ class TemplateWords {
 INT_PTR CALLBACK DialogProcedure(HWND dialog, UINT id, WPARAM wParam, LPARAM lParam) {
   if (id != WM_INITDIALOG) return FALSE;
   auto& handler = *FromParam<MessageHandler>(static_cast<LParam>(lParam));
-  win32::PutInFront(dialog, handler);
+  try {
+    win32::PutInFront(dialog, handler);
+  } catch (const std::exception&) {
+    DebugOutput(u"EXCEPTION: DialogProcedure()\r\n");
+    ::EndDialog(dialog, 0);  // nobody would answer it
+    return TRUE;
+  }
   constexpr LResult kFocusFirstControl = 1;
-  return handler.OnMessage(win32::FromApi(dialog), {id, wParam, 0}).value_or(kFocusFirstControl);
+  return AnswerOf(handler, win32::FromApi(dialog), {id, wParam, 0}).value_or(kFocusFirstControl);
 }
 
 }  // namespace

@@ -1,7 +1,9 @@
 #include "platform/win32/window_procedure.h"
 
+#include "platform/debug.h"
 #include "platform/win32/window_classes.h"
 
+#include <exception>
 #include <unordered_map>
 #include <utility>
 
@@ -33,14 +35,21 @@ WNDPROC ReplaceProcedure(HWND window) {
 #endif
 }
 
-// A window of a class of the program's own gets its handler with its first message.
-void AdoptOwnClass(HWND window) {
-  std::shared_ptr<MessageHandler> handler = MakeHandlerFor(window);
-  if (!handler) return;
-  auto link = std::make_shared<HandlerLink>();
-  link->handler = handler.get();
-  link->owned = std::move(handler);
-  HandledWindows()[window].latest = std::move(link);
+// A window of a class of the program's own gets its handler with its first message. False: there is no memory for it,
+// and so no window.
+bool AdoptOwnClass(HWND window) {
+  try {
+    std::shared_ptr<MessageHandler> handler = MakeHandlerFor(window);
+    if (!handler) return true;
+    auto link = std::make_shared<HandlerLink>();
+    link->handler = handler.get();
+    link->owned = std::move(handler);
+    HandledWindows()[window].latest = std::move(link);
+    return true;
+  } catch (const std::exception&) {
+    DebugOutput(u"EXCEPTION: AdoptOwnClass()\r\n");
+    return false;
+  }
 }
 
 }  // namespace
@@ -74,7 +83,7 @@ void TakeOut(HWND window, const std::shared_ptr<HandlerLink>& link) {
 LResult AskFrom(std::shared_ptr<HandlerLink> link, HWND window, const Message& message) {
   for (; link; link = link->previous) {
     if (link->handler == nullptr) continue;
-    if (const auto answer = link->handler->OnMessage(FromApi(window), message)) return *answer;
+    if (const auto answer = AnswerOf(*link->handler, FromApi(window), message)) return *answer;
   }
   return AskOwnProcedure(window, message);
 }
@@ -86,7 +95,7 @@ LResult AskOwnProcedure(HWND window, const Message& message) {
 }
 
 LRESULT CALLBACK WindowProcedure(HWND window, UINT id, WPARAM wParam, LPARAM lParam) {
-  if (id == WM_NCCREATE && Find(window) == nullptr) AdoptOwnClass(window);
+  if (id == WM_NCCREATE && Find(window) == nullptr && !AdoptOwnClass(window)) return FALSE;
   const HandledWindow* handled = Find(window);
   const std::shared_ptr<HandlerLink> latest = handled != nullptr ? handled->latest : nullptr;
   const LResult result = AskFrom(latest, window, {id, wParam, lParam});

@@ -97,6 +97,53 @@ TEST_F(MainDialogTest, ASecondEditWhileOneRunsIsIgnored) {
   EXPECT_EQ(0, second);
 }
 
+// A dialog that Esc closes.
+class Waiting final : public platform::MessageHandler {
+ public:
+  std::optional<platform::LResult> OnMessage(WindowHandle window, const platform::Message& message) override {
+    if (message.id != platform::message::kCommand) return std::nullopt;
+    platform::EndDialog(window, 0);
+    return 1;
+  }
+};
+
+TEST_F(MainDialogTest, ATreeThatComesWhileADialogIsOpenReplacesTheItemsWhenTheDialogIsClosed) {
+  bool isThere = false;
+  actions_.whileBroughtUpToDate = [&] {
+    actions_.log += isThere ? "replace;" : "";
+    if (!std::exchange(isThere, false)) return;
+    dialog_.ReplaceItems([&] {
+      root_.RemoveChildren();
+      Add(root_, u"new");
+      for (char16_t name = u'a'; name < u'm'; ++name) Add(root_, WideString(1, name));
+    });
+  };
+  actions_.whileActive = [&] {
+    isThere = true;
+    platform::Post(window_, kRelayToList, kTreeReplaced);
+    dialog_.RunEdit([&](WindowHandle owner) {
+      Waiting waiting;
+      platform::RunDialog({.style = platform::style::kPopup, .width = 20, .height = 20}, owner, waiting);
+      actions_.log += "closed;";
+      return false;
+    });
+  };
+  terminal_.display.Press("93");  // the second page, then its third line
+  terminal_.display.Then([&] {
+    EXPECT_EQ("activate j;", actions_.log);
+    EXPECT_NE(window_, platform::ActiveWindow());
+  });
+  terminal_.display.Press("{Esc}");
+  terminal_.display.Then([&] {
+    EXPECT_EQ("activate j;closed;replace;", std::exchange(actions_.log, {}));
+    const platform::ListBox box(Control(ui::kMenuListId));
+    EXPECT_EQ(9, box.Top());
+    EXPECT_EQ(u"4  j", box.Line(box.Selected()));
+  });
+  terminal_.display.Press("{Esc}");
+  Run();
+}
+
 TEST_F(MainDialogTest, HomeForgetsWhereTheMenuThatIsLeftStood) {
   for (const WideStringView name : {u"second", u"third"}) Add(*root_.Children().front(), WideString(name));
   terminal_.display.Press("{Enter}{Down}{Down}{Enter}{Home}");  // Enter makes it remember the line

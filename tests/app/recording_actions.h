@@ -4,17 +4,23 @@
 #include "app/screen_actions.h"
 #include "base/utf8.h"
 
+#include <functional>
 #include <string>
 
 namespace tests {
 
 class RecordingActions final : public app::ScreenActions {
  public:
-  void BringModelUpToDate() override {}
+  void BringModelUpToDate() override {
+    if (whileBroughtUpToDate) whileBroughtUpToDate();
+  }
   void StartTreeRebuild() override {}
   bool MayEnter(model::MenuItem&) override { return true; }
   bool MayLeave(model::MenuItem&) override { return true; }
-  void Activate(model::MenuItem& leaf) override { log += "activate " + base::ToUtf8(leaf.Title()) + ";"; }
+  void Activate(model::MenuItem& leaf) override {
+    log += "activate " + base::ToUtf8(leaf.Title()) + ";";
+    if (whileActive) whileActive();
+  }
   void EvaluateItem(model::MenuItem&) override {}
   void BeforeFill(model::MenuItem&) override {}
   void FlipToggle() override { log += "toggle;"; }
@@ -27,6 +33,8 @@ class RecordingActions final : public app::ScreenActions {
   }
 
   std::string log;
+  std::function<void()> whileBroughtUpToDate;
+  std::function<void()> whileActive;
 };
 
 }  // namespace tests

@@ -500,6 +500,27 @@ TEST_F(OneDialogTest, TheSystemMessageIsAnsweredByEnterAndByEsc) {
   }
 }
 
+TEST_F(OneDialogTest, ABoxOfThePlatformIsNoWiderThanTheScreen) {
+  const WideString text = u"Certificates were successfully imported.";
+  for (const int width : {160, 240}) {
+    CurrentEnvironment().screenWidthPx = width;
+    bool seen = false;
+    display.Then([&] {
+      seen = true;
+      const Rect place = WindowRect(ActiveWindow());
+      EXPECT_LE(0, place.left);
+      EXPECT_LE(place.right, width);
+      const WindowHandle line = ControlOf(ActiveWindow(), 65535);
+      const int lines = ClientRect(line).Height() / FontOf(line).heightPx;
+      EXPECT_LE(TextWidthIn(line, text), ClientRect(line).Width() * lines);
+      EXPECT_EQ(width == 160 ? 2 : 1, lines);
+    });
+    display.Key(key::kEnter);
+    ShowSystemMessage(text, u"Success");
+    EXPECT_TRUE(seen);
+  }
+}
+
 TEST_F(OneDialogTest, DialogUnitsFollowTheFont) {
   MessageTable looking;
   std::vector<Rect> clients;

@@ -1,6 +1,7 @@
 #include "platform/canvas.h"
 #include "platform/events.h"
 #include "tests/platform/host_fixture.h"
+#include "tests/support/test_terminal.h"
 
 #include <gtest/gtest.h>
 
@@ -52,6 +53,33 @@ TEST_F(WindowTest, SubclassesStackAndLeaveInAnyOrder) {
   third.reset();
   EXPECT_EQ(0, Send(window, message::kUser));
   EXPECT_EQ("", log);
+}
+
+// Fails at a message; what it sends itself before that has been answered.
+class Failing : public MessageHandler {
+ public:
+  std::optional<LResult> OnMessage(WindowHandle window, const Message& message) override {
+    if (message.id == message::kUser) throw std::bad_alloc();
+    if (message.id != message::kUser + 1) return std::nullopt;
+    Send(window, message::kUser);
+    return 7;
+  }
+};
+
+TEST(FailingHandler, IsLoggedAndPassedOver) {
+  tests::TestTerminal terminal;
+  const WindowHandle window = MakeWindow({.className = u"Static"});
+  const WideString line = u"EXCEPTION: MessageHandler::OnMessage()\r\n";
+  std::string log;
+  Naming behind(log, 'b');
+  const Subclass second(window, behind);
+  Failing failing;
+  const Subclass first(window, failing);
+  EXPECT_EQ(0, Send(window, message::kUser));
+  EXPECT_EQ((std::vector<WideString>{line}), terminal.TakeDebugLines());
+  EXPECT_EQ("", log);
+  EXPECT_EQ(7, Send(window, message::kUser + 1));
+  EXPECT_EQ((std::vector<WideString>{line}), terminal.TakeDebugLines());
 }
 
 TEST_F(WindowTest, ASubclassOutlivesItsWindow) {

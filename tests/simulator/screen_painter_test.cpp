@@ -111,6 +111,16 @@ TEST_F(ScreenPainter, AMenuIsShownLineByLineWithItsTitleCentred) {
   EXPECT_FALSE(painted->caret);
 }
 
+TEST_F(ScreenPainter, AListLeavesTheLinesAboveItInSight) {
+  for (int top = 0; top < 8; ++top) {
+    MessageTable messages = ListWithLines(3, 0);
+    const std::string text = Show({{1, u"Static", u"The first line\nthe second", kShown, 3, top, 90, 20},
+                                   {2, u"ListBox", u"", kShown | style::kListNoIntegralHeight, 0, top + 14, 135, 40}},
+                                  messages);
+    EXPECT_TRUE(Has(text, "The first line") && Has(text, "the second") && Has(text, "line 1.")) << top << text;
+  }
+}
+
 TEST_F(ScreenPainter, ABarIsShownAsItDrewItself) {
   MessageTable messages;
   const std::string text = Show({{1, u"Bar", u"", kShown | style::kBorder, 100, 10, 8, 60}}, messages);
