@@ -43,6 +43,7 @@ const std::set<std::string> kStandardHeaders = {
     "fstream",
     "functional",
     "initializer_list",
+    "iosfwd",
     "iostream",
     "istream",
     "iterator",
