@@ -10,6 +10,12 @@ function(kel_precompile target family)
   endif()
 endfunction()
 
+# kel_alone(SOURCES...): sources that are never compiled together with others of their folder, because of names of their
+# own that others have too.
+function(kel_alone)
+  set_source_files_properties(${ARGN} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+endfunction()
+
 # kel_floor(NAME SOURCES... [BELOW TARGETS...]): one folder of the product as a static library. What it links is what it
 # may include.
 function(kel_floor name)

@@ -5,7 +5,7 @@
 
 #include <cstddef>
 #include <functional>
-#include <iosfwd>
+#include <ostream>
 #include <string>
 #include <vector>
 
