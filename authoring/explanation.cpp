@@ -61,6 +61,15 @@ void AddOwnValue(const Trial& trial, const MenuItem& item, std::vector<Lever>& l
   if (trial.Model().FindDescriptor(oid) != nullptr) levers.push_back({oid, {}, {std::move(value)}});
 }
 
+std::vector<Verdict> HiddenLinesWhenShown(Trial& trial, RuleTrace& trace, MenuItem& menu) {
+  if (menu.Parent() == nullptr) {
+    trial.Enter(menu);
+  } else {
+    trial.Open(menu);
+  }
+  return HiddenLines(trial, trace, menu);
+}
+
 }  // namespace
 
 Explanation Explain(Trial& trial, RuleTrace& trace, const ItemPlace& place, const Tried& tried) {
@@ -100,15 +109,18 @@ Explanation Explain(Trial& trial, RuleTrace& trace, const ItemPlace& place, cons
   item = ItemAtPlace(trial.Model(), place);
   explanation.keys = trial.KeysTo(*item);
   if (explanation.isMenu && explanation.look.IsShown()) {
-    if (item->Parent() == nullptr) {
-      trial.Enter(*item);
-    } else {
-      trial.Open(*item);
-    }
-    explanation.hiddenLines = HiddenLines(trial, trace, *item);
+    explanation.hiddenLines = HiddenLinesWhenShown(trial, trace, *item);
   }
   trial.Rebuild();
   return explanation;
+}
+
+void AddHiddenBeside(Trial& trial, RuleTrace& trace, const ItemPlace& place, Explanation& explanation) {
+  trial.Rebuild();
+  MenuItem* item = ItemAtPlace(trial.Model(), place);
+  if (item == nullptr || item->Parent() == nullptr) return;
+  explanation.hiddenBeside = HiddenLinesWhenShown(trial, trace, *item->Parent());
+  trial.Rebuild();
 }
 
 }  // namespace authoring

@@ -55,7 +55,8 @@ struct Explanation {
   std::vector<Verdict> closedMenus;  // those above it that cannot be opened, from the top
   std::vector<Remark> remarks;
   std::vector<Wish> wishes;
-  std::vector<Verdict> hiddenLines;  // of a menu
+  std::vector<Verdict> hiddenLines;   // of a menu
+  std::vector<Verdict> hiddenBeside;  // of the menu that it is in; only by AddHiddenBeside()
 };
 
 // Told how many assumptions have been tried.
@@ -64,6 +65,9 @@ using Tried = std::function<void(std::size_t done, std::size_t most)>;
 // `trace` is the trial's listener. The trial stands afterwards as it was made, with all items anew. Bounded, whatever
 // the configuration.
 Explanation Explain(Trial& trial, RuleTrace& trace, const ItemPlace& item, const Tried& tried = {});
+
+// Adds which lines are hidden in the menu around the item.
+void AddHiddenBeside(Trial& trial, RuleTrace& trace, const ItemPlace& item, Explanation& explanation);
 
 // The lines of a menu that are not shown now.
 std::vector<Verdict> HiddenLines(Trial& trial, RuleTrace& trace, model::MenuItem& menu);

@@ -138,6 +138,7 @@ ordered_json ToJson(const Explanation& explanation) {
   json["wishes"] = ordered_json::array();
   for (const Wish& wish : explanation.wishes) json["wishes"].push_back(OfWish(wish));
   json["hiddenLines"] = OfVerdicts(explanation.hiddenLines);
+  json["hiddenBeside"] = OfVerdicts(explanation.hiddenBeside);
   return json;
 }
 

@@ -1,4 +1,4 @@
-// An explanation for another program to read; docs/schemas/why.schema.json says what is in it.
+// An explanation for another program to read; docs/kelconf-why.schema.json says what is in it.
 #pragma once
 
 #include "authoring/explanation.h"

@@ -68,13 +68,8 @@ class Writer {
       Rules(it_.line);
     }
     for (const Wish& wish : it_.wishes) Ways(wish);
-    if (!it_.hiddenLines.empty()) {
-      Add(u"");
-      Add(u"Hidden lines of this menu:", Style::kTitle);
-      for (const Verdict& line : it_.hiddenLines) {
-        Add(u"  " + line.title + u"  " + WideString(WordFor(line.state)) + DecidedText(line));
-      }
-    }
+    Hidden(u"Hidden lines of this menu:", it_.hiddenLines);
+    Hidden(u"Hidden lines of the menu it is in:", it_.hiddenBeside);
     return std::move(lines_);
   }
 
@@ -115,6 +110,15 @@ class Writer {
       Add(std::move(outcome), wins ? Style::kWinner : Style::kPlain);
     }
     for (const SeenWireless& change : verdict.wireless) Add(u"Wireless rules: " + Sentence(change));
+  }
+
+  void Hidden(WideString heading, const std::vector<Verdict>& lines) {
+    if (lines.empty()) return;
+    Add(u"");
+    Add(std::move(heading), Style::kTitle);
+    for (const Verdict& line : lines) {
+      Add(u"  " + line.title + u"  " + WideString(WordFor(line.state)) + DecidedText(line));
+    }
   }
 
   void Ways(const Wish& wish) {

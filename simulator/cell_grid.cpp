@@ -51,6 +51,14 @@ void CellGrid::Put(int column, int row, Cell cell, const CellRect& clip) {
   cells_[static_cast<std::size_t>(row) * static_cast<std::size_t>(columns_) + static_cast<std::size_t>(column)] = cell;
 }
 
+void CellGrid::Copy(const CellGrid& other, int left, int top) {
+  for (int row = 0; row < std::min(rows_, other.rows_ - top); ++row) {
+    for (int column = 0; column < std::min(columns_, other.columns_ - left); ++column) {
+      Put(column, row, other.At(left + column, top + row), Whole());
+    }
+  }
+}
+
 void CellGrid::Fill(const CellRect& rect, Cell cell, const CellRect& clip) {
   const CellRect inside = Intersection(Intersection(rect, clip), Whole());
   for (int row = inside.top; row < inside.bottom; ++row) {

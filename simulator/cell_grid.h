@@ -39,6 +39,8 @@ class CellGrid {
 
   // Nothing outside `clip` and the grid is touched.
   void Put(int column, int row, Cell cell, const CellRect& clip);
+  // The part of another grid that begins at this cell of it, as far as there is room.
+  void Copy(const CellGrid& other, int left, int top);
   void Fill(const CellRect& rect, Cell cell, const CellRect& clip);
   // One cell a code point, from a column on; what is no printable character shows as a blank.
   void Text(int column, int row, WideStringView text, CellStyle style, const CellRect& clip);

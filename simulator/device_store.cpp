@@ -124,6 +124,19 @@ std::string DeviceStore::Read() {
   return problem.empty() ? "" : file_.string() + problem;
 }
 
+bool DeviceStore::AreIn(const std::optional<std::string>& bytes) const {
+  Lines current;
+  std::size_t ignored = 0;
+  return bytes && Parse(*bytes, current, ignored).empty() && current == lines_;
+}
+
+bool DeviceStore::IsAsInFile() {
+  const std::lock_guard lock(mutex_);
+  std::error_code error;
+  if (!std::filesystem::exists(file_, error)) return lines_.empty();
+  return AreIn(ReadTextFile(file_));
+}
+
 platform::ResultCode DeviceStore::Get(const WideString& oid, std::optional<WideString>& value) {
   const std::lock_guard lock(mutex_);
   value.reset();
@@ -187,9 +200,7 @@ bool DeviceStore::Append(const DeviceLine& line) {
 void DeviceStore::Compact() {
   superseded_ = 0;
   const auto bytes = shared_ ? std::nullopt : ReadTextFile(file_);
-  Lines current;
-  std::size_t ignored = 0;
-  if (!bytes || !Parse(*bytes, current, ignored).empty() || current != lines_) return;
+  if (!AreIn(bytes)) return;
   std::string tidy;
   std::unordered_set<WideString> written;
   ForEachLine(*bytes, [&](std::size_t, std::string_view text) {

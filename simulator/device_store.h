@@ -58,6 +58,9 @@ class DeviceStore {
   // Another process has the file as well: from now on it is only added to.
   void ShareFile();
 
+  // Whether the file says what this device has; not so when somebody has edited it.
+  bool IsAsInFile();
+
   platform::ResultCode Get(const WideString& oid, std::optional<WideString>& value);
 
   // Returns when the value is on disk; on any failure nothing has changed. Whenever the process is killed, the file
@@ -68,6 +71,7 @@ class DeviceStore {
   using Lines = std::unordered_map<WideString, DeviceLine>;
   static std::string Parse(std::string_view bytes, Lines& lines, std::size_t& superseded);
   std::string Read();
+  bool AreIn(const std::optional<std::string>& bytes) const;
   bool Append(const DeviceLine& line);
   void Compact();
   void Pass(int delayMs) const;

@@ -2,7 +2,9 @@
 #include "app/entry.h"
 #include "app/kel_config_app.h"
 #include "base/utf8.h"
+#include "simulator/authors_display.h"
 #include "simulator/demonstration.h"
+#include "simulator/folder_watch.h"
 #include "simulator/instance_lock.h"
 #include "simulator/options.h"
 #include "simulator/script.h"
@@ -62,6 +64,39 @@ struct Outcome {
   std::string remark;
 };
 
+// What only people at a text display have.
+class ForPeople {
+ public:
+  ForPeople(const Options& options, const std::filesystem::path& root, Storage& storage,
+            const app::CKelConfigApp* const& running)
+      : text_(
+            options.screenWidthPx, options.screenHeightPx,
+            [&running] { return running != nullptr && running->Inserts(); }, panel_) {
+    const auto wake = [this] { text_.Wake(); };
+    const std::string source = base::ToUtf8(options.commandLine);
+    if (const auto kelconf = ProgramBeside("kelconf", "tools"); !kelconf.empty()) {
+      advisor_.emplace(kelconf, root, source, wake);
+    }
+    if (options.watch && advisor_) watch_.emplace(root, wake);
+    if (options.watch && !advisor_) problem_ = "--watch needs kelconf beside this program";
+    if (watch_) problem_ = watch_->Problem();
+    authors_.emplace(AuthorsDisplay::Parts{
+        text_, panel_, advisor_ ? &*advisor_ : nullptr, watch_ ? &*watch_ : nullptr, [&running] { return running; },
+        [&storage] { return !storage.device || !storage.device->IsAsInFile(); }, source});
+  }
+
+  std::string Start() { return problem_.empty() ? text_.Start() : problem_; }
+  AuthorsDisplay& Display() { return *authors_; }
+
+ private:
+  TextPanel panel_;
+  TextDisplay text_;
+  std::optional<KelconfAdvisor> advisor_;
+  std::optional<FolderWatch> watch_;
+  std::optional<AuthorsDisplay> authors_;
+  std::string problem_;
+};
+
 int Run(const Options& options, Outcome& outcome) {
   std::string problem;
   const auto scriptText = ReadScript(options.script);
@@ -75,28 +110,32 @@ int Run(const Options& options, Outcome& outcome) {
   const auto root = options.root.empty() ? Demonstration(options.reset, problem) : options.root;
   if (!problem.empty()) return Complain(kUnusable, problem);
 
-  const bool scripted = !options.script.empty() || options.display == Options::DisplayKind::kNone;
   InstanceLock instance(root);
   if (!instance.Problem().empty()) return Complain(kUnusable, instance.Problem());
-  platform::host::Display* display = nullptr;
-  const auto wait = [&display](int milliseconds) { display->Pause(std::chrono::milliseconds(milliseconds)); };
+  const app::CKelConfigApp* running = nullptr;
   Storage storage;
-  problem = OpenStorage(root, wait, storage);
+  LineLog effects(!options.HasTextDisplay());
+  DebugLog debug(!options.HasTextDisplay());
+  ScriptDisplay player(std::move(script), scriptName, effects, debug,
+                       [](const std::string& printed) { std::cout << printed << std::flush; });
+  std::optional<ForPeople> people;
+  if (options.HasTextDisplay()) people.emplace(options, root, storage, running);
+  platform::host::Display& display = people ? static_cast<platform::host::Display&>(people->Display()) : player;
+  const auto wait = [&display](int milliseconds) { display.Pause(std::chrono::milliseconds(milliseconds)); };
+  const auto open = [&] {
+    Storage fresh;
+    std::string refused = OpenStorage(root, wait, fresh);
+    if (refused.empty()) storage = std::move(fresh);
+    if (refused.empty() && instance.Other() != 0) storage.device->ShareFile();
+    return refused;
+  };
+
+  if (!options.watch) problem = open();
   if (!problem.empty()) return Complain(kUnusable, problem);
-  if (instance.Other() != 0) storage.device->ShareFile();
-  LineLog effects(scripted);
-  DebugLog debug(scripted);
   if (!options.log.empty() && !debug.WriteTo(options.log)) {
     return Complain(kUnusable, options.log + ": cannot be written");
   }
-
-  const app::CKelConfigApp* running = nullptr;
-  TextDisplay text(options.screenWidthPx, options.screenHeightPx,
-                   [&running] { return running != nullptr && running->Inserts(); });
-  ScriptDisplay player(std::move(script), scriptName, effects, debug,
-                       [](const std::string& printed) { std::cout << printed << std::flush; });
-  display = scripted ? static_cast<platform::host::Display*>(&player) : &text;
-  if (!scripted) problem = text.Start();
+  if (people) problem = people->Start();
   if (!problem.empty()) return Complain(kUnusable, problem);
 
   const auto watcher = [&running](const app::CKelConfigApp* application) { running = application; };
@@ -104,9 +143,15 @@ int Run(const Options& options, Outcome& outcome) {
     outcome.report = app::RunUtility(commandLine, watcher);
     return 0;
   };
-  Terminal terminal({storage, instance, effects, debug, *display}, options.screenWidthPx, options.screenHeightPx,
-                    utility);
-  terminal.Run(options.commandLine);
+  Terminal::Parts parts{storage, instance, effects, debug, display};
+  // What cannot be opened now changes once more, and stays as it was until then.
+  if (options.watch) parts.beforeStartingAgain = open;
+  Terminal terminal(std::move(parts), options.screenWidthPx, options.screenHeightPx, utility);
+  for (bool again = false; !options.watch || people->Display().AwaitUsable(again); again = true) {
+    if (options.watch && !open().empty()) continue;
+    terminal.Run(options.commandLine);
+    if (!options.watch || outcome.report.isLoaded || terminal.GaveWay()) break;
+  }
   if (terminal.GaveWay()) {
     outcome.remark = "this terminal already runs, as process " + std::to_string(instance.Other()) + "; it was rung";
   }

@@ -64,15 +64,17 @@ bool HasButtons(WindowHandle window) {
 
 std::vector<WideString> KeypadLegend(bool inserts) {
   const Focus focus = WhatHasFocus();
+  const bool isOn = !host::TopLevelFromBottom().empty();
   std::vector<WideString> lines;
   for (const auto& legend : kLegends) {
-    if (legend.focus != focus) continue;
+    if (legend.focus != focus || !isOn) continue;
     for (const WideStringView line : legend.lines) {
       if (line == kButtons && !HasButtons(platform::ActiveWindow())) continue;
       lines.emplace_back(line == kInsert ? inserts ? u"Insert now: insert" : u"Insert now: overtype" : line);
     }
   }
-  lines.insert(lines.end(), {u"", u"Ctrl-C turn off"});
+  if (!lines.empty()) lines.insert(lines.end(), {u"", u"Ctrl-W why this line"});
+  lines.emplace_back(u"Ctrl-C turn off");
   return lines;
 }
 

@@ -55,6 +55,11 @@ std::string SetReset(Options& options, const std::string&) {
   return {};
 }
 
+std::string SetWatch(Options& options, const std::string&) {
+  options.watch = true;
+  return {};
+}
+
 std::string SetVersion(Options& options, const std::string&) {
   options.version = true;
   return {};
@@ -74,7 +79,8 @@ const struct {
     {"root", 0, required_argument, SetRoot},       {"screen", 0, required_argument, SetScreen},
     {"display", 0, required_argument, SetDisplay}, {"script", 0, required_argument, SetScript},
     {"log", 0, required_argument, SetLog},         {"reset", 0, no_argument, SetReset},
-    {"version", 0, no_argument, SetVersion},       {"help", 'h', no_argument, SetHelp},
+    {"watch", 0, no_argument, SetWatch},           {"version", 0, no_argument, SetVersion},
+    {"help", 'h', no_argument, SetHelp},
 };
 constexpr int kOptionCount = static_cast<int>(std::size(kOptions));
 
@@ -111,6 +117,9 @@ std::optional<Options> ParseOptions(int count, char* const* arguments, std::stri
   }
   if (problem.empty() && options.reset && !options.root.empty()) {
     problem = "--reset is for the demonstration terminal and cannot go with --root";
+  }
+  if (problem.empty() && options.watch && !options.HasTextDisplay()) {
+    problem = "--watch is for people: it cannot go with --script or --display none";
   }
   if (!problem.empty()) return std::nullopt;
   for (int i = optind; i < count; ++i) {

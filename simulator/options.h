@@ -19,9 +19,12 @@ struct Options {
   std::string script;  // empty: none; "-": standard input
   std::string log;     // empty: none
   bool reset = false;
+  bool watch = false;
   bool version = false;
   bool help = false;
   WideString commandLine;  // of the utility
+
+  bool HasTextDisplay() const { return script.empty() && display == DisplayKind::kText; }
 };
 
 // Nothing, and one line in `problem`, when the arguments cannot be used.

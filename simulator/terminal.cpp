@@ -59,17 +59,24 @@ class DeviceUntilReset : public platform::ISnmpConfig {
 }  // namespace
 
 Terminal::Terminal(Parts parts, int screenWidthPx, int screenHeightPx, Program program)
-    : parts_(parts), screenWidthPx_(screenWidthPx), screenHeightPx_(screenHeightPx), program_(std::move(program)) {}
+    : parts_(std::move(parts)),
+      screenWidthPx_(screenWidthPx),
+      screenHeightPx_(screenHeightPx),
+      program_(std::move(program)) {}
 
 int Terminal::Run(WideStringView commandLine) {
   int status = 0;
   PublishingDisplay display(parts_.display, parts_.instance);
-  do {
+  for (;;) {
     resetting_ = false;
-    const platform::host::InstalledEnvironment environment(MakeEnvironment(display));
-    status = program_(commandLine);
-    if (!resetting_) parts_.effects.Add(ExitLine(status));
-  } while (resetting_);
+    {
+      const platform::host::InstalledEnvironment environment(MakeEnvironment(display));
+      status = program_(commandLine);
+    }
+    if (!resetting_) break;
+    if (parts_.beforeStartingAgain) parts_.beforeStartingAgain();
+  }
+  parts_.effects.Add(ExitLine(status));
   return status;
 }
 

@@ -1,6 +1,7 @@
 #include "simulator/text_display.h"
 
 #include "simulator/screen_painter.h"
+#include "simulator/viewport.h"
 
 #include <signal.h>
 #include <unistd.h>
@@ -18,8 +19,8 @@ bool AsksToDrawAnew(const KeyStroke& stroke) { return stroke.control && stroke.v
 
 }  // namespace
 
-TextDisplay::TextDisplay(int screenWidthPx, int screenHeightPx, std::function<bool()> inserts)
-    : widthPx_(screenWidthPx), heightPx_(screenHeightPx), inserts_(std::move(inserts)) {}
+TextDisplay::TextDisplay(int screenWidthPx, int screenHeightPx, std::function<bool()> inserts, TextPanel& panel)
+    : widthPx_(screenWidthPx), heightPx_(screenHeightPx), inserts_(std::move(inserts)), panel_(panel) {}
 
 std::string TextDisplay::Start() {
   if (!wake_.IsOpen()) return "the text display cannot make a pipe";
@@ -30,7 +31,17 @@ std::string TextDisplay::Start() {
 
 void TextDisplay::Show() {
   const CursesScreen::Size size = screen_.SizeNow();
-  screen_.Show(PaintScreen(size.columns, size.rows, {widthPx_, heightPx_, inserts_()}));
+  screen_.Show(Paint(size.columns, size.rows));
+}
+
+PaintedScreen TextDisplay::Paint(int columns, int rows) {
+  const DeviceScreen device{widthPx_, heightPx_, inserts_()};
+  if (!panel_.IsOpen() || IsTooSmall(columns, rows)) return PaintScreen(columns, rows, device);
+  const int deviceRows = rows - panel_.Fit(columns, rows);
+  PaintedScreen screen{CellGrid(columns, rows), std::nullopt, {}};
+  if (deviceRows > 0) screen.grid.Copy(PaintScreen(columns, deviceRows, device).grid, 0, 0);
+  panel_.Paint(screen.grid);
+  return screen;
 }
 
 std::optional<KeyStroke> TextDisplay::NextKey() {

@@ -4,6 +4,7 @@
 #include "platform/host/display.h"
 #include "simulator/curses_screen.h"
 #include "simulator/terminal_keyboard.h"
+#include "simulator/text_panel.h"
 #include "simulator/wake_pipe.h"
 
 #include <functional>
@@ -14,8 +15,9 @@ namespace simulator {
 
 class TextDisplay : public platform::host::Display {
  public:
-  // `inserts` says whether typing in the program's fields inserts now.
-  TextDisplay(int screenWidthPx, int screenHeightPx, std::function<bool()> inserts);
+  // `inserts` says whether typing in the program's fields inserts now. While `panel` is open the device has the rows
+  // above it.
+  TextDisplay(int screenWidthPx, int screenHeightPx, std::function<bool()> inserts, TextPanel& panel);
 
   // Takes the terminal over, until this goes. Empty, or why it cannot be used.
   std::string Start();
@@ -28,10 +30,12 @@ class TextDisplay : public platform::host::Display {
 
  private:
   void Show();
+  PaintedScreen Paint(int columns, int rows);
 
   const int widthPx_;
   const int heightPx_;
   const std::function<bool()> inserts_;
+  TextPanel& panel_;
   WakePipe wake_;
   CursesScreen screen_;
   std::optional<TerminalKeyboard> keyboard_;

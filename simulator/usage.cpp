@@ -16,11 +16,13 @@ Options:
   --script FILE        play a UI script ("-" is standard input); implies --display none
   --log FILE           debug output; default: nowhere
   --reset              put the demonstration terminal back to its first state, then start
+  --watch              start the utility again when a file of the storage changes, and go back to the same line
   --version            the program's name and version
   -h, --help           this text
 
 Keys:
-  Beside the screen stands what the keys do. Ctrl-L draws it anew, Ctrl-C turns the terminal off at once.
+  Beside the screen stands what the keys do. Ctrl-W says why the selected line looks as it does, and which lines of its
+  menu are hidden; Ctrl-L draws the screen anew, Ctrl-C turns the terminal off at once.
 
 Environment:
   TERM                 the kind of terminal this window is
@@ -37,6 +39,7 @@ Exit status:
 
 Examples:
   kelterm --root my-terminal
+  kelterm --watch --root my-terminal
   kelterm --screen 160x160 '\Windows\ovu.xml'
   printf 'wait\nkey 1\ndump\n' | kelterm --script -
 )";

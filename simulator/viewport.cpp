@@ -44,14 +44,7 @@ PaintedScreen InViewport(PaintedScreen whole, int columns, int rows) {
   if (columns >= whole.grid.Columns() && rows >= whole.grid.Rows()) return whole;
   const CellRect part = Part(whole, columns, rows);
   PaintedScreen screen{CellGrid(columns, rows), std::nullopt, {}};
-  for (int row = 0; row < rows; ++row) {
-    for (int column = 0; column < columns; ++column) {
-      const int fromColumn = part.left + column;
-      const int fromRow = part.top + row;
-      if (fromColumn >= whole.grid.Columns() || fromRow >= whole.grid.Rows()) continue;
-      screen.grid.Put(column, row, whole.grid.At(fromColumn, fromRow), screen.grid.Whole());
-    }
-  }
+  screen.grid.Copy(whole.grid, part.left, part.top);
   if (whole.caret && whole.caret->column >= part.left && whole.caret->column < part.right &&
       whole.caret->row >= part.top && whole.caret->row < part.bottom) {
     screen.caret = {whole.caret->column - part.left, whole.caret->row - part.top};

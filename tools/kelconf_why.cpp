@@ -18,6 +18,7 @@ struct Options {
   SourceOptions source;
   std::string entry;
   Format format = Format::kText;
+  bool menu = false;
 };
 
 void Print(const std::vector<authoring::TextLine>& lines, const Streams& streams) {
@@ -43,9 +44,10 @@ int Run(const Options& options, Streams& streams) {
   if (item == nullptr) return kFound;
 
   Progress progress(streams.errors, "trying other values", streams.watched);
-  const auto explanation =
-      authoring::Explain(trial, trace, authoring::PlaceOf(*item),
-                         [&progress](std::size_t done, std::size_t most) { progress.Tell(done, most); });
+  const authoring::ItemPlace place = authoring::PlaceOf(*item);
+  auto explanation = authoring::Explain(trial, trace, place,
+                                        [&progress](std::size_t done, std::size_t most) { progress.Tell(done, most); });
+  if (options.menu) authoring::AddHiddenBeside(trial, trace, place, explanation);
   if (options.format == Format::kJson) {
     streams.out << authoring::ToJson(explanation).dump(2) << '\n';
   } else {
@@ -63,6 +65,7 @@ void DescribeWhy(Command command, Streams& streams) {
       "Example: kelconf why examples/small \"Light Time\"");
   AddSourceOptions(command, options->source);
   command.RequiredText("ENTRY", options->entry, "the line that is meant");
+  command.Flag("--menu", options->menu, "name the hidden lines of the menu it is in, too");
   AddFormatOption(command, options->format);
   command.Do([options, &streams] { return Run(*options, streams); });
 }

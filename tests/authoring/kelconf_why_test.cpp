@@ -19,6 +19,14 @@ TEST(KelconfWhy, ExplainsALineInWordsAndAsJson) {
   EXPECT_EQ("2", json["wishes"][0]["ways"][0][0]["value"]);
 }
 
+TEST(KelconfWhy, NamesTheHiddenLinesBesideItWhenAsked) {
+  const std::string demonstration = tests::kDemonstration.string();
+  const std::string heading = "Hidden lines of the menu it is in:\n  Key Index  hidden, by the wireless rules\n";
+  const auto asked = RunKelconf({"why", "--menu", demonstration, "Wireless\\Authentication"});
+  EXPECT_NE(std::string::npos, asked.out.find(heading)) << asked.out;
+  EXPECT_EQ(std::string::npos, RunKelconf({"why", demonstration, "Wireless\\Authentication"}).out.find("Hidden lines"));
+}
+
 TEST(KelconfWhy, ListsTheCandidatesOfAnAmbiguousEntry) {
   const auto run = RunKelconf({"why", tests::kDemonstration.string(), "Port Use"});
   const auto unknown = RunKelconf({"why", tests::kDemonstration.string(), "Warp Drive"});

@@ -38,6 +38,7 @@ TEST(Options, EveryOptionIsTaken) {
   EXPECT_EQ("l", options->log);
   EXPECT_EQ(u"HKEY_LOCAL_MACHINE\\Grüße two", options->commandLine);
   EXPECT_TRUE(Parse({"--reset"}, problem)->reset);
+  EXPECT_TRUE(Parse({"--watch"}, problem)->watch);
   EXPECT_TRUE(Parse({"--version"}, problem)->version);
   EXPECT_TRUE(Parse({"--help"}, problem)->help);
   EXPECT_TRUE(Parse({"-h"}, problem)->help);
@@ -54,6 +55,8 @@ TEST(Options, UnusableArgumentsAreOneLine) {
       {{"SOURCE", "--reset", "--bogus"}, "there is no option --bogus; see kelterm --help"},
       {{"--root"}, "--root needs an argument; see kelterm --help"},
       {{"--root", ""}, "--root takes a folder"},
+      {{"--watch", "--script", "-"}, "--watch is for people: it cannot go with --script or --display none"},
+      {{"--display=none", "--watch"}, "--watch is for people: it cannot go with --script or --display none"},
       {{"--screen", "240"}, "--screen takes WIDTHxHEIGHT in pixels, each from 100 to 2000"},
       {{"--screen", "240x99"}, "--screen takes WIDTHxHEIGHT in pixels, each from 100 to 2000"},
       {{"--screen", "240x320x"}, "--screen takes WIDTHxHEIGHT in pixels, each from 100 to 2000"},

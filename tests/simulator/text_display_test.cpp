@@ -21,13 +21,14 @@ TextTerminal::Variables With(TextTerminal::Variables more) {
 
 class TextDisplayTest : public ::testing::Test {
  protected:
-  void SetUp() override {
+  void SetUp() override { Write("Below"); }
+
+  void Write(const std::string& below) const {
     std::string menu;
     for (int i = 1; i <= 9; ++i) {
       const std::string name = "Line" + std::to_string(i);
-      menu += "<GROUP name=\"" + name + "\"><DisplayName>" + name +
-              "</DisplayName><GROUP name=\"X\"><DisplayName>Below" + std::to_string(i) +
-              "</DisplayName></GROUP></GROUP>";
+      menu += "<GROUP name=\"" + name + "\"><DisplayName>" + name + "</DisplayName><GROUP name=\"X\"><DisplayName>" +
+              below + std::to_string(i) + "</DisplayName></GROUP></GROUP>";
     }
     root.Write("Windows/ovu.xml", "<GROUP name=\"R\"><DisplayName>Start</DisplayName>" + menu + "</GROUP>");
   }
@@ -145,6 +146,41 @@ TEST_F(TextDisplayTest, CtrlCEndsItAndPutsTheTerminalBack) {
   terminal.Send("\x03");
   EXPECT_EQ(-SIGINT, terminal.Wait());
   EXPECT_NE(std::string::npos, terminal.Output().find("\x1B[?1049l")) << terminal.Output();
+}
+
+TEST_F(TextDisplayTest, CtrlWExplainsTheSelectedLineInWindowsOfAnySize) {
+  for (const auto& [columns, height] : {std::pair(80, 24), std::pair(120, 50), std::pair(40, 10)}) {
+    TextTerminal terminal(OnRoot(), kXterm, columns, height);
+    ASSERT_TRUE(terminal.Shows("Line1")) << terminal.Output();
+    terminal.Send("\x1B[B\x17");
+    EXPECT_TRUE(terminal.Shows("path   Line2")) << columns << "x" << height << terminal.Output();
+    terminal.Send("\x17");
+    EXPECT_TRUE(terminal.ShowsWithout("Line3", "path")) << columns << "x" << height << terminal.Output();
+  }
+}
+
+TEST_F(TextDisplayTest, AWatchedTerminalStartsAgainWhereItWasWhenItsStorageChanges) {
+  TextTerminal terminal(OnRoot({"--watch"}), kXterm);
+  ASSERT_TRUE(terminal.Shows("Line1")) << terminal.Output();
+  terminal.Send("2");
+  ASSERT_TRUE(terminal.Shows("Below2")) << terminal.Output();
+  Write("Deep");
+  EXPECT_TRUE(terminal.Shows("Deep2")) << terminal.Output();
+  root.Write("Windows/ovu.xml", "<GROUP name=\"R\"><GROUP></GROUP");
+  EXPECT_TRUE(terminal.Shows("ovu.xml:1:")) << terminal.Output();
+  EXPECT_TRUE(terminal.Shows("Deep2")) << terminal.Output();
+  Write("Low");
+  EXPECT_TRUE(terminal.ShowsWithout("Low2", "ovu.xml:1:")) << terminal.Output();
+}
+
+TEST_F(TextDisplayTest, AWatchedTerminalWaitsUntilItsStorageCanBeUsed) {
+  root.Write("device.txt", "broken\n");
+  TextTerminal terminal(OnRoot({"--watch"}), kXterm);
+  EXPECT_TRUE(terminal.Shows("device.txt:1:")) << terminal.Output();
+  root.Write("device.txt", "");
+  EXPECT_TRUE(terminal.Shows("Line1")) << terminal.Output();
+  root.Write("device.txt", "broken\n");
+  EXPECT_TRUE(terminal.Shows("device.txt:1:")) << terminal.Output();
 }
 
 }  // namespace
