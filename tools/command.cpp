@@ -5,17 +5,23 @@
 #include <utility>
 
 namespace tools {
+namespace {
+
+// An argument's name says all that --help has to say of what is given for it; an option's does not.
+CLI::Option* Plainly(CLI::Option* option) { return option->get_positional() ? option->option_text(" ") : option; }
+
+}  // namespace
 
 void Command::Text(const std::string& names, std::string& value, const std::string& help) {
-  app_.add_option(names, value, help);
+  Plainly(app_.add_option(names, value, help));
 }
 
 void Command::RequiredText(const std::string& names, std::string& value, const std::string& help) {
-  app_.add_option(names, value, help)->required();
+  Plainly(app_.add_option(names, value, help))->required();
 }
 
 void Command::Texts(const std::string& names, std::vector<std::string>& values, const std::string& help) {
-  app_.add_option(names, values, help);
+  Plainly(app_.add_option(names, values, help));
 }
 
 void Command::Flag(const std::string& name, bool& value, const std::string& help) { app_.add_flag(name, value, help); }

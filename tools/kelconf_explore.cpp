@@ -154,7 +154,9 @@ int Run(const Options& options, Streams& streams) {
 
 void DescribeExplore(Command command, Streams& streams) {
   const auto options = std::make_shared<Options>();
-  command.Remarks("Example: kelconf explore examples/small --scripts tests/screens");
+  command.Remarks(
+      "Exit status: 0 all was seen that can be, 1 something was not, or differs, 2 unusable arguments or files.\n"
+      "Example: kelconf explore examples/small --scripts tests/screens");
   AddSourceOptions(command, options->source);
   AddFormatOption(command, options->format);
   command.Number("--keys", options->keys, 1, 100'000'000, "how many keys may be pressed");

@@ -43,7 +43,9 @@ int Run(Options& options, Streams& streams) {
 
 void DescribeManual(Command command, Streams& streams) {
   const auto options = std::make_shared<Options>();
-  command.Remarks("Example: kelconf manual examples/small -o manual.html");
+  command.Remarks(
+      "Exit status: 0 the manual was written, 2 unusable arguments or files.\n"
+      "Example: kelconf manual examples/small -o manual.html");
   AddSourceOptions(command, options->source);
   command.RequiredText("-o,--output", options->output, "the file to write; \"-\" is standard output");
   command.Text("--title", options->terms.title, "its title; default: that of the main menu");

@@ -113,7 +113,9 @@ int Run(const Options& options, Streams& streams) {
 
 void DescribeTree(Command command, Streams& streams) {
   const auto options = std::make_shared<Options>();
-  command.Remarks("Example: kelconf tree examples/small");
+  command.Remarks(
+      "Exit status: 0 the menus were printed, 2 unusable arguments or files.\n"
+      "Example: kelconf tree examples/small");
   AddSourceOptions(command, options->source);
   AddFormatOption(command, options->format);
   command.Do([options, &streams] { return Run(*options, streams); });

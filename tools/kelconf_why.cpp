@@ -62,6 +62,7 @@ void DescribeWhy(Command command, Streams& streams) {
   const auto options = std::make_shared<Options>();
   command.Remarks(
       "ENTRY is a display name, an OID, a key path, or the keys to press (2-3-1).\n"
+      "Exit status: 0 it was explained, 1 there is no such entry or more than one, 2 unusable arguments or files.\n"
       "Example: kelconf why examples/small \"Light Time\"");
   AddSourceOptions(command, options->source);
   command.RequiredText("ENTRY", options->entry, "the line that is meant");

@@ -184,40 +184,6 @@ TEST(Proofs, FallbacksOfTwoPropertiesThatFollowEachOtherAreFound) {
 
 // --- formats ---
 
-// What a JSON schema of this kind can say: type, enum, const, required, properties, items, pattern, minimum.
-void Validate(const json& schema, const json& value, const std::string& path) {
-  if (schema.contains("const")) {
-    EXPECT_EQ(schema["const"], value) << path;
-  }
-  if (schema.contains("enum")) {
-    EXPECT_NE(schema["enum"].end(), std::find(schema["enum"].begin(), schema["enum"].end(), value)) << path;
-  }
-  const std::string type = schema.value("type", "");
-  if (type == "string") {
-    ASSERT_TRUE(value.is_string()) << path;
-    if (schema.contains("pattern")) {
-      EXPECT_TRUE(std::regex_search(value.get<std::string>(), std::regex(schema["pattern"].get<std::string>())))
-          << path;
-    }
-    EXPECT_GE(value.get<std::string>().size(), schema.value("minLength", 0u)) << path;
-  } else if (type == "integer") {
-    ASSERT_TRUE(value.is_number_integer()) << path;
-    EXPECT_GE(value.get<int>(), schema.value("minimum", 0)) << path;
-  } else if (type == "array") {
-    ASSERT_TRUE(value.is_array()) << path;
-    for (const json& item : value) Validate(schema["items"], item, path + "[]");
-  } else if (type == "object") {
-    ASSERT_TRUE(value.is_object()) << path;
-    for (const json& name : schema["required"]) {
-      EXPECT_TRUE(value.contains(name.get<std::string>())) << path << "." << name;
-    }
-    for (const auto& [name, member] : value.items()) {
-      ASSERT_TRUE(schema["properties"].contains(name)) << path << "." << name;
-      Validate(schema["properties"][name], member, path + "." + name);
-    }
-  }
-}
-
 std::vector<Finding> Some() {
   static StorageFolder folder;
   folder.WriteMenu(
@@ -291,16 +257,6 @@ TEST(FindingFormats, TextIsAsCompilersPrintIt) {
   EXPECT_TRUE(std::regex_search(said, std::regex("Windows/ovu\\.xml:2:59: error: There is no Type \"Integr\".* "
                                                  "\\[type-unknown\\]\n    Write \"Integer\"\\.\n")))
       << said;
-}
-
-TEST(FindingFormats, JsonFitsItsSchema) {
-  std::ifstream file(std::filesystem::path(KEL_DOCS) / "kelconf-check.schema.json");
-  const json schema = json::parse(file);
-  std::ostringstream out;
-  PrintJson(Some(), out);
-  const json document = json::parse(out.str());
-  ASSERT_EQ(2u, document["findings"].size());
-  Validate(schema, document, "");
 }
 
 TEST(FindingFormats, SarifHasWhatSarifRequires) {
