@@ -42,10 +42,8 @@ milliseconds Settling::Left(Clock::time_point now) const {
 FolderWatch::FolderWatch(const fs::path& root, std::function<void()> whenAtRest)
     : root_(root), whenAtRest_(std::move(whenAtRest)), inotify_(inotify_init1(IN_CLOEXEC | IN_NONBLOCK)) {
   Watch("", false);
-  if (folders_.empty() || !stop_.IsOpen()) {
-    problem_ = root.string() + ": cannot be watched: " + std::system_category().message(errno);
-    return;
-  }
+  if (problem_.empty() && !stop_.IsOpen()) problem_ = root.string() + ": cannot be watched";
+  if (!problem_.empty()) return;
   follower_ = std::thread([this] { Follow(); });
 }
 
@@ -109,7 +107,11 @@ void FolderWatch::ReadEvents() {
 // What lies in a new folder already came before its watch.
 void FolderWatch::Watch(const std::string& folder, bool isNew) {
   const int watch = inotify_add_watch(inotify_, (root_ / folder).c_str(), kChanges);
-  if (watch < 0) return;
+  if (watch < 0) {
+    // A new folder may be gone again, or not be for us; the system may watch only so many.
+    if (!isNew) problem_ = (root_ / folder).string() + ": cannot be watched: " + std::system_category().message(errno);
+    return;
+  }
   folders_[watch] = folder;
   std::error_code error;
   for (fs::directory_iterator at(root_ / folder, error), end; !error && at != end; at.increment(error)) {

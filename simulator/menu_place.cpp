@@ -12,7 +12,7 @@ using model::MenuItem;
 std::vector<EntryMark> MarksOf(const model::MenuModel& model, const MenuItem& menu) {
   std::vector<EntryMark> marks;
   for (const auto& child : menu.Children()) {
-    EntryMark mark{child->Name(), {}, child->DisplayName()};
+    EntryMark mark{WideString(child->Name()), {}, WideString(child->DisplayName())};
     if (const config::ConfigKey* key = model.FindKey(child->Path())) {
       const WideStringView oid = key->Value(TextId::kOid);
       mark.oid = oid.empty() ? key->Value(TextId::kCmdOid) : oid;

@@ -105,7 +105,7 @@ TEST(FolderWatch, SeveralWritesAreToldOfTogether) {
 
 TEST(FolderWatch, AFolderThatIsNotThereIsAProblem) {
   const FolderWatch watch("/nosuch/folder", [] {});
-  EXPECT_EQ("/nosuch/folder: cannot be watched: No such file or directory", watch.Problem());
+  EXPECT_EQ("/nosuch/folder/: cannot be watched: No such file or directory", watch.Problem());
 }
 
 TEST(StorageWatch, OnlyWhatIsReadAtTheStartCounts) {
