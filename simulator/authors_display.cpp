@@ -57,6 +57,7 @@ bool AuthorsDisplay::AwaitUsable(bool afterAChange) {
   }
   isUsable_.reset();
   parts_.panel.Close();
+  if (place_) wayBack_.emplace(*place_);
   return true;
 }
 

@@ -211,6 +211,27 @@ TEST_F(WatchedTerminal, WhatTheUtilityWritesItselfIsNoChange) {
   EXPECT_NE(WideString::npos, line.find(u"edited")) << base::ToUtf8(line);
 }
 
+TEST_F(WatchedTerminal, ADeviceFileThatSaysAgainWhatTheDeviceHasIsMended) {
+  const std::string device = root.Read("device.txt");
+  bool wasOpen = false;
+  Keypad keypad;
+  keypad.Then([&] {
+    root.Write("device.txt", "broken\n");
+    advisor.checkSays = "kelconf: device.txt:1: a line is ...\n";
+    Changed("device.txt");
+  });
+  keypad.Then([&] {
+    wasOpen = panel.IsOpen();
+    root.Write("device.txt", device);
+    advisor.checkSays.clear();
+    Changed("device.txt");
+  });
+  Play(keypad);
+  EXPECT_TRUE(wasOpen);
+  EXPECT_FALSE(panel.IsOpen());
+  EXPECT_EQ(2, starts);
+}
+
 TEST_F(WatchedTerminal, CtrlWAsksAboutTheSelectedLineAndTheProgramSeesNothingOfIt) {
   Keypad keypad;
   std::vector<std::string> places;
