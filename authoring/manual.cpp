@@ -2,14 +2,18 @@
 
 #include "authoring/goals.h"
 #include "authoring/manual_pictures.h"
+#include "authoring/manual_words.h"
 #include "authoring/rule_words.h"
 #include "authoring/screen_svg.h"
+#include "authoring/units.h"
+#include "authoring/wireless_words.h"
 #include "base/format.h"
 #include "base/number.h"
 #include "base/utf8.h"
 #include "values/value_types.h"
 
 #include <algorithm>
+#include <cctype>
 #include <map>
 #include <vector>
 
@@ -20,24 +24,29 @@ using model::MenuItem;
 using values::PropertyDescriptor;
 using values::TypeCode;
 
-const char* const kStyles =
-    "body{font:16px/1.5 system-ui,sans-serif;color:#1a1a1a;background:#fff;max-width:60rem;margin:0 "
-    "auto;padding:1rem}\n"
-    "h1{font-size:1.8rem;margin:.2rem 0}h2{font-size:1.4rem;border-bottom:2px solid #1d4f91;margin-top:2.5rem}\n"
-    "h3{font-size:1.1rem;margin:1.6rem 0 .2rem}a{color:#1d4f91}p,ul,dl{margin:.3rem 0}\n"
-    "nav ul{list-style:none;padding-left:1.2rem}nav>ul{padding-left:0}\n"
-    "kbd{border:1px solid #99a;border-radius:3px;padding:0 .35em;font:inherit;font-size:.85em;background:#f4f5f8}\n"
-    ".menu{display:flex;flex-wrap:wrap;gap:1.2rem;align-items:flex-start}.menu>*{min-width:0}\n"
-    "ol.lines{list-style:none;padding:0;margin:0;flex:1 1 16rem}ol.lines li{padding:.15rem 0}\n"
-    "dl{display:grid;grid-template-columns:max-content 1fr;gap:.1rem .8rem}dt{color:#556}dd{margin:0;"
-    "overflow-wrap:anywhere}\n"
-    ".path{color:#556;font-size:.9rem}details{margin:.4rem 0}summary{cursor:pointer;color:#1d4f91}\n"
-    "table{border-collapse:collapse;width:100%}td,th{text-align:left;padding:.15rem .6rem .15rem 0;"
-    "vertical-align:top;overflow-wrap:anywhere}\n"
-    "@media(max-width:30rem){body{padding:.6rem}dl{grid-template-columns:1fr}dt{margin-top:.3rem;font-weight:600}}\n"
-    "@media print{body{max-width:none;font-size:10.5pt}a{color:inherit;text-decoration:none}h2{break-before:page}\n"
-    "article,.menu{break-inside:avoid}svg.screen{box-shadow:none;border:1px solid #999}details:not([open])>*{display:"
-    "block}summary{display:none}}\n";
+const char* const kStyles = R"(
+body{font:16px/1.5 system-ui,sans-serif;color:#1a1a1a;background:#fff;max-width:60rem;margin:0 auto;padding:1rem;overflow-wrap:anywhere}
+h1,h2,h3,p,dd,td,li{unicode-bidi:plaintext;text-align:left}a,code{unicode-bidi:isolate}
+h1{font-size:1.8rem;margin:.2rem 0}h2{font-size:1.4rem;border-bottom:2px solid #1d4f91;margin-top:2.5rem}
+h3{font-size:1.1rem;margin:1.6rem 0 .2rem}a{color:#1d4f91}p,ul,dl{margin:.3rem 0}
+nav ul{list-style:none;padding-left:1.2rem}nav>ul{padding-left:0}
+kbd{border:1px solid #99a;border-radius:3px;padding:0 .35em;font:inherit;font-size:.85em;background:#f4f5f8}
+.menu{display:flex;flex-wrap:wrap;gap:1.2rem;align-items:flex-start}.menu>*{min-width:0}
+ol.lines{list-style:none;padding:0;margin:0;flex:1 1 14rem}ol.lines li{padding:.15rem 0}
+dl{display:grid;grid-template-columns:max-content minmax(0,1fr);gap:.1rem .8rem}dt{color:#556}dd{margin:0}
+.path{color:#556;font-size:.9rem}details{margin:.4rem 0}summary{cursor:pointer;color:#1d4f91}
+table{border-collapse:collapse;width:100%}td,th{text-align:left;padding:.15rem .6rem .15rem 0;vertical-align:top}
+@media(max-width:30rem){body{padding:.6rem}dl{grid-template-columns:minmax(0,1fr)}dt{margin-top:.3rem;font-weight:600}}
+@media print,(min-width:60rem){.menu svg.screen{width:22rem}
+article{display:grid;grid-template-columns:minmax(0,1fr) auto;column-gap:1.2rem;grid-auto-rows:min-content}
+article>*{grid-column:1}article>details{grid-column:2;grid-row:1/span 9;margin-top:1.8rem}
+details svg.screen{width:16rem}details::details-content{content-visibility:visible;display:block}details summary{display:none}}
+@media print{@page{margin:14mm}body{max-width:none;padding:0;font-size:10pt;line-height:1.35}a{color:inherit;text-decoration:none}
+h2{margin-top:1.4rem;break-after:avoid}h3,.path{break-after:avoid}h3{margin-top:.9rem}
+section>p{break-after:avoid}article,svg.screen,tr,li{break-inside:avoid}#e0,#by-name{break-before:page}.menu{gap:.8rem}
+.menu svg.screen{width:7cm}article>details{margin-top:.9rem}details svg.screen{width:4.6cm}
+svg.screen{box-shadow:none;border:1px solid #99a}nav ul{margin:0}}
+)";
 
 struct ManualEntry {
   const MenuItem* item = nullptr;
@@ -45,6 +54,44 @@ struct ManualEntry {
   std::string title;
   std::string path;
   bool isFirst = true;
+};
+
+// The terminal itself cuts what is longer, in bytes.
+constexpr std::size_t kMostOfATitle = 120;
+constexpr std::size_t kMostOfAValue = 300;
+
+std::string Shortened(const std::string& text, std::size_t most) {
+  if (text.size() <= most) return text;
+  std::size_t end = most;
+  while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) --end;  // not within a character
+  return text.substr(0, end) + "\u2026";
+}
+
+// "1.9" before "1.10".
+struct NumbersInOrder {
+  bool operator()(const WideString& a, const WideString& b) const {
+    std::size_t i = 0;
+    std::size_t j = 0;
+    while (i < a.size() && j < b.size()) {
+      const WideStringView left = Part(a, i);
+      const WideStringView right = Part(b, j);
+      i += left.size();
+      j += right.size();
+      if (left == right) continue;
+      const bool areNumbers = base::IsDigit(left.front()) && base::IsDigit(right.front());
+      if (areNumbers && left.size() != right.size()) return left.size() < right.size();
+      return left < right;
+    }
+    return a.size() - i < b.size() - j;
+  }
+
+ private:
+  // A run of digits, or one other character.
+  static WideStringView Part(WideStringView text, std::size_t at) {
+    std::size_t end = at;
+    while (end < text.size() && base::IsDigit(text[end])) ++end;
+    return text.substr(at, std::max<std::size_t>(end - at, 1));
+  }
 };
 
 class Writer {
@@ -81,6 +128,7 @@ class Writer {
       ManualEntry entry{item, "e" + std::to_string(entries_.size()), base::ToUtf8(base::Trim(item->Title())),
                         PathText(*item), true};
       if (entry.title.empty()) entry.title = "(no name)";
+      entry.title = Shortened(entry.title, kMostOfATitle);
       const auto [place, isNew] = known.emplace(item->Path(), entry.id);
       entry.id = place->second;
       entry.isFirst = isNew;
@@ -95,11 +143,16 @@ class Writer {
   // Opening the menus gives the keys; what is hidden now has none.
   std::map<ItemPlace, WideString> KeysByPlace() {
     std::map<ItemPlace, WideString> keys;
-    std::vector<MenuItem*> items{&trial_.Model().Root()};
-    for (std::size_t i = 0; i < items.size(); ++i) {
-      for (const auto& child : items[i]->Children()) items.push_back(child.get());
-      if (items[i]->Parent() == nullptr) continue;
-      if (auto found = trial_.KeysTo(*items[i])) keys[PlaceOf(*items[i])] = *std::move(found);
+    std::vector<MenuItem*> menus{&trial_.Model().Root()};
+    for (std::size_t i = 0; i < menus.size(); ++i) {
+      MenuItem& menu = *menus[i];
+      const auto toMenu = trial_.KeysTo(menu);
+      if (menu.Parent() != nullptr && toMenu) trial_.Open(menu);
+      const auto lines = toMenu ? trial_.KeysOfLines(menu) : std::vector<std::pair<MenuItem*, WideString>>();
+      for (const auto& [line, key] : lines) keys[PlaceOf(*line)] = *toMenu + key;
+      for (const auto& child : menu.Children()) {
+        if (!child->IsLeaf()) menus.push_back(child.get());
+      }
     }
     return keys;
   }
@@ -128,8 +181,12 @@ class Writer {
     Term("<kbd>Enter</kbd>", "open the chosen line; in an editor, save");
     Term("<kbd>Esc</kbd>", "one menu back; in an editor, leave it without saving");
     Term("<kbd>Home</kbd>", "back to the main menu");
-    Add("</dl>\n<p>Keys such as <kbd>2</kbd> <kbd>3</kbd> are pressed one after the other, from the main menu on.</p>\n"
-        "</section>\n");
+    Add("</dl>\n<p>Keys such as <kbd>2</kbd> <kbd>3</kbd> are pressed one after the other, from the main menu on. A "
+        "menu of "
+        "more than nine lines has pages: <kbd>9</kbd> More... leads to the next one, <kbd>1</kbd> ...Back to the one "
+        "before.</p>\n<p>The numbers are those of a terminal whose settings stand as they did for this manual: a line "
+        "that is "
+        "hidden has none, and those below it move up.</p>\n</section>\n");
   }
 
   void Contents() {
@@ -149,13 +206,23 @@ class Writer {
     Add("\n<p><a href=\"#by-name\">Index by name</a>, <a href=\"#by-oid\">index by OID</a></p>\n</nav>\n");
   }
 
-  std::string KeysHtml(const MenuItem& item) const {
-    const auto found = keys_.find(&item);
-    if (found == keys_.end()) return {};
+  static std::string KeysHtml(WideStringView keys) {
     std::string html;
-    for (const char16_t key : found->second)
+    for (const char16_t key : keys)
       html += (html.empty() ? "<kbd>" : " <kbd>") + base::ToUtf8(WideString(1, key)) + "</kbd>";
     return html;
+  }
+  // Null while the item cannot be reached.
+  const WideString* KeysOf(const MenuItem* item) const {
+    const auto found = keys_.find(item);
+    return found == keys_.end() ? nullptr : &found->second;
+  }
+
+  std::vector<std::string> Sentences(const ManualEntry& entry) const {
+    std::vector<std::string> sentences = RulesInWords(trial_, *entry.item);
+    std::string wireless = WirelessInWords(trial_, *entry.item);
+    if (!wireless.empty()) sentences.push_back(std::move(wireless));
+    return sentences;
   }
 
   void Menu(const ManualEntry& entry) {
@@ -163,20 +230,27 @@ class Writer {
     Text(entry.title);
     Add("</h2>\n");
     Where(entry);
-    for (const std::string& sentence : RulesInWords(trial_, *entry.item)) Add("<p>" + EscapedHtml(sentence) + "</p>\n");
+    for (const std::string& sentence : Sentences(entry)) Add("<p>" + EscapedHtml(sentence) + "</p>\n");
+    const config::ConfigKey* key = KeyOf(entry);
+    if (key != nullptr && HasHandler(*key, u"CheckWEPKey")) {
+      Add("<p>When the menu is left, the terminal warns of a network key that is missing.</p>\n");
+    }
     Add("<div class=\"menu\">\n");
     const auto pictures = pictures_.menus.find(entry.path);
     if (pictures != pictures_.menus.end()) {
       for (const std::string& picture : pictures->second) Add("<div>" + picture + "</div>\n");
     }
     Add("<ol class=\"lines\">\n");
+    const WideString* toMenu = KeysOf(entry.item);
     for (const auto& child : entry.item->Children()) {
       const ManualEntry& line = entries_[byItem_.at(child.get())];
-      const auto keys = keys_.find(child.get());
+      const WideString* keys = KeysOf(child.get());
+      // From the menu on: a further page's lines have the key to it in front.
+      const std::size_t known = toMenu == nullptr ? 0 : toMenu->size();
       Add("<li>");
-      Add(keys == keys_.end() ? "" : "<kbd>" + base::ToUtf8(keys->second.substr(keys->second.size() - 1)) + "</kbd> ");
+      if (keys != nullptr) Add(KeysHtml(WideStringView(*keys).substr(std::min(known, keys->size()))) + " ");
       Add(Link(line));
-      if (keys == keys_.end()) Add(" (not always shown)");
+      if (keys == nullptr) Add(Hint(line));
       Add("</li>\n");
     }
     if (entry.item->Children().empty()) Add("<li>(no items)</li>\n");
@@ -189,24 +263,42 @@ class Writer {
     Add("</section>\n");
   }
 
+  // Why a line has no number: rules can hide it, or it only shows something.
+  std::string Hint(const ManualEntry& line) const {
+    if (!RulesInWords(trial_, *line.item).empty() || !WirelessInWords(trial_, *line.item).empty()) {
+      return " (not always shown)";
+    }
+    return {};
+  }
+
   void Where(const ManualEntry& entry) {
     std::string path;
     for (const MenuItem* at = entry.item->Parent(); at != nullptr; at = at->Parent()) {
       const std::string link = Link(entries_[byItem_.at(at)]);
       path = path.empty() ? link : link + " &#8250; " + path;
     }
-    const std::string keys = KeysHtml(*entry.item);
-    if (path.empty() && keys.empty()) return;
-    Add("<p class=\"path\">" + path + (keys.empty() || path.empty() ? "" : " &#183; keys ") + keys + "</p>\n");
+    const std::string keys = HowToReach(*entry.item);
+    if (path.empty()) return;
+    Add("<p class=\"path\">In " + path + (keys.empty() ? "" : " &#183; ") + keys + "</p>\n");
+  }
+
+  std::string HowToReach(const MenuItem& item) const {
+    if (const WideString* keys = KeysOf(&item)) return "keys " + KeysHtml(*keys);
+    const WideString* menu = KeysOf(item.Parent());
+    return menu == nullptr || menu->empty() ? "once it is shown" : "keys " + KeysHtml(*menu) + ", once it is shown";
   }
 
   const config::ConfigKey* KeyOf(const ManualEntry& entry) const { return trial_.Model().FindKey(entry.item->Path()); }
 
+  static std::string Capital(std::string text) {
+    if (!text.empty()) text.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(text.front())));
+    return text;
+  }
+
   void Article(const ManualEntry& entry) {
     Add("<article id=\"" + entry.id + "\">\n<h3>");
     Text(entry.title);
-    Add("</h3>\n");
-    Where(entry);
+    Add("</h3>\n<p class=\"path\">" + Capital(HowToReach(*entry.item)) + "</p>\n");
     Details(entry);
     Add("</article>\n");
   }
@@ -217,12 +309,12 @@ class Writer {
     const PropertyDescriptor* property = entry.item->Descriptor();
     const WideStringView description = key->Value(TextId::kShortDesc);
     if (!description.empty()) Add("<p>" + EscapedHtml(base::ToUtf8(description)) + "</p>\n");
-    if (const std::string command = CommandInWords(*key); !command.empty()) Add("<p>" + command + "</p>\n");
+    if (const std::string command = CommandHtml(*key); !command.empty()) Add("<p>" + command + "</p>\n");
     std::string terms;
     html_.swap(terms);
     if (property != nullptr) PropertyTerms(*property, *key);
-    for (const std::string& sentence : RulesInWords(trial_, *entry.item)) {
-      if (!IsMenu(entry)) Term("Depends", EscapedHtml(sentence));
+    if (!IsMenu(entry)) {
+      for (const std::string& sentence : Sentences(entry)) Term("Depends", EscapedHtml(sentence));
     }
     AfterChange(entry, *key);
     html_.swap(terms);
@@ -233,102 +325,42 @@ class Writer {
     }
   }
 
-  static std::string CommandInWords(const config::ConfigKey& key) {
-    static const struct {
-      WideStringView function;
-      const char* words;
-    } kFunctions[] = {
-        {u"Summary", "Shows all settings as a text."},
-        {u"StoreConfig", "Writes all settings to a file."},
-        {u"RestoreDefaults", "Asks, and then sets the settings back to their factory values."},
-        {u"ApplyNetworkSettings", "Lets the network settings take effect."},
-        {u"WEP_Properties", "Lets the radio take over its key settings."},
-        {u"ImportCertificates", "Imports certificates."},
-    };
-    for (const auto& known : kFunctions) {
-      if (key.Value(TextId::kFunction) == known.function) return known.words;
-    }
+  static std::string CommandHtml(const config::ConfigKey& key) {
+    const std::string words = FunctionInWords(key.Value(TextId::kFunction));
     const WideStringView program = key.Value(TextId::kAppName);
-    if (program.empty()) return {};
+    if (!words.empty() || program.empty()) return EscapedHtml(words);
     return "Starts a program: <code>" + EscapedHtml(base::ToUtf8(program)) + "</code>";
   }
 
   void PropertyTerms(const PropertyDescriptor& property, const config::ConfigKey& key) {
-    const WideStringView typeText = property.Attributes().Get(TextId::kType);
     const values::ChoiceFormat choices = property.Choices();
-    if (const std::string kind = KindInWords(typeText, property, choices); !kind.empty())
-      Term("What", EscapedHtml(kind));
+    if (const std::string kind = KindInWords(property); !kind.empty()) Term("What", EscapedHtml(kind));
     std::string list;
     for (const auto& entry : choices.Entries()) list += (list.empty() ? "" : ", ") + base::ToUtf8(entry.text);
     if (!list.empty()) Term("Choices", EscapedHtml(list));
-    const WideString range = property.Resolve(TextId::kRange);
-    if (choices.Count() == 0 && !range.empty() && range != values::kUnresolved) {
-      Term("Allowed", EscapedHtml(RangeInWords(range)));
-    }
-    if (property.GetMaxChars() > 0 && choices.Count() == 0) {
-      Term("Length", "up to " + std::to_string(property.GetMaxChars()) + " characters");
-    }
-    const WideStringView fallback = key.Value(TextId::kDefVal);
-    if (!fallback.empty() && !IsSecret(property) && property.CommandLayout() == nullptr) {
-      const WideStringView oid = key.Value(TextId::kOid);
-      std::string words = ValueInWords(trial_, oid, fallback);
-      if (words.size() > 1 && words.front() == '"') words = words.substr(1, words.size() - 2);
-      Term("Factory value", EscapedHtml(words));
+    if (choices.Count() == 0) Limits(property, key);
+    const std::string factory = FactoryValueInWords(trial_, property, key);
+    if (!factory.empty()) Term("Factory value", EscapedHtml(Shortened(factory, kMostOfAValue)));
+    if (key.Value(TextId::kFillOid) == u"Profile") {
+      Term("Belongs to", "the wireless profile that is in use; each profile has its own");
     }
     const WideStringView oid = key.Value(TextId::kOid).empty() ? key.Value(TextId::kCmdOid) : key.Value(TextId::kOid);
     Term("OID", "<code>" + EscapedHtml(base::ToUtf8(oid)) + "</code>");
   }
 
-  static bool IsSecret(const PropertyDescriptor& property) {
-    return !property.Resolve(TextId::kPassWordChar).empty() || !property.Resolve(TextId::kWep).empty() ||
-           values::TypeCodeOf(property.Attributes().Get(TextId::kType)) == TypeCode::kPassword;
-  }
-
-  static std::string KindInWords(WideStringView type, const PropertyDescriptor& property,
-                                 const values::ChoiceFormat& choices) {
-    std::string kind;
-    const WideStringView subType = property.Attributes().Get(TextId::kSubType);
-    if (subType == u"Date") {
-      kind = "a date";
-    } else if (subType == u"Time") {
-      kind = "a time of day";
-    } else if (choices.Count() > 0) {
-      kind = "one of several choices";
-    } else {
-      switch (values::TypeCodeOf(type).value_or(TypeCode::kNone)) {
-        case TypeCode::kInteger: kind = "a number"; break;
-        case TypeCode::kBool: kind = "TRUE or FALSE"; break;
-        case TypeCode::kOctetString: kind = "a text"; break;
-        case TypeCode::kIpAddress: kind = "a network address of four numbers"; break;
-        case TypeCode::kPassword: kind = "a password; it is shown as stars"; break;
-        case TypeCode::kHex: kind = "a key; it is never shown"; break;
-        case TypeCode::kReaderCmd: kind = "several settings, edited one by one"; break;
-        default: break;
-      }
+  void Limits(const PropertyDescriptor& property, const config::ConfigKey& key) {
+    const WideString range = property.Resolve(TextId::kRange);
+    const bool hasRange = !range.empty() && range != values::kUnresolved;
+    if (hasRange) Term("Allowed", EscapedHtml(RangeInWords(range)));
+    const auto type = values::TypeCodeOf(property.Attributes().Get(TextId::kType));
+    if (type == TypeCode::kInteger && property.Attributes().Get(TextId::kSubType).empty()) {
+      const std::string unit =
+          UnitIn(base::ToUtf8(property.DisplayName()), base::ToUtf8(key.Value(TextId::kShortDesc)));
+      Term("Unit", unit.empty() ? "none is stated" : EscapedHtml(unit));
     }
-    if (property.Attributes().Has(TextId::kSecurity)) kind += kind.empty() ? "to be read only" : ", to be read only";
-    return kind;
-  }
-
-  // "from 1 to 99", "0, or from 10 to 600".
-  static std::string RangeInWords(WideStringView range) {
-    std::vector<std::string> parts;
-    bool hasSpan = false;
-    while (!range.empty()) {
-      const std::size_t comma = range.find(u',');
-      const WideStringView part = range.substr(0, comma);
-      const std::size_t dash = part.rfind(u'-');
-      hasSpan = hasSpan || dash != WideStringView::npos;
-      parts.push_back(dash == WideStringView::npos || dash == 0 ? base::ToUtf8(part)
-                                                                : "from " + base::ToUtf8(part.substr(0, dash)) +
-                                                                      " to " + base::ToUtf8(part.substr(dash + 1)));
-      range = comma == WideStringView::npos ? WideStringView() : range.substr(comma + 1);
+    if (property.GetMaxChars() > 0 && !hasRange) {
+      Term("Length", "up to " + std::to_string(property.GetMaxChars()) + " characters");
     }
-    if (parts.size() == 2 && !hasSpan) return "from " + parts[0] + " to " + parts[1];
-    std::string words;
-    for (std::size_t i = 0; i < parts.size(); ++i)
-      words += (i == 0 ? "" : i + 1 == parts.size() ? " or " : ", ") + parts[i];
-    return words;
   }
 
   void AfterChange(const ManualEntry& entry, const config::ConfigKey& key) {
@@ -378,13 +410,14 @@ class Writer {
     for (const ManualEntry* entry : sorted) {
       Add("<tr><td>" + Link(*entry) + "</td><td>");
       Text(entries_[byItem_.at(entry->item->Parent())].title);
-      Add("</td><td>" + KeysHtml(*entry->item) + "</td></tr>\n");
+      Add("</td><td>" + (KeysOf(entry->item) == nullptr ? std::string() : KeysHtml(*KeysOf(entry->item))) +
+          "</td></tr>\n");
     }
     Add("</table>\n</section>\n");
   }
 
   void IndexByOid() {
-    std::map<WideString, const ManualEntry*> sorted;
+    std::map<WideString, const ManualEntry*, NumbersInOrder> sorted;
     for (const ManualEntry& entry : entries_) {
       const config::ConfigKey* key = KeyOf(entry);
       if (key == nullptr || !entry.isFirst) continue;

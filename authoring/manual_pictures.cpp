@@ -2,13 +2,50 @@
 
 #include "authoring/player.h"
 #include "authoring/screen_svg.h"
+#include "authoring/secrets.h"
 #include "authoring/storage_copy.h"
 #include "base/utf8.h"
 
+#include <algorithm>
+#include <fstream>
+#include <map>
 #include <optional>
 
 namespace authoring {
 namespace {
+
+// In a picture an editor shows its value; no secret of the storage is to be seen in one.
+std::string MaskedLines(Trial& trial, const TerminalCopy& terminal) {
+  std::map<WideString, DeviceEntry> masked;
+  const auto entryOf = [&](const WideString& oid) -> simulator::DeviceLine* {
+    const auto found = terminal.device.find(trial.DeviceOid(oid));
+    return found == terminal.device.end() ? nullptr : &masked.emplace(found->first, found->second).first->second.line;
+  };
+  const auto mask = [](WideString& text, std::size_t from, std::size_t count) {
+    for (std::size_t i = from; i < text.size() && i - from < count; ++i) text[i] = u'*';
+  };
+  std::vector<const model::MenuItem*> items{&trial.Model().Root()};
+  for (std::size_t i = 0; i < items.size(); ++i) {
+    for (const auto& child : items[i]->Children()) items.push_back(child.get());
+    const values::PropertyDescriptor* property = items[i]->Descriptor();
+    if (property == nullptr || !IsSecret(*property)) continue;
+    const auto field = property->GetCommandField();
+    simulator::DeviceLine* line = entryOf(field ? field->commandOid : property->GetOID());
+    if (line == nullptr) continue;
+    const auto* command = field ? trial.Model().FindDescriptor(field->commandOid) : nullptr;
+    const values::FieldWidthList* layout = command == nullptr ? nullptr : command->CommandLayout();
+    if (!field) mask(line->value, 0, line->value.size());
+    if (layout == nullptr || layout->Start(field->index) < 0) continue;
+    mask(line->value, static_cast<std::size_t>(layout->Start(field->index)),
+         static_cast<std::size_t>(std::max(0, layout->Width(field->index))));
+  }
+  std::string lines;
+  for (const auto& [oid, entry] : masked) {
+    lines += simulator::FormatDeviceLine(entry.line);
+    if (!lines.ends_with('\n')) lines += '\n';
+  }
+  return lines;
+}
 
 // Room for the device; what stands beside it is left out of the picture.
 constexpr int kColumns = 100;
@@ -87,12 +124,21 @@ ManualPictures TakePictures(const Configuration& configuration, std::size_t most
   pictures.problem = copy.Problem();
   if (!pictures.problem.empty()) return pictures;
   std::optional<Goals> goals;
+  std::string masked;
   {
     Trial trial(configuration);
     goals.emplace(trial);
+    masked = MaskedLines(trial, configuration.Terminal());
+  }
+  const std::filesystem::path folder = copy.Fresh();
+  if (!masked.empty() && !folder.empty()) {
+    // Of two lines for one OID the last one counts.
+    std::ofstream device(folder / "device.txt", std::ios::binary | std::ios::app);
+    if (!(device << '\n' << masked).flush()) pictures.problem = "the pictures' device cannot be written";
+    if (!pictures.problem.empty()) return pictures;
   }
   Player::Budget budget{mostKeys};
-  Player player({copy.Fresh(), configuration.CommandLine()}, *goals, budget);
+  Player player({folder, configuration.CommandLine()}, *goals, budget);
   pictures.problem = player.Session().Problem();
   if (pictures.problem.empty()) Photographer(player, *goals, pictures).Walk(progress);
   return pictures;

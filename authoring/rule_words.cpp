@@ -1,5 +1,6 @@
 #include "authoring/rule_words.h"
 
+#include "authoring/secrets.h"
 #include "base/format.h"
 #include "base/utf8.h"
 #include "rules/operands.h"
@@ -133,6 +134,7 @@ std::string FlagRule(const Trial& trial, const config::ConfigKey& key, WideStrin
 std::string ValueInWords(const Trial& trial, WideStringView oid, WideStringView value) {
   const auto* property = trial.Model().FindDescriptor(oid);
   if (property != nullptr) {
+    if (!value.empty() && IsSecret(*property)) return "a certain value";
     values::PropertyValue parsed;
     property->ParseValue(value, parsed);
     const values::ChoiceFormat choices = property->Choices();

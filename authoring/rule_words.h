@@ -12,7 +12,8 @@ namespace authoring {
 // Off." A rule that does nothing has none.
 std::vector<std::string> RulesInWords(const Trial& trial, const model::MenuItem& item);
 
-// "Off" for the value 0 of a setting with choices, else the value itself in quotes, "empty" for none.
+// "Off" for the value 0 of a setting with choices, else the value itself in quotes, "empty" for none. That of a secret
+// is not said.
 std::string ValueInWords(const Trial& trial, WideStringView oid, WideStringView value);
 
 }  // namespace authoring

@@ -58,17 +58,27 @@ std::optional<WideString> Trial::KeysTo(model::MenuItem& item) {
   std::reverse(way.begin(), way.end());
   WideString keys;
   Enter(model_.Root());
-  for (model::MenuItem* next : way) {
+  for (const model::MenuItem* next : way) {
     if (next->Parent() != &model_.Root()) Open(*next->Parent());
-    const ui::MenuPages pages = ui::LayOutMenu(*next->Parent(), ui::kMostLinesPerPage);
-    const auto line = std::find_if(pages.lines.begin(), pages.lines.end(),
-                                   [next](const MenuLine& candidate) { return candidate.item == next; });
-    if (line == pages.lines.end() || !line->IsSelectable() || !MayEnter(*next)) return std::nullopt;
-    const auto page = static_cast<std::size_t>(line - pages.lines.begin()) / kPageSize;
-    for (std::size_t i = 1; i <= page; ++i) keys.push_back(pages.lines[i * kPageSize - 1].text.front());
-    keys.push_back(line->text.front());
+    const auto lines = KeysOfLines(*next->Parent());
+    const auto line = std::find_if(lines.begin(), lines.end(), [next](const auto& one) { return one.first == next; });
+    if (line == lines.end()) return std::nullopt;
+    keys += line->second;
   }
   return keys;
+}
+
+std::vector<std::pair<model::MenuItem*, WideString>> Trial::KeysOfLines(const model::MenuItem& menu) const {
+  std::vector<std::pair<model::MenuItem*, WideString>> lines;
+  const ui::MenuPages pages = ui::LayOutMenu(menu, ui::kMostLinesPerPage);
+  WideString toPage;
+  for (std::size_t i = 0; i < pages.lines.size(); ++i) {
+    const MenuLine& line = pages.lines[i];
+    if (i > 0 && i % kPageSize == 0) toPage.push_back(pages.lines[i - 1].text.front());
+    if (line.item == nullptr || !line.IsSelectable() || !MayEnter(*line.item)) continue;
+    lines.emplace_back(line.item, toPage + line.text.substr(0, 1));
+  }
+  return lines;
 }
 
 model::MenuItem* Trial::ItemAt(WideStringView keys) {

@@ -61,6 +61,8 @@ class Trial {
   // The keys that lead from the main menu to an item, one character each, "More..." lines among them. Each menu on the
   // way is entered. Nothing when a line on the way is not shown or cannot be entered. Empty for the main menu.
   std::optional<WideString> KeysTo(model::MenuItem& item);
+  // The keys from a menu that is open to each of its lines that can be entered now.
+  std::vector<std::pair<model::MenuItem*, WideString>> KeysOfLines(const model::MenuItem& menu) const;
   // The item that keys lead to, null when they lead nowhere. "-" and blanks between keys do not count.
   model::MenuItem* ItemAt(WideStringView keys);
 

@@ -1,6 +1,7 @@
 // Checks of what a property is: its type, its editor, its OID, and whether it keeps its secret.
 #include "authoring/checks/lists.h"
 
+#include "authoring/secrets.h"
 #include "base/utf8.h"
 
 #include <algorithm>
@@ -29,10 +30,6 @@ bool IsExactly(WideStringView text, const std::vector<WideStringView>& names) {
 bool IsInAnyCase(WideStringView text, const std::vector<WideStringView>& names) {
   return std::any_of(names.begin(), names.end(),
                      [text](WideStringView name) { return base::EqualsIgnoringCase(text, name); });
-}
-
-bool ContainsWord(WideStringView text, WideStringView word) {
-  return base::ToUpper(text).find(base::ToUpper(word)) != WideString::npos;
 }
 
 }  // namespace
@@ -132,12 +129,9 @@ void SecretInClear(const Subject& subject, Findings& findings) {
   if (subject.Has(Attribute::kPassWordChar) || subject.Has(Attribute::kWep)) return;
   if (subject.Type() != values::TypeCode::kOctetString || subject.Has(Attribute::kChoiceFmt)) return;
   const WideString name = subject.All().Source().Symbols().TextOf(subject.Get(Attribute::kDisplayName));
-  for (const WideStringView word : {u"password", u"passphrase", u"pass phrase", u"passcode", u"secret"}) {
-    if (!ContainsWord(name, word)) continue;
-    findings.Add(subject, "By its name " + Quoted(name) + " is a secret, and its value stands on its line in clear.",
-                 "Make its Type Password, or give it PassWordChar.");
-    return;
-  }
+  if (!NamesASecret(name)) return;
+  findings.Add(subject, "By its name " + Quoted(name) + " is a secret, and its value stands on its line in clear.",
+               "Make its Type Password, or give it PassWordChar.");
 }
 
 void KeyWithoutWep(const Subject& subject, Findings& findings) {

@@ -2,6 +2,7 @@
 
 #include "authoring/rule_words.h"
 #include "authoring/screen_svg.h"
+#include "authoring/units.h"
 #include "base/utf8.h"
 #include "tests/authoring/kelconf_run.h"
 #include "tests/authoring/storage_folder.h"
@@ -80,6 +81,96 @@ TEST(Manual, NamesAFactoryPasswordNowhere) {
   folder.Write("device.txt", "1.1\tPassword\thush\n");
   const Manual manual = authoring::MakeManual(*folder.Load(), {});
   EXPECT_EQ(0u, CountOf(manual.html, "hush"));
+}
+
+TEST(Manual, SaysNoSecretOfTheDeviceOfDefaultsOrOfRules) {
+  tests::StorageFolder folder;
+  folder.WriteMenu(
+      "<GROUP name=\"a\"><DisplayName>Key</DisplayName><OID>1.1</OID><Type>Hex</Type><WEP>Set</WEP></GROUP>\n"
+      "<GROUP name=\"b\"><DisplayName>Passphrase</DisplayName><OID>1.2</OID><Type>Octet String</Type></GROUP>\n"
+      "<GROUP name=\"c\"><DisplayName>Use</DisplayName><OID>1.3</OID><Type>Bool</Type>"
+      "<Dependency>IF Passphrase EQ hush5 THEN NoEdit</Dependency></GROUP>\n"
+      "<GROUP name=\"d\"><DisplayName>Both</DisplayName><OID>1.4</OID><Type>ReaderCmd</Type>"
+      "<CmdString>2,5,2</CmdString><DefVal>hush507</DefVal>"
+      "<GROUP name=\"e\"><Ordinal>1</Ordinal><DisplayName>PIN</DisplayName><CmdOID>1.4:1</CmdOID><Type>Password</Type>"
+      "</GROUP><GROUP name=\"f\"><Ordinal>2</Ordinal><DisplayName>Level</DisplayName><CmdOID>1.4:2</CmdOID>"
+      "<Type>Integer</Type></GROUP></GROUP>\n");
+  folder.Write("device.txt", "1.1\tHex\thush5\n1.2\tOctet String\thush5\n1.3\tBool\t1\n1.4\tReaderCmd\thush542\n");
+  const Manual manual = authoring::MakeManual(*folder.Load(), {});
+  ASSERT_EQ("", manual.problem);
+  EXPECT_EQ(0u, CountOf(manual.html, "hush"));
+  EXPECT_NE(std::string::npos, manual.html.find("When Passphrase is a certain value, it cannot be changed."));
+  EXPECT_LE(1u, CountOf(manual.html, "&lt;****"));  // the menu's picture
+  // A field's factory value stands in its command's, and a number has no zeros in front.
+  EXPECT_NE(std::string::npos, manual.html.find("<dt>Factory value</dt><dd>7</dd>"));
+  EXPECT_NE(std::string::npos, manual.html.find("&lt;42&gt;"));
+}
+
+TEST(Manual, GivesTheKeysFromTheMenuOnAndSaysWhichLinesAreNotThere) {
+  tests::StorageFolder folder;
+  std::string menu =
+      "<GROUP name=\"h\"><DisplayName>Hidden</DisplayName><OID>1.1</OID><Type>Bool</Type>"
+      "<Dependency>IF L1 EQ 1 THEN NoDisplay</Dependency></GROUP>\n";
+  for (int i = 1; i < 11; ++i) {
+    const std::string number = std::to_string(i);
+    menu += "<GROUP name=\"l" + number + "\"><DisplayName>L" + number + "</DisplayName><OID>1.2." + number +
+            "</OID><Type>Bool</Type></GROUP>\n";
+  }
+  folder.WriteMenu("<GROUP name=\"m\"><DisplayName>M</DisplayName>" + menu + "</GROUP>");
+  folder.Write("device.txt", "1.1\tBool\t0\n1.2.1\tBool\t1\n");
+  const std::string html = authoring::MakeManual(*folder.Load(), {}).html;
+  EXPECT_NE(std::string::npos, html.find(">Hidden</a> (not always shown)</li>"));
+  EXPECT_NE(std::string::npos, html.find("<p class=\"path\">Keys <kbd>1</kbd>, once it is shown</p>"));
+  EXPECT_NE(std::string::npos, html.find("<li><kbd>8</kbd> <a href=\"#e10\">L8</a></li>"));
+  EXPECT_NE(std::string::npos, html.find("<li><kbd>9</kbd> <kbd>2</kbd> <a href=\"#e11\">L9</a></li>"));
+  // "1.2.9" before "1.2.10".
+  const std::size_t index = html.find("id=\"by-oid\"");
+  EXPECT_LT(html.find("<code>1.2.9</code>", index), html.find("<code>1.2.10</code>", index));
+}
+
+TEST(Manual, SaysUnitsDatesAndWhatTheWirelessRulesDo) {
+  const auto configuration = authoring::Configuration::Load(tests::kForklift).configuration;
+  authoring::ManualTerms terms;
+  terms.pictures = false;
+  const std::string html = authoring::MakeManual(*configuration, terms).html;
+  ExpectThatItHoldsTogether(html);
+  for (const char* words : {
+           "<dt>Allowed</dt><dd>0 or from 2 to 30</dd>\n<dt>Unit</dt><dd>seconds</dd>",
+           "<dt>Allowed</dt><dd>from 1 to 10</dd>\n<dt>Unit</dt><dd>none is stated</dd>",
+           "<dt>Factory value</dt><dd>06:00:00</dd>",
+           "<dt>Belongs to</dt><dd>the wireless profile that is in use; each profile has its own</dd>",
+           "Shown only when Authentication is Shared, or is Open and Encryption is not Disabled.",
+           "<p>Shown only when 802.1X is not Disabled.</p>",
+           "<p>When the menu is left, the terminal warns of a network key that is missing.</p>",
+           "<dt>Takes effect</dt><dd>when the menu is left</dd>",
+       }) {
+    EXPECT_NE(std::string::npos, html.find(words)) << words;
+  }
+}
+
+TEST(Units, AreReadFromTheDescriptionElseFromTheName) {
+  const struct {
+    const char* name;
+    const char* description;
+    const char* unit;
+  } cases[] = {
+      {"Timeout", "Seconds after the last key", "seconds"},
+      {"Timeout", "Tenths of a second", "tenths of a second"},
+      {"Supply mV", "", "millivolts"},
+      {"Delay (s)", "", "seconds"},
+      {"Delay [min]", "", "minutes"},
+      {"Speed (min)", "km/h from which the screen is dark", "km/h"},
+      {"Heat below", "In \u00B0C", "degrees Celsius"},
+      {"Volume %", "", "percent"},
+      {"Volume", "0-100%", "percent"},
+      {"Power", "10 dBm at least", "dBm"},
+      {"Minimum length", "", ""},  // no minutes
+      {"Second server", "", ""},   // no seconds
+      {"A", "s", ""},              // too short without parentheses
+      {"Kgs", "", ""},
+      {"Level", "1 is dark, 10 is bright", ""},
+  };
+  for (const auto& c : cases) EXPECT_EQ(c.unit, authoring::UnitIn(c.name, c.description)) << c.name;
 }
 
 TEST(Manual, OfAMenuThatStandsInItselfEnds) {
