@@ -20,14 +20,21 @@ void ReportBroken(const Configuration& configuration, Findings& findings) {
   }
 }
 
+// All checks of one entry before those of the next: what they read of it is read from memory once.
 void RunChecks(const Survey& survey, Findings& findings) {
+  std::vector<const Check*> ofEntry;
   for (const Check& check : Checks()) {
     findings.Begin(check);
     if (check.ofAll != nullptr) check.ofAll(survey, findings);
-    if (check.ofEntry == nullptr) continue;
-    for (const Subject& subject : survey.Subjects()) {
-      if (check.attributes.IsEmpty() || check.attributes.HasAnyOf(subject.Set())) check.ofEntry(subject, findings);
+    if (check.ofEntry != nullptr) ofEntry.push_back(&check);
+  }
+  for (const Subject& subject : survey.Subjects()) {
+    for (const Check* check : ofEntry) {
+      if (!check->attributes.IsEmpty() && !check->attributes.HasAnyOf(subject.Set())) continue;
+      findings.Begin(*check);
+      check->ofEntry(subject, findings);
     }
+    subject.Forget();
   }
 }
 

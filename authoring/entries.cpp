@@ -20,6 +20,7 @@ Entries::Entries(const config::PDataStore& tree, WideStringView rootPath) {
   };
   std::vector<OpenMenu> open;
   std::unordered_map<const config::ConfigKey*, const Entry*> known;
+  known.reserve(tree.Count());
   const auto add = [&](const config::ConfigKey& key, Entry* parent, WideStringView name) {
     Entry& entry = entries_.emplace_back();
     entry.key = &key;
@@ -30,6 +31,7 @@ Entries::Entries(const config::PDataStore& tree, WideStringView rootPath) {
       parent->children.push_back(&entry);
     }
     const auto [place, isNew] = known.emplace(&key, &entry);
+    entry.number = isNew ? known.size() - 1 : place->second->number;
     if (!isNew) {
       entry.first = place->second;
     } else if (!key.Subkeys().empty()) {

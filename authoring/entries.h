@@ -15,6 +15,7 @@ struct Entry {
   std::vector<const Entry*> children;  // in the order of the menu
   const Entry* first = nullptr;        // an earlier entry of the same key, which has the children; null: this is it
   std::size_t depth = 0;
+  std::size_t number = 0;  // of its key, counted from 0 in the order in which keys come first
 
   WideStringView Value(TextId valueName) const { return key->Value(valueName); }
   WideStringView Value(WideStringView valueName) const { return key->Value(valueName); }

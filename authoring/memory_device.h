@@ -31,7 +31,7 @@ class MemoryDevice {
   // Null when there is no such OID.
   const simulator::DeviceLine* Find(const WideString& oid) const;
 
-  const std::unordered_map<WideString, DeviceEntry>& Values() const { return values_; }
+  const DeviceEntries& Values() const { return values_; }
 
   // What was set, in order, refused or not.
   const std::vector<Write>& Writes() const { return writes_; }
@@ -41,7 +41,7 @@ class MemoryDevice {
   std::function<std::unique_ptr<platform::ISnmpConfig>()> Connector();
 
  private:
-  std::unordered_map<WideString, DeviceEntry> values_;
+  DeviceEntries values_;
   std::vector<Write> writes_;
 };
 

@@ -6,6 +6,7 @@
 #include "platform/host/registry_tree.h"
 #include "simulator/device_store.h"
 #include "simulator/property_tables.h"
+#include "values/descriptor_map.h"
 
 #include <cstddef>
 #include <filesystem>
@@ -21,6 +22,9 @@ struct DeviceEntry {
   std::size_t number = 0;  // of the line in its file, from 1
 };
 
+// By OID.
+using DeviceEntries = std::unordered_map<WideString, DeviceEntry, values::TextHash, std::equal_to<>>;
+
 struct TerminalCopy {
   std::filesystem::path root;  // its files are read from here
   std::filesystem::path deviceFile;
@@ -30,8 +34,8 @@ struct TerminalCopy {
   bool hasRegistry = false;
 
   std::shared_ptr<const platform::host::RegistryTree> registry;
-  std::unordered_map<WideString, DeviceEntry> device;  // by OID; of two lines for one OID the last
-  std::vector<DeviceEntry> superseded;                 // the others
+  DeviceEntries device;                 // of two lines for one OID the last
+  std::vector<DeviceEntry> superseded;  // the others
   simulator::PropertyTables tables;
 };
 

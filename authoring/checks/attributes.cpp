@@ -2,7 +2,8 @@
 
 #include "base/number.h"
 
-#include <unordered_map>
+#include <algorithm>
+#include <vector>
 
 namespace authoring {
 namespace {
@@ -16,13 +17,24 @@ constexpr WideStringView kNames[] = {
 };
 static_assert(std::size(kNames) == kAttributeCount);
 
-const std::unordered_map<WideStringView, Attribute>& ByName() {
-  static const std::unordered_map<WideStringView, Attribute> byName = [] {
-    std::unordered_map<WideStringView, Attribute> map;
-    for (std::size_t i = 0; i < kAttributeCount; ++i) map.emplace(kNames[i], static_cast<Attribute>(i));
-    return map;
+constexpr std::size_t kLongestName = 14;
+
+// The few names of each length.
+const std::array<std::vector<Attribute>, kLongestName + 1>& ByLength() {
+  static const auto byLength = [] {
+    std::array<std::vector<Attribute>, kLongestName + 1> lists;
+    for (std::size_t i = 0; i < kAttributeCount; ++i) lists.at(kNames[i].size()).push_back(static_cast<Attribute>(i));
+    return lists;
   }();
-  return byName;
+  return byLength;
+}
+
+Attribute Named(WideStringView name) {
+  if (name.size() > kLongestName) return Attribute::kUnknown;
+  const auto& candidates = ByLength()[name.size()];
+  const auto found = std::find_if(candidates.begin(), candidates.end(),
+                                  [name](Attribute candidate) { return NameOf(candidate) == name; });
+  return found == candidates.end() ? Attribute::kUnknown : *found;
 }
 
 bool IsStem(Attribute attribute) { return attribute == Attribute::kDependency || attribute == Attribute::kOnExit; }
@@ -35,15 +47,15 @@ WideStringView NameOf(Attribute attribute) {
 }
 
 NamedAttribute AttributeOf(WideStringView name) {
-  const auto found = ByName().find(name);
-  if (found != ByName().end()) return {found->second, 0};
+  const Attribute whole = Named(name);
+  if (whole != Attribute::kUnknown) return {whole, 0};
   const std::size_t last = name.find_last_not_of(u"0123456789");
   if (last == WideStringView::npos || last + 1 == name.size()) return {};
   const WideStringView digits = name.substr(last + 1);
-  const auto stem = ByName().find(name.substr(0, last + 1));
-  if (stem == ByName().end() || !IsStem(stem->second)) return {};
+  const Attribute stem = Named(name.substr(0, last + 1));
+  if (!IsStem(stem)) return {};
   if (digits.front() == u'0' || digits.size() > 6) return {};
-  return {stem->second, base::ToLong(digits)};
+  return {stem, base::ToLong(digits)};
 }
 
 WideString NumberedName(Attribute stem, int number) {

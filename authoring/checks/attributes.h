@@ -56,6 +56,10 @@ struct NamedAttribute {
 };
 NamedAttribute AttributeOf(WideStringView name);
 
+// Whether an attribute's text is looked up in a table of the property server, where a table is asked.
+inline constexpr WideStringView kIndirect = u"Table,";
+inline bool IsIndirect(WideStringView text) { return text.starts_with(kIndirect); }
+
 // "Dependency", "Dependency1" and so on.
 WideString NumberedName(Attribute stem, int number);
 

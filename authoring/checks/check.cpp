@@ -36,9 +36,17 @@ std::string_view NameOf(Severity severity) {
   return {};
 }
 
+Findings::Findings(const Configuration& configuration, std::vector<Finding>& all)
+    : configuration_(configuration), all_(all), counts_(Checks().size()) {}
+
+void Findings::Begin(const Check& check) {
+  check_ = &check;
+  count_ = &counts_[static_cast<std::size_t>(&check - Checks().data())];
+}
+
 // Null when there are enough.
 Finding* Findings::New(std::string sentence, std::string mend) {
-  if (++count_ > kMostOfAKind) return nullptr;
+  if (++*count_ > kMostOfAKind) return nullptr;
   Finding& finding = all_.emplace_back();
   finding.id = check_->id;
   finding.severity = check_->severity;

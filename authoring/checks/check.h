@@ -16,15 +16,13 @@ struct Check;
 // Takes the findings of one check.
 class Findings {
  public:
-  Findings(const Configuration& configuration, std::vector<Finding>& all) : configuration_(configuration), all_(all) {}
-  void Begin(const Check& check) {
-    check_ = &check;
-    count_ = 0;
-  }
+  Findings(const Configuration& configuration, std::vector<Finding>& all);
+  // What is added from now on is this check's, one of the table.
+  void Begin(const Check& check);
   // Nobody reads more of one kind, and each takes its time to be placed.
   static constexpr std::size_t kMostOfAKind = 1000;
   // So many are there of this kind that suggestions are no more worth their time.
-  bool AreMany() const { return count_ > 20; }
+  bool AreMany() const { return *count_ > 20; }
 
   // About an entry, one of its attributes, or a place in that attribute's text.
   void Add(const Subject& subject, std::string sentence, std::string mend);
@@ -46,7 +44,8 @@ class Findings {
   const Configuration& configuration_;
   std::vector<Finding>& all_;
   const Check* check_ = nullptr;
-  std::size_t count_ = 0;  // of this check's
+  std::vector<std::size_t> counts_;  // of each check in the table
+  std::size_t* count_ = nullptr;     // of the present one
 };
 
 struct Check {

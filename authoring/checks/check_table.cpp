@@ -48,7 +48,7 @@ constexpr Check kChecks[] = {
     OfEntries("entry-nothing", kWarning, "an entry that is nothing", EntryNothing),
     OfEntries("entry-two-things", kError, "an entry that is two things at once", EntryTwoThings,
               AttributeSet(kOid, kCmdOid, kFunction, kAppName)),
-    OfEntries("oid-twice", kError, "two entries with one OID", OidTwice, kProperties),
+    OfAll("oid-twice", kError, "two entries with one OID", OidTwice),
     OfEntries("sibling-title-twice", kWarning, "two lines of a menu that read alike", SiblingTitleTwice),
     OfEntries("ordinal-out-of-range", kWarning, "an Ordinal out of range", OrdinalOutOfRange),
     OfEntries("ordinal-twice", kWarning, "an Ordinal twice", OrdinalTwice),

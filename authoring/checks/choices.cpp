@@ -1,12 +1,11 @@
 // Checks of choice lists.
 #include "authoring/checks/lists.h"
 
+#include "authoring/checks/repeats.h"
 #include "base/number.h"
 #include "base/utf8.h"
 #include "values/attributes.h"
 #include "values/range.h"
-
-#include <unordered_map>
 
 namespace authoring::checks {
 namespace {
@@ -21,41 +20,45 @@ const std::vector<Entry>& EntriesOf(const Subject& subject) {
 }
 
 // No list has its first "#" behind a bar: what has none at all is the name of a symbol.
-bool HasPairs(const Subject& subject) { return subject.ChoiceText().find(u'#') != WideString::npos; }
-
-// As the property compares keys.
-WideString KeyOf(const Subject& subject, const Entry& entry) {
-  return subject.IsInteger() ? base::ToText(entry.number) : entry.key;
-}
+bool HasPairs(const Subject& subject) { return subject.ChoiceText().find(u'#') != WideStringView::npos; }
 
 }  // namespace
 
 void ChoiceKeyTwice(const Subject& subject, Findings& findings) {
-  std::unordered_map<WideString, WideStringView> known;
+  const bool isInteger = subject.IsInteger();
+  std::vector<const Entry*> keyed;
+  keyed.reserve(EntriesOf(subject).size());
   for (const Entry& entry : EntriesOf(subject)) {
     // What is no key at all has been said to be none.
-    const bool isNone = entry.key.empty() ? !HasPairs(subject) : subject.IsInteger() && !base::FindLong(entry.key);
-    if (isNone) continue;
-    const auto [place, isNew] = known.emplace(KeyOf(subject, entry), entry.text);
-    if (isNew) continue;
+    const bool isNone = entry.key.empty() ? !HasPairs(subject) : isInteger && !base::FindLong(entry.key);
+    if (!isNone) keyed.push_back(&entry);
+  }
+  const auto report = [&](const Entry* first, const Entry* again) {
     findings.Add(subject, Attribute::kChoiceFmt,
-                 "The key " + Quoted(entry.key) + " stands for " + Quoted(place->second) + " and for " +
-                     Quoted(entry.text) + ": the line shows " +
-                     Quoted(subject.IsInteger() ? WideStringView(entry.text) : place->second) + " for both.",
+                 "The key " + Quoted(again->key) + " stands for " + Quoted(first->text) + " and for " +
+                     Quoted(again->text) + ": the line shows " + Quoted(isInteger ? again->text : first->text) +
+                     " for both.",
                  "Give each choice a key of its own.");
+  };
+  // As the property compares keys.
+  if (isInteger) {
+    ForEachRepeated(
+        keyed, [](const Entry* entry) { return entry->number; }, report);
+  } else {
+    ForEachRepeated(
+        keyed, [](const Entry* entry) { return WideStringView(entry->key); }, report);
   }
 }
 
 void ChoiceTextTwice(const Subject& subject, Findings& findings) {
-  std::unordered_map<WideStringView, const Entry*> known;
-  for (const Entry& entry : EntriesOf(subject)) {
-    const auto [place, isNew] = known.emplace(entry.text, &entry);
-    if (isNew || place->second->key == entry.key) continue;
-    findings.Add(subject, Attribute::kChoiceFmt,
-                 "Two choices read " + Quoted(entry.text) + ": whichever is chosen, the key " +
-                     Quoted(place->second->key) + " is saved.",
-                 "Give each choice a text of its own.");
-  }
+  const auto textOf = [](const Entry& entry) { return WideStringView(entry.text); };
+  ForEachRepeated(EntriesOf(subject), textOf, [&](const Entry& first, const Entry& again) {
+    if (first.key == again.key) return;
+    findings.Add(
+        subject, Attribute::kChoiceFmt,
+        "Two choices read " + Quoted(again.text) + ": whichever is chosen, the key " + Quoted(first.key) + " is saved.",
+        "Give each choice a text of its own.");
+  });
 }
 
 void ChoiceWithoutSign(const Subject& subject, Findings& findings) {
@@ -83,7 +86,7 @@ void ChoiceKeyNoNumber(const Subject& subject, Findings& findings) {
 }
 
 void ChoiceOutOfRange(const Subject& subject, Findings& findings) {
-  const WideString& range = subject.Resolved(Attribute::kRange);
+  const WideStringView range = subject.Resolved(Attribute::kRange);
   if (range.empty() || range == values::kUnresolved) return;
   for (const Entry& entry : EntriesOf(subject)) {
     if (values::InRange(entry.number, range)) continue;
@@ -107,11 +110,11 @@ void ChoiceTooLong(const Subject& subject, Findings& findings) {
 
 void SymbolMissing(const Subject& subject, Findings& findings) {
   if (!subject.Has(Attribute::kChoiceFmt) || subject.ChoiceText() == values::kUnresolved || HasPairs(subject)) return;
-  const WideString& text = subject.ChoiceText();
+  const WideStringView text = subject.ChoiceText();
   findings.Add(subject, Attribute::kChoiceFmt,
                Quoted(text) + " is no symbol of the registry and no list: it becomes a single choice without a key.",
-               text.find(u'|') == WideString::npos ? "Give the SYMBOLTABLE that symbol, or write key#text|key#text."
-                                                   : "Write key#text|key#text.");
+               text.find(u'|') == WideStringView::npos ? "Give the SYMBOLTABLE that symbol, or write key#text|key#text."
+                                                       : "Write key#text|key#text.");
 }
 
 }  // namespace authoring::checks

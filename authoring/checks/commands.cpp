@@ -20,9 +20,9 @@ struct Field {
 Field FieldOf(const Subject& subject) {
   const WideStringView text = subject.Get(Attribute::kCmdOid);
   const std::size_t colon = text.find(u':');
-  const auto* commands = subject.All().WithOid(text.substr(0, colon));
+  const auto commands = subject.All().WithOid(text.substr(0, colon));
   Field field;
-  if (commands != nullptr) field.command = commands->back();
+  if (!commands.empty()) field.command = commands.back();
   if (colon != WideStringView::npos) field.number = base::ToLong(text.substr(colon + 1));
   return field;
 }
@@ -129,7 +129,7 @@ void FieldTooWide(const Subject& subject, Findings& findings) {
     }
     return;
   }
-  const WideString& range = subject.Resolved(Attribute::kRange);
+  const WideStringView range = subject.Resolved(Attribute::kRange);
   if (!range.empty() && range != values::kUnresolved) {
     for (const RangePart& part : PartsOfRange(range)) {
       if (base::ToText(part.high).size() <= width) continue;

@@ -25,23 +25,22 @@ std::optional<WideString> ValueOf(const Subject& subject) {
   const Survey& survey = subject.All();
   if (!subject.IsField()) {
     if (!IsAsked(subject)) return std::nullopt;
-    const WideString* text = survey.DeviceText(survey.DeviceOid(subject));
+    const WideString* text = Survey::TextOf(subject.OnDevice());
     return text == nullptr ? std::nullopt : std::optional<WideString>(*text);
   }
   const WideStringView oid = subject.Get(Attribute::kCmdOid);
   const std::size_t colon = oid.find(u':');
-  const auto* commands = survey.WithOid(oid.substr(0, colon));
-  if (commands == nullptr || colon == WideStringView::npos || commands->back()->Layout() == nullptr)
-    return std::nullopt;
-  const WideString* record = survey.DeviceText(survey.DeviceOid(*commands->back()));
+  const auto commands = survey.WithOid(oid.substr(0, colon));
+  if (commands.empty() || colon == WideStringView::npos || commands.back()->Layout() == nullptr) return std::nullopt;
+  const WideString* record = Survey::TextOf(commands.back()->OnDevice());
   if (record == nullptr) return std::nullopt;
-  return commands->back()->Layout()->Field(*record, base::ToLong(oid.substr(colon + 1)) - 1);
+  return commands.back()->Layout()->Field(*record, base::ToLong(oid.substr(colon + 1)) - 1);
 }
 
 Attribute OidAttribute(const Subject& subject) { return subject.IsField() ? Attribute::kCmdOid : Attribute::kOid; }
 
 std::string InFile(const Subject& subject) {
-  const DeviceEntry* entry = subject.IsField() ? nullptr : subject.All().DeviceEntryOf(subject);
+  const DeviceEntry* entry = subject.IsField() ? nullptr : subject.OnDevice();
   return entry == nullptr ? "" : " (device.txt, line " + std::to_string(entry->number) + ")";
 }
 
@@ -56,7 +55,7 @@ std::string Said(const Subject& subject, WideStringView value) {
 
 void DeviceValueMissing(const Subject& subject, Findings& findings) {
   if (!IsAsked(subject) || subject.Get(Attribute::kFunction) == u"ImportCertificates") return;
-  if (subject.All().DeviceEntryOf(subject) != nullptr) return;
+  if (subject.OnDevice() != nullptr) return;
   findings.Add(subject, Attribute::kOid,
                "The device has no " + Quoted(subject.All().DeviceOid(subject)) +
                    ": the line shows \"Unavailable\" and cannot be edited.",
@@ -68,10 +67,10 @@ void ProfileValueMissing(const Subject& subject, Findings& findings) {
   if (!IsAsked(subject) || subject.Resolved(Attribute::kFillOid) != u"Profile") return;
   const WideStringView oid = subject.Get(Attribute::kOid);
   const std::size_t star = oid.find(u'*');
-  const auto* profiles = survey.WithOid(kActiveProfile);
-  if (star == WideStringView::npos || profiles == nullptr || !profiles->back()->HasChoiceList()) return;
+  const auto profiles = survey.WithOid(kActiveProfile);
+  if (star == WideStringView::npos || profiles.empty() || !profiles.back()->HasChoiceList()) return;
   const WideString* active = survey.DeviceText(kActiveProfile);
-  for (const auto& profile : profiles->back()->Choices().Entries()) {
+  for (const auto& profile : profiles.back()->Choices().Entries()) {
     WideString filled(oid);
     filled.replace(star, 1, profile.key);
     if ((active != nullptr && profile.key == *active) || survey.Source().Terminal().device.contains(filled)) continue;
@@ -84,7 +83,7 @@ void ProfileValueMissing(const Subject& subject, Findings& findings) {
 
 void DeviceTypeDiffers(const Subject& subject, Findings& findings) {
   if (!IsAsked(subject)) return;
-  const DeviceEntry* entry = subject.All().DeviceEntryOf(subject);
+  const DeviceEntry* entry = subject.OnDevice();
   if (entry == nullptr || entry->line.type == subject.Get(Attribute::kType)) return;
   findings.Add(subject, Attribute::kType,
                "The device holds a " + Quoted(entry->line.type) + InFile(subject) + " and is asked for a " +
@@ -103,7 +102,7 @@ void DeviceValueNoChoice(const Subject& subject, Findings& findings) {
 }
 
 void DeviceValueOutOfRange(const Subject& subject, Findings& findings) {
-  const WideString& range = subject.Resolved(Attribute::kRange);
+  const WideStringView range = subject.Resolved(Attribute::kRange);
   const auto value = ValueOf(subject);
   const auto parts = PartsOfRange(range);
   const bool isEmpty = std::none_of(parts.begin(), parts.end(), [](const RangePart& p) { return p.low <= p.high; });

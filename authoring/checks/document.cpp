@@ -1,6 +1,7 @@
 // Checks of the document itself: what is read of it, and under which name.
 #include "authoring/checks/lists.h"
 
+#include "authoring/checks/repeats.h"
 #include "base/utf8.h"
 #include "model/child_key.h"
 
@@ -23,6 +24,13 @@ void ForEachElement(const Subject& subject, Visit visit) {
   const Entry* parent = subject.MenuEntry().parent;
   if (own == 0 || (parent != nullptr && parent->key->Element() == own)) return;
   for (std::uint32_t at = (*index)[own].firstChildIndex; at != 0; at = (*index)[at].nextSiblingIndex) visit(*index, at);
+}
+
+// The names say whether it is worth while to look at the elements.
+template <typename Is>
+bool AnySubkey(const Subject& subject, Is is) {
+  const auto names = subject.Key().Subkeys();
+  return std::any_of(names.begin(), names.end(), is);
 }
 
 WideString GroupName(const XmlIndex& index, std::uint32_t element) {
@@ -50,6 +58,7 @@ void AfterTheRoot(const Survey& survey, Findings& findings) {
 }
 
 void GroupWithoutName(const Subject& subject, Findings& findings) {
+  if (!AnySubkey(subject, [](WideStringView name) { return name.empty(); })) return;
   ForEachElement(subject, [&](const XmlIndex& index, std::uint32_t element) {
     if (index.TagName(element) != kGroup || !GroupName(index, element).empty()) return;
     findings.AddAt(subject, element, "A GROUP without a name is read as the entry around it, once more.",
@@ -58,6 +67,7 @@ void GroupWithoutName(const Subject& subject, Findings& findings) {
 }
 
 void NameWithBackslash(const Subject& subject, Findings& findings) {
+  if (!AnySubkey(subject, [](WideStringView name) { return name.find(u'\\') != WideStringView::npos; })) return;
   ForEachElement(subject, [&](const XmlIndex& index, std::uint32_t element) {
     if (index.TagName(element) != kGroup) return;
     const WideString name = GroupName(index, element);
@@ -79,7 +89,10 @@ void NameHkey(const Subject& subject, Findings& findings) {
 
 void SiblingNameTwice(const Subject& subject, Findings& findings) {
   const auto names = subject.Key().Subkeys();
-  if (names.size() < 2) return;
+  bool isTwice = false;
+  ForEachRepeated(
+      names, [](WideStringView name) { return name; }, [&](auto, auto) { isTwice = true; });
+  if (!isTwice) return;
   std::unordered_set<WideStringView> known;
   std::size_t position = 0;
   const auto said = [](WideStringView name) {
@@ -102,6 +115,10 @@ void SiblingNameTwice(const Subject& subject, Findings& findings) {
 }
 
 void AttributeTwice(const Subject& subject, Findings& findings) {
+  // Each name is one value or, of a GROUP, one subkey: only with more elements there is a second one.
+  std::size_t elements = subject.Has(Attribute::kDescendent) ? 1 : 0;
+  ForEachElement(subject, [&](const XmlIndex&, std::uint32_t) { ++elements; });
+  if (elements <= subject.Key().Values().size() + subject.Key().Subkeys().size()) return;
   std::unordered_set<WideStringView> known;
   ForEachElement(subject, [&](const XmlIndex& index, std::uint32_t element) {
     const WideStringView name = index.TagName(element);
@@ -114,8 +131,9 @@ void AttributeTwice(const Subject& subject, Findings& findings) {
 
 void AttributeWithElements(const Subject& subject, Findings& findings) {
   ForEachElement(subject, [&](const XmlIndex& index, std::uint32_t element) {
+    if (index[element].firstChildIndex == 0) return;
     const WideStringView name = index.TagName(element);
-    if (name == kGroup || index[element].firstChildIndex == 0) return;
+    if (name == kGroup) return;
     findings.AddAt(subject, element, base::ToUtf8(name) + " has elements in it and so reads as an empty text.",
                    "Write a plain text, &lt; for <, or a CDATA section.");
   });

@@ -1,11 +1,11 @@
 // Checks of entries as lines of menus: what they are, how they are named and ordered.
 #include "authoring/checks/lists.h"
 
+#include "authoring/checks/repeats.h"
 #include "base/number.h"
 #include "base/utf8.h"
 
 #include <algorithm>
-#include <unordered_map>
 
 namespace authoring::checks {
 namespace {
@@ -55,57 +55,66 @@ void EntryTwoThings(const Subject& subject, Findings& findings) {
   }
 }
 
-void OidTwice(const Subject& subject, Findings& findings) {
-  const auto* all = subject.All().WithOid(subject.Oid());
-  if (all->size() < 2 || all->front() == &subject) return;
-  const std::string first = base::ToUtf8(Entries::PathOf(all->front()->MenuEntry()));
-  findings.Add(subject, subject.Has(Attribute::kOid) ? Attribute::kOid : Attribute::kCmdOid,
-               "The OID " + Quoted(subject.Oid()) + " has an entry already, " + first +
-                   ": rules and commands see the last one only, and neither line follows a change of the other.",
-               "Give each setting one entry; show it twice by a Descendent.");
+void OidTwice(const Survey& survey, Findings& findings) {
+  for (const SubjectIndex::Group& all : survey.SharedOids()) {
+    const std::string first = base::ToUtf8(Entries::PathOf(all.front()->MenuEntry()));
+    for (const Subject* again : all.subspan(1)) {
+      findings.Add(*again, again->Has(Attribute::kOid) ? Attribute::kOid : Attribute::kCmdOid,
+                   "The OID " + Quoted(again->Oid()) + " has an entry already, " + first +
+                       ": rules and commands see the last one only, and neither line follows a change of the other.",
+                   "Give each setting one entry; show it twice by a Descendent.");
+    }
+  }
 }
 
 void SiblingTitleTwice(const Subject& subject, Findings& findings) {
-  const auto& children = subject.MenuEntry().children;
-  std::unordered_map<WideString, const Entry*> known;
-  for (const Entry* child : children) {
-    if (child->DisplayName().empty()) continue;
-    WideString title = subject.All().Source().Symbols().TextOf(child->DisplayName());
-    const auto [place, isNew] = known.emplace(std::move(title), child);
-    // Siblings of one name are one key, and that is another slip.
-    if (isNew || place->second->key == child->key) continue;
-    const Subject& second = subject.All().Of(*child);
-    findings.Add(second, Attribute::kDisplayName,
-                 "Another line of its menu reads " + Quoted(place->first) + " too: people cannot tell them apart.",
-                 "Name one of them otherwise.");
+  struct Line {
+    const Entry* entry;
+    WideStringView title;
+  };
+  const Survey& survey = subject.All();
+  std::vector<Line> lines;
+  lines.reserve(subject.MenuEntry().children.size());
+  for (const Entry* child : subject.MenuEntry().children) {
+    const WideStringView name = survey.Of(*child).Get(Attribute::kDisplayName);
+    if (!name.empty()) lines.push_back({child, survey.Source().Symbols().ViewOf(name)});
   }
+  const auto titleOf = [](const Line& line) { return line.title; };
+  ForEachRepeated(lines, titleOf, [&](const Line& first, const Line& again) {
+    // Siblings of one name are one key, and that is another slip.
+    if (first.entry->key == again.entry->key) return;
+    findings.Add(survey.Of(*again.entry), Attribute::kDisplayName,
+                 "Another line of its menu reads " + Quoted(first.title) + " too: people cannot tell them apart.",
+                 "Name one of them otherwise.");
+  });
 }
 
 namespace {
 
 struct Ordinals {
-  std::unordered_map<std::int32_t, const Entry*> taken;
+  std::vector<const Entry*> taken;  // by Ordinal from 0 on; null: nobody has it
   std::size_t usable = 0;
-  std::size_t given = 0;
-  std::int32_t count = 0;
 };
 
 template <typename Odd>
 Ordinals ReadOrdinals(const Subject& subject, Odd odd) {
   Ordinals ordinals;
   const auto& children = subject.MenuEntry().children;
-  ordinals.count = static_cast<std::int32_t>(children.size());
+  ordinals.taken.resize(children.size() + 1);
   for (const Entry* child : children) {
-    const WideStringView text = child->Value(TextId::kOrdinal);
+    const WideStringView text = subject.All().Of(*child).Get(Attribute::kOrdinal);
     if (text.empty() || child->first != nullptr) continue;
-    ++ordinals.given;
     const auto number = base::FindLong(text);
-    const bool inRange = number && *number >= 1 && *number <= ordinals.count;
+    const bool inRange = number && *number >= 1 && static_cast<std::size_t>(*number) <= children.size();
     if (!inRange) {
-      odd(*child, false);
-    } else if (!ordinals.taken.emplace(*number, child).second) {
-      odd(*child, true);
+      odd(*child, text, false);
+      continue;
+    }
+    const Entry*& place = ordinals.taken[static_cast<std::size_t>(*number)];
+    if (place != nullptr) {
+      odd(*child, text, true);
     } else {
+      place = child;
       ++ordinals.usable;
     }
   }
@@ -115,10 +124,10 @@ Ordinals ReadOrdinals(const Subject& subject, Odd odd) {
 }  // namespace
 
 void OrdinalOutOfRange(const Subject& subject, Findings& findings) {
-  ReadOrdinals(subject, [&](const Entry& child, bool twice) {
+  ReadOrdinals(subject, [&](const Entry& child, WideStringView text, bool twice) {
     if (twice) return;
     findings.Add(subject.All().Of(child), Attribute::kOrdinal,
-                 "The Ordinal " + Quoted(child.Value(TextId::kOrdinal)) + " is not from 1 to " +
+                 "The Ordinal " + Quoted(text) + " is not from 1 to " +
                      std::to_string(subject.MenuEntry().children.size()) +
                      ", the number of lines: the entry comes last.",
                  "Count the entries of the menu from 1.");
@@ -126,27 +135,28 @@ void OrdinalOutOfRange(const Subject& subject, Findings& findings) {
 }
 
 void OrdinalTwice(const Subject& subject, Findings& findings) {
-  ReadOrdinals(subject, [&](const Entry& child, bool twice) {
+  ReadOrdinals(subject, [&](const Entry& child, WideStringView text, bool twice) {
     if (!twice) return;
-    findings.Add(subject.All().Of(child), Attribute::kOrdinal,
-                 "A line of its menu has the Ordinal " + Quoted(child.Value(TextId::kOrdinal)) +
-                     " already: this one comes behind all that have a place.",
-                 "Count the entries of the menu from 1.");
+    findings.Add(
+        subject.All().Of(child), Attribute::kOrdinal,
+        "A line of its menu has the Ordinal " + Quoted(text) + " already: this one comes behind all that have a place.",
+        "Count the entries of the menu from 1.");
   });
 }
 
 void OrdinalGap(const Subject& subject, Findings& findings) {
   bool odd = false;
-  const Ordinals ordinals = ReadOrdinals(subject, [&](const Entry&, bool) { odd = true; });
+  const Ordinals ordinals = ReadOrdinals(subject, [&](const Entry&, WideStringView, bool) { odd = true; });
   if (odd || ordinals.usable == 0) return;
-  const auto most = std::max_element(ordinals.taken.begin(), ordinals.taken.end(),
-                                     [](const auto& a, const auto& b) { return a.first < b.first; });
-  if (static_cast<std::size_t>(most->first) == ordinals.usable) return;
-  std::int32_t missing = 1;
-  while (ordinals.taken.contains(missing)) ++missing;
-  findings.Add(subject.All().Of(*most->second), Attribute::kOrdinal,
+  const auto& taken = ordinals.taken;
+  std::size_t highest = taken.size() - 1;
+  while (taken[highest] == nullptr) --highest;
+  if (highest == ordinals.usable) return;
+  std::size_t missing = 1;
+  while (taken[missing] != nullptr) ++missing;
+  findings.Add(subject.All().Of(*taken[highest]), Attribute::kOrdinal,
                "No entry of its menu has the Ordinal " + std::to_string(missing) +
-                   ": the lines behind it move up, so that this is not line " + std::to_string(most->first) + ".",
+                   ": the lines behind it move up, so that this is not line " + std::to_string(highest) + ".",
                "Count the entries of the menu from 1 without a gap.");
 }
 

@@ -19,8 +19,8 @@ using values::TypeCode;
 
 // The range, empty when there is none to be looked at.
 WideStringView RangeOf(const Subject& subject) {
-  const WideString& range = subject.Resolved(Attribute::kRange);
-  return range == values::kUnresolved ? WideStringView() : WideStringView(range);
+  const WideStringView range = subject.Resolved(Attribute::kRange);
+  return range == values::kUnresolved ? WideStringView() : range;
 }
 
 bool HasChoices(const Subject& subject) {
@@ -206,7 +206,7 @@ void DefaultMissing(const Survey& survey, Findings& findings) {
   for (const Subject& subject : subjects) {
     if (!subject.Has(Attribute::kOid) || subject.Has(Attribute::kDefVal) || subject.IsField()) continue;
     if (!IsOneOfFew(subject)) continue;
-    const DeviceEntry* value = survey.DeviceEntryOf(subject);
+    const DeviceEntry* value = subject.OnDevice();
     // Nobody can set what the device refuses.
     if (value != nullptr && (value->line.options.readOnly || value->line.options.set)) continue;
     findings.Add(subject, "It has no DefVal: restoring the defaults leaves it as it is.", "Give it a DefVal.");

@@ -21,7 +21,7 @@ void AttributeUnknown(const Subject& subject, Findings& findings);
 void DisplayNameMissing(const Subject& subject, Findings& findings);
 void EntryNothing(const Subject& subject, Findings& findings);
 void EntryTwoThings(const Subject& subject, Findings& findings);
-void OidTwice(const Subject& subject, Findings& findings);
+void OidTwice(const Survey& survey, Findings& findings);
 void SiblingTitleTwice(const Subject& subject, Findings& findings);
 void OrdinalOutOfRange(const Subject& subject, Findings& findings);
 void OrdinalTwice(const Subject& subject, Findings& findings);

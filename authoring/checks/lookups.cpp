@@ -13,8 +13,6 @@
 namespace authoring::checks {
 namespace {
 
-constexpr WideStringView kIndirect = u"Table,";
-
 // Where the utility takes the text as it is written.
 constexpr Attribute kDirect[] = {Attribute::kOid,         Attribute::kType,      Attribute::kDefVal,
                                  Attribute::kOrdinal,     Attribute::kTextFmt,   Attribute::kMaxChars,
@@ -24,8 +22,6 @@ constexpr Attribute kDirect[] = {Attribute::kOid,         Attribute::kType,     
 constexpr Attribute kIndirectAllowed[] = {Attribute::kCmdString, Attribute::kChoiceFmt,   Attribute::kRange,
                                           Attribute::kEvent,     Attribute::kWep,         Attribute::kPassWordChar,
                                           Attribute::kSubType,   Attribute::kUnavailable, Attribute::kFillOid};
-
-bool IsIndirect(WideStringView text) { return text.starts_with(kIndirect); }
 
 bool FileExists(WideStringView path) { return platform::host::FindPlace(path).exists; }
 
@@ -67,7 +63,7 @@ void TableWhereNoneIs(const Subject& subject, Findings& findings) {
 void DisplayNameNoSymbol(const Subject& subject, Findings& findings) {
   const WideStringView name = subject.Get(Attribute::kDisplayName);
   const WideStringView prefix = SymbolPrefix(name);
-  if (prefix.empty() || subject.All().Source().Symbols().TextOf(name) != name) return;
+  if (prefix.empty() || subject.All().Source().Symbols().ViewOf(name) != name) return;
   // Only where such names are symbols.
   const auto& registry = subject.All().Source().Terminal().registry;
   const auto* key = registry == nullptr ? nullptr

@@ -82,8 +82,8 @@ bool HasFallback(const Subject& subject) {
 
 // What is wrong with them by themselves has been said.
 bool FallbacksAreSound(const Subject& subject) {
-  const auto* named = subject.All().WithName(subject.Get(Attribute::kDisplayName));
-  if (named == nullptr || named->size() > 1) return false;
+  const auto named = subject.All().WithName(subject.Get(Attribute::kDisplayName));
+  if (named.size() != 1) return false;
   for (const RuleText& rule : subject.Rules()) {
     for (const WideString* action : {&rule.thenAction, &rule.elseAction}) {
       const auto narrowed = ChoicesOf(*action);
@@ -267,9 +267,9 @@ class Prover {
   bool ReadsNothing(const Subject& subject) const {
     return std::any_of(subject.Rules().begin(), subject.Rules().end(), [&](const RuleText& rule) {
       return std::any_of(rule.comparisons.begin(), rule.comparisons.end(), [&](const RuleComparison& comparison) {
-        if (rule.form == RuleText::Form::kCondition) return survey_.WithName(comparison.name) == nullptr;
+        if (rule.form == RuleText::Form::kCondition) return survey_.WithName(comparison.name).empty();
         const WideString oid = rules::Operands::OidOfName(comparison.name, &subject.Key());
-        return !oid.empty() && survey_.WithOid(oid.substr(0, oid.find(u':'))) == nullptr &&
+        return !oid.empty() && survey_.WithOid(oid.substr(0, oid.find(u':'))).empty() &&
                survey_.DeviceText(oid) == nullptr;
       });
     });

@@ -16,11 +16,14 @@ constexpr std::array<TextId, 13> kTypes = {
     TextId::kGauge,     TextId::kTimeTicks, TextId::kOpaque,
 };
 
-std::vector<WideStringView> TypeNames() {
-  std::vector<WideStringView> names;
-  names.reserve(kTypes.size());
-  for (const TextId type : kTypes) names.push_back(LoadText(type));
-  return names;
+const std::vector<WideStringView>& TypeNames() {
+  static const std::vector<WideStringView> all = [] {
+    std::vector<WideStringView> names;
+    names.reserve(kTypes.size());
+    for (const TextId type : kTypes) names.push_back(LoadText(type));
+    return names;
+  }();
+  return all;
 }
 
 bool IsExactly(WideStringView text, const std::vector<WideStringView>& names) {
@@ -41,7 +44,7 @@ void TypeMissing(const Subject& subject, Findings& findings) {
 
 void TypeUnknown(const Subject& subject, Findings& findings) {
   const WideStringView type = subject.Get(Attribute::kType);
-  if (type.empty() || IsInAnyCase(type, TypeNames())) return;
+  if (type.empty() || IsExactly(type, TypeNames()) || IsInAnyCase(type, TypeNames())) return;
   findings.Add(subject, Attribute::kType,
                "There is no Type " + Quoted(type) + ": the line shows no value, and Enter does nothing.",
                MendByNearest(type, TypeNames(), "Take one of the types there are."));
@@ -88,7 +91,7 @@ void SubTypeUnknown(const Subject& subject, Findings& findings) {
 }
 
 void FillOidUnknown(const Subject& subject, Findings& findings) {
-  const WideString& fill = subject.Resolved(Attribute::kFillOid);
+  const WideStringView fill = subject.Resolved(Attribute::kFillOid);
   const bool hasStar = subject.Get(Attribute::kOid).find(u'*') != WideStringView::npos;
   if (!fill.empty() && fill != u"Profile") {
     constexpr std::array<WideStringView, 1> kKnown = {u"Profile"};
@@ -128,7 +131,7 @@ void OidBlanks(const Subject& subject, Findings& findings) {
 void SecretInClear(const Subject& subject, Findings& findings) {
   if (subject.Has(Attribute::kPassWordChar) || subject.Has(Attribute::kWep)) return;
   if (subject.Type() != values::TypeCode::kOctetString || subject.Has(Attribute::kChoiceFmt)) return;
-  const WideString name = subject.All().Source().Symbols().TextOf(subject.Get(Attribute::kDisplayName));
+  const WideStringView name = subject.All().Source().Symbols().ViewOf(subject.Get(Attribute::kDisplayName));
   if (!NamesASecret(name)) return;
   findings.Add(subject, "By its name " + Quoted(name) + " is a secret, and its value stands on its line in clear.",
                "Make its Type Password, or give it PassWordChar.");

@@ -113,8 +113,8 @@ void RuleCases::AddValue(RuleVariable& variable, const WideString& value) const 
 }
 
 void RuleCases::AddValues(RuleVariable& variable, const std::vector<WideString>& wanted) const {
-  const auto* subjects = survey_.WithOid(variable.oid);
-  if (subjects != nullptr && AddKnownValues(variable, *subjects->back(), wanted)) return;
+  const auto subjects = survey_.WithOid(variable.oid);
+  if (!subjects.empty() && AddKnownValues(variable, *subjects.back(), wanted)) return;
   for (const WideString& value : wanted) AddValue(variable, value);
   AddUnique(variable.values, WideString());
   if (variable.other) return;
@@ -132,7 +132,7 @@ bool RuleCases::AddKnownValues(RuleVariable& variable, const Subject& subject,
                                const std::vector<WideString>& wanted) const {
   if (IsSetByWirelessRules(variable.oid)) return false;
   const auto type = subject.Type();
-  const WideString& range = subject.Resolved(Attribute::kRange);
+  const WideStringView range = subject.Resolved(Attribute::kRange);
   const bool hasChoices = subject.Has(Attribute::kChoiceFmt) && subject.ChoiceText() != values::kUnresolved;
   const bool isFlag = type == TypeCode::kBool;
   const bool isSpan = type == TypeCode::kInteger && !range.empty() && range != values::kUnresolved;
@@ -170,7 +170,7 @@ bool RuleCases::AddKnownValues(RuleVariable& variable, const Subject& subject,
   }
   // What is there already, and what is set by others, can be there whatever the choices.
   if (subject.Has(Attribute::kDefVal)) AddValue(variable, WideString(subject.Get(Attribute::kDefVal)));
-  if (const WideString* held = survey_.DeviceText(survey_.DeviceOid(subject)); held != nullptr && !subject.IsField()) {
+  if (const WideString* held = Survey::TextOf(subject.OnDevice()); held != nullptr && !subject.IsField()) {
     AddValue(variable, *held);
   }
   for (const model::SetTriple& triple : survey_.Triples()) {
@@ -211,8 +211,8 @@ void RuleCases::Put(const RuleVariable& variable, const WideString& value) {
   variable.property->ParseValue(text, parsed);
   variable.property->SetTaken(std::move(parsed));
   // A rule may read it anew.
-  const auto* subjects = survey_.WithOid(variable.property->GetOID());
-  if (subjects != nullptr) trial_.trial.Device().Put(survey_.DeviceOid(*subjects->back()), text);
+  const auto subjects = survey_.WithOid(variable.property->GetOID());
+  if (!subjects.empty()) trial_.trial.Device().Put(survey_.DeviceOid(*subjects.back()), text);
 }
 
 void RuleCases::ForEach(const std::function<bool()>& visit) {

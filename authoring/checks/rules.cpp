@@ -54,12 +54,12 @@ std::size_t PlaceOf(const RuleText& rule, WideStringView text) {
 // A name that a flag rule may use although no entry has it.
 bool IsKnownOid(const Survey& survey, WideStringView oid) {
   if (oid.empty() || base::EqualsIgnoringCase(oid, u"this") || base::EqualsIgnoringCase(oid, u"Empty")) return true;
-  if (survey.WithOid(oid) != nullptr) return true;
+  if (!survey.WithOid(oid).empty()) return true;
   const std::size_t colon = oid.find(u':');
-  if (colon != WideStringView::npos && survey.WithOid(oid.substr(0, colon)) != nullptr) return true;
+  if (colon != WideStringView::npos && !survey.WithOid(oid.substr(0, colon)).empty()) return true;
   const auto& terminal = survey.Source().Terminal();
   if (oid.starts_with(u'_')) return false;
-  return !terminal.hasDevice || terminal.device.contains(WideString(oid));
+  return !terminal.hasDevice || terminal.device.contains(oid);
 }
 
 }  // namespace
@@ -122,7 +122,7 @@ void RuleOidUnknown(const Subject& subject, Findings& findings) {
   ForEachRule(subject, RuleText::Form::kFlag, [&](const RuleText& rule, const WideString& attribute) {
     const WideString& oid = rule.comparisons.front().name;
     if (rule.fields != 4 || IsKnownOid(subject.All(), oid)) return;
-    const bool isName = subject.All().WithName(oid) != nullptr;
+    const bool isName = !subject.All().WithName(oid).empty();
     findings.Add(subject, attribute,
                  std::string(isName ? "A flag rule does not know display names: nothing has the OID "
                                     : "Neither an entry nor the device has the OID ") +
@@ -134,13 +134,13 @@ void RuleOidUnknown(const Subject& subject, Findings& findings) {
 void RuleNameUnknown(const Subject& subject, Findings& findings) {
   ForEachRule(subject, RuleText::Form::kCondition, [&](const RuleText& rule, const WideString& attribute) {
     for (const RuleComparison& comparison : rule.comparisons) {
-      if (subject.All().WithName(comparison.name) != nullptr) continue;
+      if (!subject.All().WithName(comparison.name).empty()) continue;
       std::vector<WideStringView> names;
       for (const Subject& other : subject.All().Subjects()) {
         if (findings.AreMany()) break;
         if (other.IsProperty()) names.push_back(other.Get(Attribute::kDisplayName));
       }
-      const bool isOid = subject.All().WithOid(comparison.name) != nullptr;
+      const bool isOid = !subject.All().WithOid(comparison.name).empty();
       findings.Add(
           subject, attribute, PlaceOf(rule, comparison.name),
           (isOid ? "A condition does not know OIDs: no property is called " : std::string("No property is called ")) +
@@ -155,13 +155,13 @@ void RuleNameTwice(const Subject& subject, Findings& findings) {
   ForEachRule(subject, RuleText::Form::kCondition, [&](const RuleText& rule, const WideString& attribute) {
     std::vector<WideStringView> said;
     for (const RuleComparison& comparison : rule.comparisons) {
-      const auto* named = subject.All().WithName(comparison.name);
-      if (named == nullptr || named->size() < 2) continue;
+      const auto named = subject.All().WithName(comparison.name);
+      if (named.size() < 2) continue;
       if (std::find(said.begin(), said.end(), comparison.name) != said.end()) continue;
       said.push_back(comparison.name);
       findings.Add(subject, attribute, PlaceOf(rule, comparison.name),
-                   std::to_string(named->size()) + " properties are called " + Quoted(comparison.name) +
-                       "; the rule means the last one, " + base::ToUtf8(Entries::PathOf(named->back()->MenuEntry())) +
+                   std::to_string(named.size()) + " properties are called " + Quoted(comparison.name) +
+                       "; the rule means the last one, " + base::ToUtf8(Entries::PathOf(named.back()->MenuEntry())) +
                        ".",
                    "Give the property that is meant a DisplayName of its own.");
     }
@@ -235,11 +235,12 @@ void FallbackNotAChoice(const Subject& subject, Findings& findings) {
 void FallbackNameShared(const Subject& subject, Findings& findings) {
   ForEachAction(subject, [&](const RuleText& rule, const WideString& attribute, const WideString& action) {
     const auto narrowed = ChoicesOf(action);
-    const auto* named = subject.All().WithName(subject.Get(Attribute::kDisplayName));
-    if (!narrowed || !narrowed->fallback || named == nullptr || named->size() < 2) return;
+    if (!narrowed || !narrowed->fallback) return;
+    const auto named = subject.All().WithName(subject.Get(Attribute::kDisplayName));
+    if (named.size() < 2) return;
     findings.Add(subject, attribute, PlaceOf(rule, action),
                  "A fallback looks at the value of the property of this DisplayName, and " +
-                     std::to_string(named->size()) + " have it: it may be stored over a good value.",
+                     std::to_string(named.size()) + " have it: it may be stored over a good value.",
                  "Give this property a DisplayName of its own.");
   });
 }

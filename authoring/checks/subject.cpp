@@ -16,9 +16,20 @@ std::size_t CountOf(WideStringView number) { return static_cast<std::size_t>(std
 }  // namespace
 
 Subject::Subject(const Survey& survey, const Entry& entry) : survey_(&survey), entry_(&entry) {
+  places_.fill(config::ConfigKey::kManyValues);
+  std::uint8_t place = 0;
   for (const config::NamedText& value : entry.key->Values()) {
-    if (!value.text.empty()) set_.Add(AttributeOf(value.name).attribute);
+    if (!value.text.empty()) {
+      const NamedAttribute named = AttributeOf(value.name);
+      set_.Add(named.attribute);
+      const bool isFollower = named.number != 0 || named.attribute == Attribute::kUnknown;
+      if (!isFollower) places_[static_cast<std::size_t>(named.attribute)] = place;
+    }
+    if (place < config::ConfigKey::kManyValues) ++place;
   }
+  if (!Has(Attribute::kType)) return;
+  isInteger_ = Get(Attribute::kType) == LoadText(TextId::kInteger);
+  type_ = values::TypeCodeOf(Get(Attribute::kType));
 }
 
 Subject::Parsed& Subject::Cache() const {
@@ -26,16 +37,12 @@ Subject::Parsed& Subject::Cache() const {
   return *parsed_;
 }
 
-const WideString& Subject::Resolved(Attribute attribute) const {
-  static const WideString kEmpty;
-  if (!Has(attribute)) return kEmpty;
-  auto& known = Cache().resolved;
-  for (const auto& [name, text] : known) {
-    if (name == attribute) return text;
-  }
-  // A few attributes of an entry are asked for at most, so that places stay when one is added.
-  if (known.empty()) known.reserve(kAttributeCount);
-  return known.emplace_back(attribute, values::ResolveText(Get(attribute))).second;
+WideStringView Subject::Resolved(Attribute attribute) const {
+  const WideStringView text = Get(attribute);
+  if (!IsIndirect(text)) return text;
+  const auto [place, isNew] = Cache().resolved.try_emplace(attribute);
+  if (isNew) place->second = values::ResolveText(text);
+  return place->second;
 }
 
 bool Subject::IsEditable() const {
@@ -47,10 +54,8 @@ bool Subject::IsEditable() const {
   return code && *code != values::TypeCode::kNone && *code != values::TypeCode::kReaderCmd;
 }
 
-const WideString& Subject::ChoiceText() const {
-  auto& text = Cache().choiceText;
-  if (!text) text = survey_->Source().Symbols().TextOf(Resolved(Attribute::kChoiceFmt));
-  return *text;
+WideStringView Subject::ChoiceText() const {
+  return survey_->Source().Symbols().ViewOf(Resolved(Attribute::kChoiceFmt));
 }
 
 const values::ChoiceFormat& Subject::Choices() const {
@@ -75,16 +80,16 @@ bool Subject::IsChoice(WideStringView value) const {
 const values::FieldWidthList* Subject::Layout() const {
   if (!Has(Attribute::kCmdString)) return nullptr;
   auto& layout = Cache().layout;
-  if (!layout) layout.emplace(Resolved(Attribute::kCmdString));
+  if (!layout) layout.emplace(WideString(Resolved(Attribute::kCmdString)));
   return &*layout;
 }
 
 std::size_t Subject::TypedLimit() const {
   WideString mask(Get(Attribute::kTextFmt));
-  const WideString& range = Resolved(Attribute::kRange);
+  const WideStringView range = Resolved(Attribute::kRange);
   if (mask.empty() && range != values::kUnresolved) mask = values::MaskFromRange(range);
   if (mask.empty() && IsInteger()) mask = LoadText(TextId::kIntegerMask);
-  if (values::TypeCodeOf(Get(Attribute::kType)) == values::TypeCode::kPassword) mask.clear();
+  if (Type() == values::TypeCode::kPassword) mask.clear();
   const std::size_t most = CountOf(Get(Attribute::kMaxChars));
   if (mask.empty() || most == 0) return std::max(mask.size(), most);
   return std::min(mask.size(), most);
@@ -114,6 +119,12 @@ std::vector<WideStringView> Subject::ExitCommands() const {
     text = Key().Value(NumberedName(Attribute::kOnExit, ++number));
   }
   return commands;
+}
+
+const DeviceEntry* Subject::OnDevice() const {
+  auto& entry = Cache().onDevice;
+  if (!entry) entry = survey_->OnDevice(*this);
+  return *entry;
 }
 
 }  // namespace authoring

@@ -9,7 +9,6 @@ Survey::Survey(const Configuration& configuration)
   subjects_.reserve(entries_.All().size());
   for (const Entry& entry : entries_.All()) {
     if (entry.first != nullptr) continue;
-    places_.emplace(entry.key, subjects_.size());
     subjects_.emplace_back(*this, entry);
   }
   for (const Subject& subject : subjects_) {
@@ -18,12 +17,14 @@ Survey::Survey(const Configuration& configuration)
       if (triple) triples_.push_back(*triple);
     }
     if (!subject.IsProperty()) continue;
-    byOid_[subject.Oid()].push_back(&subject);
-    byName_[subject.Get(Attribute::kDisplayName)].push_back(&subject);
+    byOid_.Add(subject.Oid(), subject);
+    byName_.Add(subject.Get(Attribute::kDisplayName), subject);
   }
+  byOid_.Sort();
+  byName_.Sort();
 }
 
-const Subject& Survey::Of(const Entry& entry) const { return subjects_[places_.at(entry.key)]; }
+const Subject& Survey::Of(const Entry& entry) const { return subjects_[entry.number]; }
 
 WideString Survey::DeviceOid(const Subject& property) const {
   WideString oid(property.Get(Attribute::kOid));
@@ -33,17 +34,22 @@ WideString Survey::DeviceOid(const Subject& property) const {
   return oid.replace(star, 1, profile == nullptr ? WideString() : *profile);
 }
 
-const DeviceEntry* Survey::DeviceEntryOf(const Subject& property) const {
+const DeviceEntry* Survey::OnDevice(const Subject& property) const {
+  const WideStringView oid = property.Get(Attribute::kOid);
   const auto& device = configuration_.Terminal().device;
-  const auto found = device.find(DeviceOid(property));
+  const auto found = oid.find(u'*') == WideStringView::npos ? device.find(oid) : device.find(DeviceOid(property));
   return found == device.end() ? nullptr : &found->second;
 }
 
 const WideString* Survey::DeviceText(WideStringView oid) const {
   const auto& device = configuration_.Terminal().device;
-  const auto found = device.find(WideString(oid));
-  if (found == device.end()) return nullptr;
-  const simulator::DeviceLine& line = found->second.line;
+  const auto found = device.find(oid);
+  return found == device.end() ? nullptr : TextOf(&found->second);
+}
+
+const WideString* Survey::TextOf(const DeviceEntry* entry) {
+  if (entry == nullptr) return nullptr;
+  const simulator::DeviceLine& line = entry->line;
   return line.options.null || line.options.get.value_or(0) != 0 ? nullptr : &line.value;
 }
 

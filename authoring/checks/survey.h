@@ -2,11 +2,10 @@
 #pragma once
 
 #include "authoring/checks/subject.h"
+#include "authoring/checks/subject_index.h"
 #include "authoring/configuration.h"
 #include "model/set_triple.h"
 
-#include <deque>
-#include <unordered_map>
 #include <vector>
 
 namespace authoring {
@@ -28,35 +27,28 @@ class Survey {
   // The subject of an entry's key.
   const Subject& Of(const Entry& entry) const;
 
-  // The properties, in the order of the menus; each list has at least one. Null when there is none.
-  using Group = std::vector<const Subject*>;
-  const Group* WithOid(WideStringView oid) const { return Find(byOid_, oid); }
+  // The properties of an OID, in the order of the menus.
+  SubjectIndex::Group WithOid(WideStringView oid) const { return byOid_.Find(oid); }
+  const std::vector<SubjectIndex::Group>& SharedOids() const { return byOid_.Shared(); }
   // By display name as it is written.
-  const Group* WithName(WideStringView name) const { return Find(byName_, name); }
+  SubjectIndex::Group WithName(WideStringView name) const { return byName_.Find(name); }
 
   // What handlers set.
   const std::vector<model::SetTriple>& Triples() const { return triples_; }
 
-  // What the device holds for a property, by its own OID with the active profile filled in. Null: it has no such OID,
-  // or nothing is known about the device.
-  const DeviceEntry* DeviceEntryOf(const Subject& property) const;
+  // What Subject::OnDevice() keeps.
+  const DeviceEntry* OnDevice(const Subject& property) const;
   // A value as the device gives it: nothing also when its Get fails or gives no text.
   const WideString* DeviceText(WideStringView oid) const;
+  static const WideString* TextOf(const DeviceEntry* entry);
   WideString DeviceOid(const Subject& property) const;
 
  private:
-  using Index = std::unordered_map<WideStringView, Group>;
-  static const Group* Find(const Index& index, WideStringView text) {
-    const auto found = index.find(text);
-    return found == index.end() ? nullptr : &found->second;
-  }
-
   const Configuration& configuration_;
   Entries entries_;
   std::vector<Subject> subjects_;
-  std::unordered_map<const config::ConfigKey*, std::size_t> places_;
-  Index byOid_;
-  Index byName_;
+  SubjectIndex byOid_;
+  SubjectIndex byName_;
   std::vector<model::SetTriple> triples_;
 };
 

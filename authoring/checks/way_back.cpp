@@ -36,10 +36,10 @@ bool CanBeSaved(const Subject& property, const WideString& value) {
 
 WayBack::WayBack(const Subject& line, const RuleCases& cases) : line_(line), cases_(cases) {
   for (std::size_t i = 0; i < cases.Variables().size(); ++i) {
-    const auto* properties = line.All().WithOid(cases.Variables()[i].oid);
+    const auto properties = line.All().WithOid(cases.Variables()[i].oid);
     // What stands in several places can be edited in another one.
-    if (properties == nullptr || properties->size() > 1) continue;
-    const Subject& property = *properties->front();
+    if (properties.size() != 1) continue;
+    const Subject& property = *properties.front();
     if (!property.IsEditable() || !StandsBehind(property, line)) continue;
     settings_.push_back({i, &property, std::vector<bool>(cases.Variables()[i].values.size())});
   }

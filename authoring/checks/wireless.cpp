@@ -62,7 +62,7 @@ void WirelessSettingMissing(const Survey& survey, Findings& findings) {
   if (first == subjects.end()) return;
   std::string missing;
   for (const Setting& setting : kReadSettings) {
-    const bool isThere = survey.WithOid(setting.oid) != nullptr || survey.DeviceText(setting.oid) != nullptr;
+    const bool isThere = !survey.WithOid(setting.oid).empty() || survey.DeviceText(setting.oid) != nullptr;
     if (isThere) continue;
     missing += (missing.empty() ? "" : ", ") + std::string(setting.name) + " " + base::ToUtf8(setting.oid);
   }
@@ -74,9 +74,9 @@ void WirelessSettingMissing(const Survey& survey, Findings& findings) {
 }
 
 void WirelessKeyType(const Survey& survey, Findings& findings) {
-  const auto* keys = survey.WithOid(rules::wireless::kKeyValue);
-  if (keys == nullptr || std::none_of(survey.Subjects().begin(), survey.Subjects().end(), NamesVerify)) return;
-  for (const Subject* key : *keys) {
+  const auto keys = survey.WithOid(rules::wireless::kKeyValue);
+  if (keys.empty() || std::none_of(survey.Subjects().begin(), survey.Subjects().end(), NamesVerify)) return;
+  for (const Subject* key : keys) {
     if (key->Type() == values::TypeCode::kHex && key->Has(Attribute::kWep)) continue;
     findings.Add(
         *key,
