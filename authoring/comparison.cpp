@@ -98,7 +98,12 @@ class Comparer {
 
   void CompareEntry(const Entry& before, const Entry& after) {
     if (old_.Title(before) != new_.Title(after)) {
-      Add(after, "renamed", "is called " + Quoted(new_.Title(after)) + " instead of " + Quoted(old_.Title(before)));
+      const std::string names = Quoted(new_.Title(after)) + " instead of " + Quoted(old_.Title(before));
+      if (before.DisplayName() == after.DisplayName()) {
+        Add(after, "symbol-changed", "reads " + names + " by the symbol " + base::ToUtf8(after.DisplayName()));
+      } else {
+        Add(after, "renamed", "is called " + names);
+      }
     }
     ComparePlace(before, after);
     CompareChoices(before, after);

@@ -1,16 +1,17 @@
 #include "authoring/entries.h"
 
+#include "authoring/checks/attributes.h"
 #include "model/child_key.h"
+#include "model/entry_kind.h"
 #include "model/ordered_menu_items.h"
 
 #include <unordered_map>
 
 namespace authoring {
 
-WideStringView Entry::Oid() const {
-  const WideStringView oid = Value(TextId::kOid);
-  return oid.empty() ? Value(TextId::kCmdOid) : oid;
-}
+WideStringView Entry::Oid() const { return model::OidOf(*key); }
+
+std::vector<WideStringView> RulesOf(const config::ConfigKey& key) { return NumberedTexts(key, Attribute::kDependency); }
 
 Entries::Entries(const config::PDataStore& tree, WideStringView rootPath) {
   struct OpenMenu {

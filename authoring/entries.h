@@ -25,6 +25,9 @@ struct Entry {
   bool IsMenu() const { return !key->Subkeys().empty(); }
 };
 
+// `Dependency`, `Dependency1` and so on, as far as they run.
+std::vector<WideStringView> RulesOf(const config::ConfigKey& key);
+
 class Entries {
  public:
   // The tree must live longer.

@@ -1,7 +1,6 @@
 #include "authoring/finding_formats.h"
+#include "authoring/json_text.h"
 #include "base/utf8.h"
-
-#include <nlohmann/json.hpp>
 
 namespace authoring {
 
@@ -26,7 +25,7 @@ void PrintJson(std::span<const Finding> findings, std::ostream& out) {
   document["version"] = 1;
   document["findings"] = std::move(list);
   // A name of any bytes may stand in a path.
-  out << document.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace) << '\n';
+  WriteJson(document, out);
 }
 
 }  // namespace authoring

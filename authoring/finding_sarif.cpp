@@ -1,8 +1,7 @@
 #include "authoring/checks/check.h"
 #include "authoring/finding_formats.h"
+#include "authoring/json_text.h"
 #include "base/utf8.h"
-
-#include <nlohmann/json.hpp>
 
 #include <cctype>
 #include <cstdio>
@@ -84,7 +83,7 @@ void PrintSarif(std::span<const Finding> findings, std::ostream& out) {
   document["$schema"] = "https://json.schemastore.org/sarif-2.1.0.json";
   document["version"] = "2.1.0";
   document["runs"] = Json::array({std::move(run)});
-  out << document.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+  WriteJson(document, out);
 }
 
 }  // namespace authoring

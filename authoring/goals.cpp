@@ -1,8 +1,10 @@
 #include "authoring/goals.h"
 
+#include "authoring/checks/rule_text.h"
+#include "authoring/entries.h"
 #include "authoring/entry_lookup.h"
-#include "base/format.h"
 #include "base/utf8.h"
+#include "model/entry_kind.h"
 #include "rules/rule_tokens.h"
 #include "rules/wireless_couplings.h"
 #include "ui/entry_kinds.h"
@@ -21,33 +23,13 @@ bool CanBeEdited(const model::MenuItem& item) {
   return ui::ChooseEntryKind(editors.MakeRequest(*property)) != ui::EntryKind::kNone;
 }
 
-bool IsCommand(const config::ConfigKey& key) {
-  return !key.Value(TextId::kFunction).empty() || !key.Value(TextId::kAppName).empty();
-}
-
-// `Dependency`, `Dependency1` and so on, as far as they run.
-std::vector<WideString> RulesOf(const config::ConfigKey& key) {
-  std::vector<WideString> rules;
-  WideStringView rule = key.Value(u"Dependency");
-  for (int number = 1; !rule.empty(); ++number) {
-    rules.emplace_back(rule);
-    rule = key.Value(base::Format(u"Dependency%d", number));
-  }
-  return rules;
-}
-
 // The lists of all "ChoiceFmt=" actions of a rule.
 std::vector<WideString> ChoiceListsIn(WideStringView rule) {
-  constexpr WideStringView kAction = u"ChoiceFmt=";
   std::vector<WideString> lists;
   WideStringView rest = rule;
   for (std::size_t words = 0; !rest.empty() && words < 10'000; ++words) {
     const rules::RuleToken token = rules::NextRuleToken(rest);
-    if (!base::EqualsIgnoringCase(WideStringView(token.text).substr(0, kAction.size()), kAction)) continue;
-    WideStringView list = WideStringView(token.text).substr(kAction.size());
-    list.remove_prefix(std::min(list.find_first_not_of(u'"'), list.size()));
-    list = list.substr(0, list.find(u'"'));
-    lists.emplace_back(list.substr(0, list.find(u':')));
+    if (auto narrowed = ChoicesOf(token.text)) lists.push_back(std::move(narrowed->choices));
   }
   return lists;
 }
@@ -111,8 +93,8 @@ void Goals::AddItem(Trial& trial, const model::MenuItem& item) {
   };
   if (!item.IsLeaf() || item.Parent() == nullptr) add(GoalKind::kMenu);
   if (item.Parent() != nullptr) add(GoalKind::kLine);
-  if (item.IsLeaf() && IsCommand(*key)) add(GoalKind::kCommand);
-  if (CanBeEdited(item) && !IsCommand(*key)) {
+  if (item.IsLeaf() && model::IsCommand(*key)) add(GoalKind::kCommand);
+  if (CanBeEdited(item) && !model::IsCommand(*key)) {
     add(GoalKind::kEditor);
     const auto addChoices = [&](const values::ChoiceFormat& choices) {
       for (const auto& entry : choices.Entries()) add(GoalKind::kChoice, base::ToUtf8(entry.text));
@@ -120,7 +102,7 @@ void Goals::AddItem(Trial& trial, const model::MenuItem& item) {
     const values::ChoiceFormat choices = item.Descriptor()->Choices();
     addChoices(choices);
     if (choices.Count() == 0) add(GoalKind::kSave);
-    for (const WideString& rule : RulesOf(*key)) {
+    for (const WideStringView rule : RulesOf(*key)) {
       for (const WideString& list : ChoiceListsIn(rule)) {
         // A list may be the name of a symbol.
         addChoices({trial.Symbols().TextOf(list), choices.Mode()});

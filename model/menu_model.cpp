@@ -3,6 +3,7 @@
 #include "base/format.h"
 #include "base/string_table.h"
 #include "model/child_key.h"
+#include "model/entry_kind.h"
 #include "model/key_walk.h"
 #include "model/ordered_menu_items.h"
 #include "platform/debug.h"
@@ -11,18 +12,6 @@
 #include <exception>
 
 namespace model {
-namespace {
-
-WideStringView OidOf(const config::ConfigKey& key) {
-  const WideStringView oid = key.Value(TextId::kOid);
-  return oid.empty() ? key.Value(TextId::kCmdOid) : oid;
-}
-
-bool IsCommand(const config::ConfigKey& key) {
-  return !key.Value(TextId::kFunction).empty() || !key.Value(TextId::kAppName).empty();
-}
-
-}  // namespace
 
 bool ShowsValue(const values::PropertyDescriptor& descriptor) {
   if (descriptor.HeldType() == LoadText(TextId::kReaderCmd)) return false;

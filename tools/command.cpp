@@ -63,9 +63,12 @@ int RunCommandLine(const Program& program, const std::vector<std::string>& argum
   try {
     app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
   } catch (const CLI::ParseError& error) {
-    return app.exit(error, out, errors) == 0 ? kFine : kUnusable;
+    status = app.exit(error, out, errors) == 0 ? kFine : kUnusable;
   }
-  return status;
+  // On a full disk the answer must not look whole.
+  if (out.flush()) return status;
+  errors << program.name << ": the answer cannot be written\n";
+  return kUnusable;
 }
 
 }  // namespace tools

@@ -1,10 +1,9 @@
 // kelconf diff: what changed between two configurations.
 #include "authoring/comparison.h"
+#include "authoring/json_text.h"
 #include "base/utf8.h"
 #include "tools/console.h"
 #include "tools/kelconf_source.h"
-
-#include <nlohmann/json.hpp>
 
 #include <memory>
 #include <ostream>
@@ -40,7 +39,7 @@ void PrintJson(const std::vector<Change>& changes, const Streams& streams) {
     if (change.position.line != 0) json["line"] = change.position.line;
     list.push_back(std::move(json));
   }
-  streams.out << list.dump(2) << '\n';
+  authoring::WriteJson(list, streams.out);
 }
 
 int Run(const Options& options, Streams& streams) {

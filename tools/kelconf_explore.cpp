@@ -1,11 +1,10 @@
 // kelconf explore: plays the utility through everything that a configuration lets a person do.
 #include "authoring/explorer.h"
+#include "authoring/json_text.h"
 #include "authoring/script_replay.h"
 #include "authoring/storage_copy.h"
 #include "tools/console.h"
 #include "tools/kelconf_source.h"
-
-#include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <filesystem>
@@ -143,7 +142,7 @@ int Run(const Options& options, Streams& streams) {
     if (written != kFine) return written;
   }
   if (options.format == Format::kJson) {
-    streams.out << ToJson(exploration).dump(2) << '\n';
+    authoring::WriteJson(ToJson(exploration), streams.out);
   } else {
     PrintText(exploration, streams);
   }

@@ -1,11 +1,11 @@
 // kelconf find: entries by anything that is said about them, with the keys that lead there.
 #include "authoring/entry_lookup.h"
+#include "authoring/json_text.h"
 #include "authoring/search.h"
 #include "base/utf8.h"
+#include "model/entry_kind.h"
 #include "tools/console.h"
 #include "tools/kelconf_source.h"
-
-#include <nlohmann/json.hpp>
 
 #include <memory>
 #include <ostream>
@@ -21,11 +21,6 @@ struct Options {
   Format format = Format::kText;
 };
 
-WideStringView OidOf(const Hit& hit) {
-  const WideStringView oid = hit.key->Value(TextId::kOid);
-  return oid.empty() ? hit.key->Value(TextId::kCmdOid) : oid;
-}
-
 std::string KeysOf(const Hit& hit) {
   if (!hit.keys) return "hidden";
   return hit.keys->empty() ? "main menu" : base::ToUtf8(authoring::KeysInWords(*hit.keys));
@@ -35,8 +30,8 @@ void PrintText(const std::vector<Hit>& hits, const Streams& streams) {
   for (const Hit& hit : hits) {
     streams.out << Coloured(KeysOf(hit), hit.keys ? "32" : "33", streams.colours) << "  "
                 << base::ToUtf8(base::Trim(hit.item->Title())) << "  " << base::ToUtf8(authoring::PathOf(*hit.item));
-    if (!OidOf(hit).empty()) streams.out << "  " << base::ToUtf8(OidOf(hit));
-    const bool isSaid = hit.matched == LoadText(TextId::kDisplayName) || hit.text == OidOf(hit);
+    if (!model::OidOf(*hit.key).empty()) streams.out << "  " << base::ToUtf8(model::OidOf(*hit.key));
+    const bool isSaid = hit.matched == LoadText(TextId::kDisplayName) || hit.text == model::OidOf(*hit.key);
     if (!isSaid) streams.out << "\n    " << base::ToUtf8(hit.matched) << ": " << base::ToUtf8(hit.text);
     streams.out << '\n';
   }
@@ -48,7 +43,7 @@ void PrintJson(const authoring::Configuration& configuration, const std::vector<
     nlohmann::ordered_json json;
     json["path"] = base::ToUtf8(authoring::PathOf(*hit.item));
     json["name"] = base::ToUtf8(hit.item->Title());
-    json["oid"] = base::ToUtf8(OidOf(hit));
+    json["oid"] = base::ToUtf8(model::OidOf(*hit.key));
     json["keys"] = hit.keys ? nlohmann::ordered_json(base::ToUtf8(authoring::KeysInWords(*hit.keys))) : nullptr;
     json["matched"] = base::ToUtf8(hit.matched);
     json["text"] = base::ToUtf8(hit.text);
@@ -57,7 +52,7 @@ void PrintJson(const authoring::Configuration& configuration, const std::vector<
     if (position.line != 0) json["line"] = position.line;
     list.push_back(std::move(json));
   }
-  streams.out << list.dump(2) << '\n';
+  authoring::WriteJson(list, streams.out);
 }
 
 int Run(const Options& options, Streams& streams) {

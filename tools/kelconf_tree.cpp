@@ -1,11 +1,9 @@
 // kelconf tree: the menus as text.
 #include "authoring/entries.h"
-#include "base/format.h"
+#include "authoring/json_text.h"
 #include "base/utf8.h"
 #include "tools/console.h"
 #include "tools/kelconf_source.h"
-
-#include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <memory>
@@ -22,17 +20,6 @@ struct Options {
   SourceOptions source;
   Format format = Format::kText;
 };
-
-// `Dependency`, `Dependency1` and so on, as far as they run.
-std::vector<WideString> RulesOf(const Entry& entry) {
-  std::vector<WideString> rules;
-  WideStringView rule = entry.Value(u"Dependency");
-  for (int number = 1; !rule.empty(); ++number) {
-    rules.emplace_back(rule);
-    rule = entry.Value(base::Format(u"Dependency%d", number));
-  }
-  return rules;
-}
 
 std::string NameOf(const Configuration& configuration, const Entry& entry) {
   return base::ToUtf8(configuration.Symbols().TextOf(entry.DisplayName()));
@@ -69,7 +56,7 @@ void PrintText(const Configuration& configuration, const Entries& entries, const
     }
     if (entry.first != nullptr && entry.IsMenu()) streams.out << "  (as above)";
     streams.out << '\n';
-    for (const WideString& rule : RulesOf(entry)) {
+    for (const WideStringView rule : authoring::RulesOf(*entry.key)) {
       streams.out << indent << "     " << Coloured(base::ToUtf8(rule), "33", streams.colours) << '\n';
     }
   }
@@ -88,7 +75,7 @@ nlohmann::ordered_json ToJson(const Configuration& configuration, const Entry& e
     if (!text.empty()) json[name] = base::ToUtf8(text);
   }
   json["rules"] = nlohmann::ordered_json::array();
-  for (const WideString& rule : RulesOf(entry)) json["rules"].push_back(base::ToUtf8(rule));
+  for (const WideStringView rule : authoring::RulesOf(*entry.key)) json["rules"].push_back(base::ToUtf8(rule));
   const authoring::Position position = configuration.PositionOf(*entry.key);
   json["file"] = position.file;
   if (position.line != 0) json["line"] = position.line;
@@ -105,7 +92,7 @@ int Run(const Options& options, Streams& streams) {
   }
   auto json = nlohmann::ordered_json::array();
   for (const Entry& entry : entries.All()) json.push_back(ToJson(*configuration, entry));
-  streams.out << json.dump(2) << '\n';
+  authoring::WriteJson(json, streams.out);
   return kFine;
 }
 

@@ -2,11 +2,10 @@
 #include "authoring/explanation.h"
 #include "authoring/explanation_json.h"
 #include "authoring/explanation_text.h"
+#include "authoring/json_text.h"
 #include "base/utf8.h"
 #include "tools/console.h"
 #include "tools/kelconf_source.h"
-
-#include <nlohmann/json.hpp>
 
 #include <memory>
 #include <ostream>
@@ -49,7 +48,7 @@ int Run(const Options& options, Streams& streams) {
                                         [&progress](std::size_t done, std::size_t most) { progress.Tell(done, most); });
   if (options.menu) authoring::AddHiddenBeside(trial, trace, place, explanation);
   if (options.format == Format::kJson) {
-    streams.out << authoring::ToJson(explanation).dump(2) << '\n';
+    authoring::WriteJson(authoring::ToJson(explanation), streams.out);
   } else {
     Print(authoring::ToText(explanation), streams);
   }

@@ -3,7 +3,6 @@
 #include "base/number.h"
 
 #include <algorithm>
-#include <vector>
 
 namespace authoring {
 namespace {
@@ -60,6 +59,16 @@ NamedAttribute AttributeOf(WideStringView name) {
 
 WideString NumberedName(Attribute stem, int number) {
   return WideString(NameOf(stem)) + (number == 0 ? WideString() : base::ToText(number));
+}
+
+std::vector<WideStringView> NumberedTexts(const config::ConfigKey& key, Attribute stem) {
+  std::vector<WideStringView> texts;
+  WideStringView text = key.Value(NameOf(stem));
+  for (int number = 1; !text.empty(); ++number) {
+    texts.push_back(text);
+    text = key.Value(NumberedName(stem, number));
+  }
+  return texts;
 }
 
 }  // namespace authoring

@@ -2,11 +2,13 @@
 #pragma once
 
 #include "base/wide_string.h"
+#include "config/config_key.h"
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <vector>
 
 namespace authoring {
 
@@ -62,6 +64,8 @@ inline bool IsIndirect(WideStringView text) { return text.starts_with(kIndirect)
 
 // "Dependency", "Dependency1" and so on.
 WideString NumberedName(Attribute stem, int number);
+// Their texts, as far as they run.
+std::vector<WideStringView> NumberedTexts(const config::ConfigKey& key, Attribute stem);
 
 class AttributeSet {
  public:

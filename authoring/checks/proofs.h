@@ -8,9 +8,6 @@
 
 namespace authoring {
 
-// How many cases one line, or one menu, is gone through; beyond that nothing is decided.
-inline constexpr std::size_t kMostCases = 4096;
-
 // The trial is of the survey's configuration. Its values are of no use afterwards.
 void ProveRules(const Survey& survey, FollowedTrial& trial, Findings& findings,
                 const std::function<void(std::size_t done, std::size_t all)>& progress);

@@ -42,6 +42,8 @@ bool IsSetByWirelessRules(WideStringView oid) {
 }
 
 void AddUnique(std::vector<WideString>& texts, const WideString& text) {
+  // These are too many already, and to look through hundreds of thousands for each of them takes hours.
+  if (texts.size() > kMostCases) return;
   if (std::find(texts.begin(), texts.end(), text) == texts.end()) texts.push_back(text);
 }
 

@@ -10,6 +10,9 @@
 
 namespace authoring {
 
+// How many cases one line, or one menu, is gone through; beyond that nothing is decided.
+inline constexpr std::size_t kMostCases = 4096;
+
 // Something that rules read, and the values of it that matter.
 struct RuleVariable {
   WideString oid;

@@ -101,24 +101,14 @@ const std::vector<RuleText>& Subject::Rules() const {
   auto& rules = Cache().rules;
   if (!rules) {
     rules.emplace();
-    WideStringView text = Get(Attribute::kDependency);
-    for (int number = 0; !text.empty();) {
-      rules->push_back(ReadRule(number, text));
-      text = Key().Value(NumberedName(Attribute::kDependency, ++number));
-    }
+    int number = 0;
+    for (const WideStringView text : RulesOf(Key())) rules->push_back(ReadRule(number++, text));
   }
   return *rules;
 }
 
 std::vector<WideStringView> Subject::ExitCommands() const {
-  std::vector<WideStringView> commands;
-  if (!Has(Attribute::kOnExit)) return commands;
-  WideStringView text = Get(Attribute::kOnExit);
-  for (int number = 0; !text.empty();) {
-    commands.push_back(text);
-    text = Key().Value(NumberedName(Attribute::kOnExit, ++number));
-  }
-  return commands;
+  return Has(Attribute::kOnExit) ? NumberedTexts(Key(), Attribute::kOnExit) : std::vector<WideStringView>();
 }
 
 const DeviceEntry* Subject::OnDevice() const {

@@ -158,6 +158,17 @@ TEST(Proofs, AComparisonIsJudgedByTheValuesThatThePropertyCanHave) {
   }
 }
 
+TEST(Proofs, WithMoreChoicesThanAreGoneThroughNothingIsDecidedAndNothingTakesLong) {
+  std::string choices;
+  for (int i = 0; i < 200'000; ++i) choices += (i == 0 ? "" : "|") + std::to_string(i) + "#c" + std::to_string(i);
+  StorageFolder folder;
+  folder.WriteMenu(
+      "<GROUP name=\"A\"><DisplayName>A</DisplayName><OID>1.1</OID><Type>Integer</Type><ChoiceFmt>" + choices +
+      "</ChoiceFmt></GROUP>\n<GROUP name=\"B\"><DisplayName>B</DisplayName><OID>1.2</OID><Type>Integer</Type>"
+      "\n<Dependency>IF A EQ 3 THEN NoDisplay</Dependency></GROUP>");
+  EXPECT_EQ(Lines{"not-decided 4:1 B Dependency"}, Found(folder));
+}
+
 TEST(Proofs, AMenuThatIsHiddenWithItsLinesIsNeverEmpty) {
   const std::string lines = "<DisplayName>M</DisplayName>" +
                             Property("B", "<Type>Bool</Type><Dependency>IF A EQ 1 THEN NoDisplay</Dependency>") +

@@ -125,6 +125,40 @@ TEST(Kelconf, DiffOfOneConfigurationInTwoFormsIsNothing) {
   EXPECT_EQ("", run.out);
 }
 
+TEST(Kelconf, DiffTellsAChangedSymbolFromAChangedName) {
+  const auto write = [](tests::StorageFolder& folder, const std::string& text) {
+    folder.WriteMenu(Light("STR_LIGHT", ""))
+        .Write(
+            "registry.reg",
+            "REGEDIT4\n\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\Valtorix\\ZEP\\SYMBOLTABLE]\n\"STR_LIGHT\"=\"" + text + "\"\n");
+  };
+  tests::StorageFolder old;
+  tests::StorageFolder now;
+  write(old, "Light");
+  write(now, "Lamp");
+  const KelconfRun run = RunKelconf({"diff", old.Path().string(), now.Path().string()});
+  EXPECT_EQ("Light reads \"Lamp\" instead of \"Light\" by the symbol STR_LIGHT\n", run.out);
+}
+
+TEST(Kelconf, JsonIsWrittenAlsoForAFolderWhoseNameIsNoUtf8) {
+  tests::StorageFolder folder;
+  std::filesystem::create_directories(folder.Path() / "b\xff/Windows");
+  folder.Write("b\xff/Windows/ovu.xml", "<GROUP name=\"R\">" + Light("Light", "") + "</GROUP>");
+  const std::string path = (folder.Path() / "b\xff").string();
+  for (const char* command : {"tree", "check"}) {
+    const KelconfRun run = RunKelconf({command, path, "--format", "json"});
+    EXPECT_NE(2, run.status) << run.errors;
+    EXPECT_TRUE(nlohmann::json::accept(run.out)) << run.out;
+  }
+}
+
+TEST(Kelconf, AnAnswerThatCannotBeWrittenIsNoSuccess) {
+  std::ostream full(nullptr);
+  std::ostringstream errors;
+  EXPECT_EQ(2, tools::RunKelconf({"tree", tests::kSmallExample.string()}, {full, errors, false, false}));
+  EXPECT_EQ("kelconf: the answer cannot be written\n", errors.str());
+}
+
 TEST(Kelconf, HelpIsThereAndWhatCannotBeUsedIsTwo) {
   const KelconfRun help = RunKelconf({"tree", "--help"});
   EXPECT_EQ(0, help.status);

@@ -1,17 +1,14 @@
 // Any bytes as configuration: the utility loads them, and every menu is entered and every entry tried, a bounded number
 // of times.
 #include "tests/app/utility_run.h"
+#include "tests/fuzz/fuzz_storage.h"
 
 #include "platform/host/desktop.h"
 #include "platform/messages.h"
 #include "ui/menu_list.h"
 
-#include <stdlib.h>
-
 #include <cstdint>
 #include <cstdlib>
-#include <fstream>
-#include <string_view>
 #include <vector>
 
 namespace {
@@ -19,26 +16,6 @@ namespace {
 using platform::host::KeyStroke;
 
 constexpr int kMostKeys = 400;
-
-// A device that knows the OIDs of the seeds.
-constexpr const char* kDevice =
-    "1.1\tInteger\t5\n1.2\tOctet String\ttext\n1.3\tIP Address\t10.0.0.1\n1.4\tReaderCmd\t1050\n1.5\tHex\tabcde\n"
-    "1.2.840.10036.1.1.1.10.2\tInteger\t2\n1.2.840.10036.1.2.1.2.2\tInteger\t4\n";
-
-struct Terminal {
-  std::filesystem::path root;
-
-  Terminal() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "kel-fuzz-XXXXXX").string();
-    if (mkdtemp(pattern.data()) == nullptr) std::abort();
-    root = pattern;
-    std::filesystem::create_directory(root / "Windows");
-  }
-  ~Terminal() {
-    std::error_code ignored;
-    std::filesystem::remove_all(root, ignored);
-  }
-};
 
 // Presses 1 to 9 in each menu, one level after the other, and Esc when it has nothing more to offer.
 class Walker {
@@ -86,10 +63,8 @@ class Walker {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
-  static const Terminal terminal;
-  const std::string_view configuration(reinterpret_cast<const char*>(bytes), size);
-  std::ofstream(terminal.root / "Windows/ovu.xml", std::ios::binary) << configuration;
-  std::ofstream(terminal.root / "device.txt", std::ios::binary) << kDevice;
+  static const fuzz::Storage terminal;
+  terminal.Write({reinterpret_cast<const char*>(bytes), size});
   Walker walker;
   tests::Keypad keypad([&walker] { return walker.Next(); });
   if (!tests::RunUtilityOn({terminal.root}, keypad).empty()) std::abort();
