@@ -59,6 +59,7 @@ bool ChildProgram::Start(const std::vector<std::string>& command) {
   posix_spawn_file_actions_adddup2(&actions, ends[1], STDERR_FILENO);
   std::vector<std::string> words = command;
   std::vector<char*> pointers;
+  pointers.reserve(words.size() + 1);
   for (std::string& word : words) pointers.push_back(word.data());
   pointers.push_back(nullptr);
   const bool started = posix_spawn(&number_, pointers.front(), &actions, nullptr, pointers.data(), environ) == 0;

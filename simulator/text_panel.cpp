@@ -95,7 +95,7 @@ void TextPanel::Paint(CellGrid& grid) const {
   grid.Box(frame, CellStyle::kFrame, grid.Whole());
   const CellRect inside{1, frame.top + 1, frame.right - 1, frame.bottom - 1};
   for (int row = 0; row < inside.Height(); ++row) {
-    const auto line = static_cast<std::size_t>(top_ + row);
+    const auto line = static_cast<std::size_t>(top_) + static_cast<std::size_t>(row);
     if (line >= wrapped_.size()) break;
     grid.Text(inside.left, inside.top + row, wrapped_[line], line == 0 ? CellStyle::kBold : CellStyle::kNormal, inside);
   }
