@@ -64,6 +64,29 @@ TEST_F(KeyTreeTest, ARebuildWaitsForTheEventOfTheReaders) {
   EXPECT_EQ(3u, tree_.Current()->Count());
 }
 
+TEST_F(KeyTreeTest, AReaderHoldsUpRebuildsForAsLongAsItLives) {
+  ASSERT_TRUE(tree_.BuildFirst());
+  platform::Event inUse(u"PDataStoreInUseEvent", true);
+  {
+    const app::KeyTree::Reader reader(tree_);
+    EXPECT_FALSE(inUse.Wait(0));
+  }
+  EXPECT_TRUE(inUse.Wait(0));
+}
+
+TEST_F(KeyTreeTest, ReadersWaitFromTheStartOfARebuildToItsEndEvenIfItWasNotAnnounced) {
+  ASSERT_TRUE(tree_.BuildFirst());
+  platform::Event created(u"PDataStoreCreatedEvent", true);
+  platform::host::CurrentEnvironment().failsWait = [&created](WideStringView name) {
+    if (name == u"PDataStoreInUseEvent") {
+      EXPECT_FALSE(created.Wait(0));
+    }
+    return false;
+  };
+  EXPECT_TRUE(tree_.Rebuild());
+  EXPECT_TRUE(created.Wait(0));
+}
+
 TEST_F(KeyTreeTest, ARebuildWaitsForTheReaderThatUsesTheTree) {
   ASSERT_TRUE(tree_.BuildFirst());
   const auto first = tree_.Current();

@@ -160,6 +160,31 @@ TEST_F(MainDialogTest, HomeForgetsWhereTheMenuThatIsLeftStood) {
   Run();
 }
 
+TEST_F(MainDialogTest, HomeTakesOverATreeThatHasComeMeanwhile) {
+  terminal_.display.Then([&] { actions_.broughtUpToDate = 0; });
+  terminal_.display.Press("{Home}");
+  terminal_.display.Then([&] { EXPECT_EQ(1, actions_.broughtUpToDate); });
+  terminal_.display.Press("{Esc}");
+  Run();
+}
+
+// The item that is activated is one of those that the replacement ends.
+TEST_F(MainDialogTest, ATreeThatComesWhileAnItemIsActiveIsTakenOverOnceItIsNot) {
+  actions_.whileActive = [&] {
+    actions_.broughtUpToDate = 0;
+    platform::Send(Control(ui::kMenuListId), kTreeReplaced);
+    EXPECT_EQ(0, actions_.broughtUpToDate);
+  };
+  terminal_.display.Press("2");
+  terminal_.display.Then([&] {
+    EXPECT_EQ("activate b;", std::exchange(actions_.log, {}));
+    EXPECT_EQ(1, actions_.broughtUpToDate);
+  });
+  terminal_.display.Press("{Esc}");
+  Run();
+  EXPECT_EQ(1, actions_.broughtUpToDate);  // and only once
+}
+
 TEST_F(MainDialogTest, WhenItIsMadeActiveItIsTheActiveWindow) {
   terminal_.display.Then([&] {
     const WindowHandle other = platform::MakeWindow({.className = u"Static",

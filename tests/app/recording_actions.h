@@ -12,6 +12,7 @@ namespace tests {
 class RecordingActions final : public app::ScreenActions {
  public:
   void BringModelUpToDate() override {
+    ++broughtUpToDate;
     if (whileBroughtUpToDate) whileBroughtUpToDate();
   }
   void StartTreeRebuild() override {}
@@ -33,6 +34,7 @@ class RecordingActions final : public app::ScreenActions {
   }
 
   std::string log;
+  int broughtUpToDate = 0;
   std::function<void()> whileBroughtUpToDate;
   std::function<void()> whileActive;
 };

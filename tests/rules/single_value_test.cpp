@@ -73,13 +73,16 @@ TEST_F(SingleValueTest, AnErrorTextMayStandInTheRegistry) {
   using platform::host::RegistryTree;
   auto& errors = terminal_.Registry().Add(RegistryTree::kLocalMachine, u"SOFTWARE\\Errors");
   RegistryTree::SetText(errors, u"Mode", u"From the registry.");
+  RegistryTree::SetText(errors, u"", u"Of the value without a name.");
   Build(Group("found", Tag("_OnError", "HKEY_LOCAL_MACHINE\\SOFTWARE\\Errors\\mode")) +
+        Group("unnamed", Tag("_OnError", "HKEY_LOCAL_MACHINE\\SOFTWARE\\Errors\\")) +
         Group("missing", Tag("_OnError", "HKEY_LOCAL_MACHINE\\SOFTWARE\\Errors\\Other")) +
         Group("bare", Tag("_OnError", "HKEY_LOCAL_MACHINE")) + Group("none", "") +
         Group("mentions", Tag("_OnError", "See HKEY_LOCAL_MACHINE\\SOFTWARE\\Errors\\Mode")) +
         Property("p", "3", "Integer", Tag("_OnError", "Own text.")));
   EXPECT_EQ(u"See HKEY_LOCAL_MACHINE\\SOFTWARE\\Errors\\Mode", rules_.singleValues.GetErrorText(&Item(u"mentions")));
   EXPECT_EQ(u"From the registry.", rules_.singleValues.GetErrorText(&Item(u"found")));
+  EXPECT_EQ(u"Of the value without a name.", rules_.singleValues.GetErrorText(&Item(u"unnamed")));
   EXPECT_EQ(u"", rules_.singleValues.GetErrorText(&Item(u"missing")));
   EXPECT_EQ(u"", rules_.singleValues.GetErrorText(&Item(u"bare")));
   EXPECT_EQ(u"", rules_.singleValues.GetErrorText(&Item(u"none")));

@@ -623,6 +623,20 @@ TEST(AddressControl, AFrameAndThreeDotsArePainted) {
   dialog.Run();
 }
 
+// Whoever is told alone is not repainted by the system.
+TEST(AddressControl, ThatWasPaintedPaintsItselfAnewWhenToldThatItIsDisabled) {
+  AddressDialog dialog;
+  dialog.Look([&] {
+    platform::Update(dialog.control);
+    platform::Send(dialog.control, message::kEnable, 0);
+  });
+  dialog.Look([&] {
+    ExpectSameDrawings(ExpectedDrawings(dialog.control, platform::ColorOf(platform::SystemColor::kGrayText)),
+                       host::DrawingsOf(dialog.control));
+  });
+  dialog.Run();
+}
+
 TEST(AddressControl, DisablingItGraysTheDotsAndDisablesTheFields) {
   AddressDialog dialog;
   dialog.Look([&] {

@@ -20,6 +20,8 @@ class ScrollBarTest : public testing::Test {
   ui::ScrollBar bar_;
 };
 
+TEST_F(ScrollBarTest, HasABorder) { EXPECT_NE(0u, platform::StyleOf(bar_.Handle()) & platform::style::kBorder); }
+
 TEST_F(ScrollBarTest, OnePageShowsNoBar) {
   bar_.SetPageCount(1);
   EXPECT_FALSE(platform::IsVisible(bar_.Handle()));
