@@ -26,8 +26,8 @@ make_template() (
   {
     printf 'REGEDIT4\n\n'
     printf '[HKEY_CURRENT_USER\\Software\\Wine\\WineDbg]\n"ShowCrashDialog"=dword:00000000\n\n'
-    # Nothing here needs the services of a desktop, and starting them takes longer than a test.
-    for service in Eventlog MountMgr NDIS nsiproxy PlugPlay; do
+    # Nothing here needs these services, and starting them takes longer than a test. The network has to be there.
+    for service in Eventlog MountMgr PlugPlay; do
       printf '[HKEY_LOCAL_MACHINE\\System\\CurrentControlSet\\Services\\%s]\n"Start"=dword:00000004\n\n' "$service"
     done
     printf '[HKEY_CURRENT_USER\\Software\\Wine\\X11 Driver]\n"Managed"="N"\n"Decorated"="N"\n\n'
