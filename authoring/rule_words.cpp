@@ -1,5 +1,6 @@
 #include "authoring/rule_words.h"
 
+#include "authoring/checks/rule_text.h"
 #include "authoring/secrets.h"
 #include "base/format.h"
 #include "base/utf8.h"
@@ -15,15 +16,6 @@ namespace {
 
 using rules::NextRuleToken;
 using rules::RuleToken;
-
-constexpr WideStringView kChoices = u"ChoiceFmt=";
-
-WideStringView TakeField(WideStringView& rest) {
-  const std::size_t bar = rest.find(u'|');
-  const WideStringView field = rest.substr(0, bar);
-  rest = bar == WideStringView::npos ? WideStringView() : rest.substr(bar + 1);
-  return field;
-}
 
 std::string NameOf(const Trial& trial, WideStringView oid, WideStringView written) {
   const auto* property = trial.Model().FindDescriptor(oid);
@@ -68,12 +60,8 @@ std::optional<std::string> ConditionInWords(const Trial& trial, WideStringView& 
   }
 }
 
-std::string ChoicesInWords(const Trial& trial, WideStringView action) {
-  action.remove_prefix(kChoices.size());
-  action.remove_prefix(std::min(action.find_first_not_of(u'"'), action.size()));
-  action = action.substr(0, action.find(u'"'));
-  const values::ChoiceFormat choices(trial.Symbols().TextOf(action.substr(0, action.find(u':'))),
-                                     values::KeyMode::kText);
+std::string ChoicesInWords(const Trial& trial, const NarrowedChoices& narrowed) {
+  const values::ChoiceFormat choices(trial.Symbols().TextOf(narrowed.choices), values::KeyMode::kText);
   std::string words;
   for (const auto& entry : choices.Entries()) words += (words.empty() ? "" : ", ") + base::ToUtf8(entry.text);
   return words.empty() ? "there are no choices" : "the choices are " + words;
@@ -93,7 +81,7 @@ std::string ActionInWords(const Trial& trial, WideStringView action) {
       {u"UnCheckMark", "no check mark stands in front"},
       {u"Refresh", "it is read from the terminal again"},
   };
-  if (base::EqualsIgnoringCase(action.substr(0, kChoices.size()), kChoices)) return ChoicesInWords(trial, action);
+  if (const auto narrowed = ChoicesOf(action)) return ChoicesInWords(trial, *narrowed);
   const auto* found = std::find_if(std::begin(kActions), std::end(kActions),
                                    [&](const auto& known) { return base::EqualsIgnoringCase(known.action, action); });
   return found == std::end(kActions) ? "" : found->words;
@@ -113,10 +101,10 @@ std::string ConditionalRule(const Trial& trial, WideStringView rest) {
 }
 
 std::string FlagRule(const Trial& trial, const config::ConfigKey& key, WideStringView rest) {
-  const WideStringView name = TakeField(rest);
-  TakeField(rest);
-  WideStringView wanted = TakeField(rest);
-  const WideStringView flag = TakeField(rest);
+  const WideStringView name = rules::NextRuleField(rest);
+  rules::NextRuleField(rest);
+  WideStringView wanted = rules::NextRuleField(rest);
+  const WideStringView flag = rules::NextRuleField(rest);
   if (base::EqualsIgnoringCase(wanted, rules::kEmptyName)) wanted = {};
   const WideString oid = rules::Operands::OidOfName(name, &key);
   if (base::EqualsIgnoringCase(flag, u"Refresh")) return "It is read from the terminal again each time it is shown.";

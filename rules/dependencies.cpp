@@ -2,6 +2,7 @@
 
 #include "base/format.h"
 #include "base/string_table.h"
+#include "rules/rule_tokens.h"
 #include "values/choice_format.h"
 #include "values/shown_value.h"
 
@@ -13,14 +14,6 @@ namespace {
 constexpr WideStringView kFirstRule = u"Dependency";
 constexpr char16_t kCheckMark = u'\u221A';
 constexpr WideStringView kChoicesAction = u"ChoiceFmt=";
-
-// Removes the text before the next bar, or all of it.
-WideStringView TakeField(WideStringView& rest) {
-  const std::size_t bar = rest.find(u'|');
-  const WideStringView field = rest.substr(0, bar);
-  rest = bar == WideStringView::npos ? WideStringView() : rest.substr(bar + 1);
-  return field;
-}
 
 }  // namespace
 
@@ -69,10 +62,10 @@ bool Dependencies::EvaluateFlagRule(model::MenuItem* item, const config::ConfigK
       {u"NoEdit", Effect::kLock, Effect::kNothing}, {u"Refresh", Effect::kRefresh, Effect::kRefresh},
   };
 
-  const WideStringView name = TakeField(rule);
-  const WideStringView type = TakeField(rule);
-  WideStringView wanted = TakeField(rule);
-  const WideStringView flag = TakeField(rule);
+  const WideStringView name = NextRuleField(rule);
+  const WideStringView type = NextRuleField(rule);
+  WideStringView wanted = NextRuleField(rule);
+  const WideStringView flag = NextRuleField(rule);
   if (base::EqualsIgnoringCase(wanted, kEmptyName)) wanted = {};
   const WideString value = operands_.GetOperandValue(name, type, &node);
   const bool matches = value == wanted;

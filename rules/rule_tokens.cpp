@@ -23,4 +23,11 @@ RuleToken NextRuleToken(WideStringView& rest) {
   return token;
 }
 
+WideStringView NextRuleField(WideStringView& rest) {
+  const std::size_t bar = rest.find(u'|');
+  const WideStringView field = rest.substr(0, bar);
+  rest = bar == WideStringView::npos ? WideStringView() : rest.substr(bar + 1);
+  return field;
+}
+
 }  // namespace rules

@@ -18,4 +18,7 @@ struct RuleToken {
 // ")", even within quotes.
 RuleToken NextRuleToken(WideStringView& rest);
 
+// Removes the text before the next bar, or all of it: a field of a rule that is no condition.
+WideStringView NextRuleField(WideStringView& rest);
+
 }  // namespace rules

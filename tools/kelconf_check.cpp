@@ -66,8 +66,7 @@ void DescribeCheck(Command command, Streams& streams) {
       "docs/checks.md says what each finding means, and how a comment allows it.\n"
       "Example: kelconf check examples/small");
   command.Texts("FOLDER", options->paths, "storage folders, XML files or registry files; default: this folder");
-  command.Text("--source", options->source,
-               "the utility's command line: a HKEY_LOCAL_MACHINE path, or the path of an XML file in the storage");
+  AddSourceLine(command, options->source);
   command.Choice(
       "--format", {"text", "json", "sarif"}, [options](const std::string& format) { options->format = format; },
       "how to answer");

@@ -7,10 +7,14 @@
 
 namespace tools {
 
+void AddSourceLine(Command& command, std::string& source) {
+  command.Text("--source", source,
+               "the utility's command line: a HKEY_LOCAL_MACHINE path, or the path of an XML file in the storage");
+}
+
 void AddSourceOptions(Command& command, SourceOptions& options) {
   command.RequiredText("FOLDER", options.path, "a storage folder, an XML file or a registry file");
-  command.Text("--source", options.source,
-               "the utility's command line: a HKEY_LOCAL_MACHINE path, or the path of an XML file in the storage");
+  AddSourceLine(command, options.source);
 }
 
 void AddFormatOption(Command& command, Format& format) {

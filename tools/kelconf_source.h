@@ -17,6 +17,8 @@ struct SourceOptions {
 
 enum class Format { kText, kJson };
 
+// --source.
+void AddSourceLine(Command& command, std::string& source);
 // FOLDER|FILE.xml|FILE.reg and --source.
 void AddSourceOptions(Command& command, SourceOptions& options);
 void AddFormatOption(Command& command, Format& format);
