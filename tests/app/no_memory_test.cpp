@@ -14,6 +14,8 @@
 #include <cstdlib>
 #include <memory>
 #include <new>
+#include <optional>
+#include <set>
 #include <thread>
 
 namespace {
@@ -157,6 +159,34 @@ TEST_F(NoMemory, NoRefusedAllocationOfAStartEndsItOrSpoilsTheMenu) {
   EXPECT_GT(partialModels, 50);
   EXPECT_GT(unreadValues, 0);
   EXPECT_LT(unreadValues, 10);
+}
+
+// The allocations behind the reading of the file are refused one by one, until one of each step has been.
+TEST(NoMemoryForTheLoad, IsToldLikeAConfigurationThatCannotBeRead) {
+  const tests::TemporaryRoot root;
+  root.Write("Windows/ovu.xml", kConfiguration);
+  const std::set<WideString> steps = {u"EXCEPTION: ReadDocument()\r\n",
+                                      u"EXCEPTION: CKelConfigApp::LoadConfiguration()\r\n",
+                                      u"EXCEPTION: KeyTree::Build()\r\n", u"EXCEPTION: PDataStore::PDataStore()\r\n"};
+  std::set<WideString> refusedSteps;
+  for (int refusedOne = 1; refusedOne < 100 && refusedSteps.size() < steps.size(); ++refusedOne) {
+    SCOPED_TRACE(refusedOne);
+    tests::Keypad keypad;
+    simulator::DebugLog debug(true);
+    std::optional<CountingAllocations> counted;
+    tests::FailingCalls calls([&](std::size_t) {
+      if (calls.Calls().back() == "read 1") counted.emplace(refusedOne);
+      return false;
+    });
+    ASSERT_EQ("", tests::RunUtilityOn({.root = root.Path(), .debug = &debug}, keypad, calls));
+    counted.reset();
+    ASSERT_FALSE(keypad.IsStuck());
+    if (keypad.Boxes().empty()) continue;  // what was refused is not needed
+    EXPECT_EQ(std::vector<std::string>{"Error: Error getting configuration data. Warm boot and try again."},
+              keypad.Boxes());
+    refusedSteps.insert(debug.TakeLines().at(0));
+  }
+  EXPECT_EQ(steps, refusedSteps);
 }
 
 TEST(NoMemoryForTheWorker, IsToldAndLeavesTheFirstMenu) {

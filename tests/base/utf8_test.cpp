@@ -1,4 +1,5 @@
 #include "base/utf8.h"
+#include "base/utf8_blocks.h"
 
 #include "tests/printing.h"
 
@@ -137,24 +138,35 @@ std::string RandomBytes(std::mt19937& random) {
   return bytes;
 }
 
-TEST(Utf8, AnyBytesAreReadByTheRules) {
+TEST(Utf8, AnyBytesAreReadByTheRulesWhateverTheProcessorCanDo) {
   std::mt19937 random(8);
   for (int round = 0; round < 5'000; ++round) {
     const std::string bytes = RandomBytes(random);
-    ASSERT_EQ(DecodedByTheRules(bytes), FromUtf8(bytes)) << round;
+    const WideString expected = DecodedByTheRules(bytes);
+    ASSERT_EQ(expected, FromUtf8(bytes)) << round;
+    // In the upper half of their text.
+    for (const base::Utf8Blocks* const blocks : base::UsableUtf8Blocks()) {
+      std::vector<char16_t> room(bytes.size());
+      char* const upperHalf = reinterpret_cast<char*>(room.data()) + bytes.size();
+      std::copy(bytes.begin(), bytes.end(), upperHalf);
+      const char16_t* const end = base::DecodeUtf8({upperHalf, bytes.size()}, room.data(), *blocks);
+      ASSERT_EQ(expected, WideString(room.data(), static_cast<std::size_t>(end - room.data())))
+          << round << blocks->name;
+    }
   }
 }
 
-TEST(Utf8, BytesAreReadInTheUpperHalfOfTheirText) {
-  std::mt19937 random(9);
-  for (int round = 0; round < 2'000; ++round) {
-    const std::string bytes = RandomBytes(random);
-    std::vector<char16_t> room(bytes.size());
-    char* const upperHalf = reinterpret_cast<char*>(room.data()) + bytes.size();
-    std::copy(bytes.begin(), bytes.end(), upperHalf);
-    const char16_t* const end = base::DecodeUtf8({upperHalf, bytes.size()}, room.data());
-    ASSERT_EQ(FromUtf8(bytes), WideString(room.data(), static_cast<std::size_t>(end - room.data()))) << round;
+TEST(Utf8Blocks, ConvertAsMuchAsIsTheirs) {
+  const std::string ascii(40, 'a');
+  std::string cyrillic;
+  for (int i = 0; i < 20; ++i) cyrillic += "\xD0\x9F";
+  char16_t units[40];
+  for (const base::Utf8Blocks* const blocks : base::UsableUtf8Blocks()) {
+    const bool isPlain = blocks->name == std::string_view("plain");
+    EXPECT_LT(ascii.size() - base::Utf8Blocks::kLeast, blocks->convert(ascii, units).bytes) << blocks->name;
+    EXPECT_EQ(isPlain, blocks->convert(cyrillic, units).bytes == 0) << blocks->name;
   }
+  EXPECT_STREQ("plain", base::UsableUtf8Blocks().back()->name);
 }
 
 TEST(Utf8, ATextIsCutBetweenTwoCharacters) {

@@ -134,7 +134,7 @@ bool IsOfOnePlatform(std::string_view file) {
 // The compiler's own headers of a processor's instructions, and the sources that have other ways for other processors.
 bool IsOfTheProcessor(const Include& include) {
   static const std::set<std::string, std::less<>> kHeaders = {"emmintrin.h", "immintrin.h", "tmmintrin.h"};
-  static const std::set<std::string, std::less<>> kSources = {"base/utf8.cpp", "config/text_blocks_avx2.cpp",
+  static const std::set<std::string, std::less<>> kSources = {"base/utf8_blocks.cpp", "config/text_blocks_avx2.cpp",
                                                               "config/text_blocks_sse2.cpp"};
   return kHeaders.contains(include.header) && kSources.contains(include.file);
 }
