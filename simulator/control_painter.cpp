@@ -78,7 +78,7 @@ int RowBelowTexts(const ControlCanvas& canvas, WindowHandle control, int row) {
     if (!platform::IsVisible(text) || !IsBackground(text)) continue;
     const int lines = static_cast<int>(LinesOfStatic(text).size());
     const platform::Rect textPlace = platform::WindowRect(text);
-    const int linePx = host::FontOf(text).heightPx;
+    const int linePx = host::FontOf(text).linePx;
     const bool isAbove = textPlace.top + lines * linePx - linePx / 2 <= place.top;
     const bool isBeside = textPlace.right <= place.left || place.right <= textPlace.left;
     if (isAbove && !isBeside) row = std::max(row, canvas.scale.Row(textPlace.top) + lines);

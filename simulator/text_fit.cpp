@@ -36,7 +36,7 @@ WideStringView InSight(WindowHandle control, WideStringView line, int widthPx) {
 }
 
 int LinesInSight(WindowHandle control, int heightPx) {
-  const int linePx = std::max(platform::host::FontOf(control).heightPx, 1);
+  const int linePx = std::max(platform::host::FontOf(control).linePx, 1);
   return std::max((heightPx + linePx / 2) / linePx, 1);
 }
 

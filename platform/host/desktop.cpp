@@ -122,7 +122,7 @@ std::optional<ControlColors> ControlColorsOf(WindowHandle window) {
 FontState FontOf(WindowHandle window) {
   const auto record = Find(window);
   const Font& font = record ? record->FontInUse() : SystemFont();
-  return {font.face, font.metrics->heightPx, font.weight};
+  return {font.face, font.heightPx, font.weight, font.metrics->heightPx};
 }
 
 int TextWidthIn(WindowHandle window, WideStringView text) {

@@ -110,8 +110,9 @@ std::optional<ControlColors> ControlColorsOf(WindowHandle window);
 
 struct FontState {
   WideString face;
-  int heightPx = 0;  // of a line
+  int heightPx = 0;  // that was asked for; 0: none
   int weight = 400;
+  int linePx = 0;
 };
 FontState FontOf(WindowHandle window);
 int TextWidthIn(WindowHandle window, WideStringView text);  // pixels, in its font

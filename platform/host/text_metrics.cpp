@@ -126,17 +126,17 @@ std::list<Font>& KnownFonts() {
   return fonts;
 }
 
-const Font& Known(WideStringView face, int weight, const FontMetrics& metrics) {
+const Font& Known(WideStringView face, int heightPx, int weight, const FontMetrics& metrics) {
   for (const Font& font : KnownFonts()) {
-    if (font.metrics == &metrics && font.weight == weight && font.face == face) return font;
+    if (font.heightPx == heightPx && font.weight == weight && font.face == face) return font;
   }
-  return KnownFonts().emplace_back(Font{WideString(face), weight, &metrics});
+  return KnownFonts().emplace_back(Font{WideString(face), heightPx, weight, &metrics});
 }
 
 }  // namespace
 
 const Font& FontFor(WideStringView face, int heightPx, int weight) {
-  return Known(face, weight, MetricsFor(face, heightPx));
+  return Known(face, heightPx, weight, MetricsFor(face, heightPx));
 }
 
 // Points measure the letters; a line is about a fifth higher. A dialog's "System" has one size.
@@ -146,7 +146,7 @@ const Font& FontForPoints(WideStringView face, int points) {
 }
 
 const Font& SystemFont() {
-  static const Font& font = Known(kSystemFace, 400, kSystem);
+  static const Font& font = Known(kSystemFace, 0, 400, kSystem);
   return font;
 }
 

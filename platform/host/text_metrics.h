@@ -21,6 +21,7 @@ struct FontMetrics {
 // A font as it was asked for and as it came out. Lives as long as the program.
 struct Font {
   WideString face;
+  int heightPx;
   int weight;
   const FontMetrics* metrics;
 };

@@ -511,7 +511,7 @@ TEST_F(OneDialogTest, ABoxOfThePlatformIsNoWiderThanTheScreen) {
       EXPECT_LE(0, place.left);
       EXPECT_LE(place.right, width);
       const WindowHandle line = ControlOf(ActiveWindow(), 65535);
-      const int lines = ClientRect(line).Height() / FontOf(line).heightPx;
+      const int lines = ClientRect(line).Height() / FontOf(line).linePx;
       EXPECT_LE(TextWidthIn(line, text), ClientRect(line).Width() * lines);
       EXPECT_EQ(width == 160 ? 2 : 1, lines);
     });

@@ -57,7 +57,7 @@ TEST_P(GoneWindowTest, AnswersNothingOfWhatDisplaysAsk) {
   EXPECT_FALSE(ProgressStateOf(gone));
   EXPECT_TRUE(DrawingsOf(gone).empty());
   EXPECT_FALSE(ControlColorsOf(gone));
-  EXPECT_EQ(FontOf(nullptr).heightPx, FontOf(gone).heightPx);
+  EXPECT_EQ(FontOf(nullptr).linePx, FontOf(gone).linePx);
 }
 
 TEST_P(GoneWindowTest, TakesNoChange) {

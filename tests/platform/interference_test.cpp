@@ -232,7 +232,7 @@ TEST_F(InterferenceTest, LettersOfWesternEuropeHaveTheirOwnWidths) {
   EXPECT_LT(MeasureText(window, u"\u00EE", font), MeasureText(window, u"\u00C6", font));
   EXPECT_EQ(MeasureText(window, u"\u4E00", font), MeasureText(window, u"\u0416", font));
   EXPECT_EQ(0, Send(window, message::kSetFont, 12345));  // no font: the system's
-  EXPECT_EQ(FontOf(nullptr).heightPx, FontOf(window).heightPx);
+  EXPECT_EQ(FontOf(nullptr).linePx, FontOf(window).linePx);
 }
 
 }  // namespace

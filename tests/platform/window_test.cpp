@@ -188,7 +188,10 @@ TEST_F(WindowTest, TextIsMeasuredInTheSystemFontWhateverFontTheWindowHas) {
   SetFont(window, {u"Courier", 13, 400});
   EXPECT_EQ(8 * 4, MeasureText(window, u"1234"));
   EXPECT_EQ(4, MeasureText(window, u"."));
-  EXPECT_EQ((FontState{u"Courier", 13, 400}.heightPx), FontOf(window).heightPx);
+  const FontState font = FontOf(window);
+  EXPECT_EQ(u"Courier", font.face);
+  EXPECT_EQ(13, font.heightPx);
+  EXPECT_EQ(400, font.weight);
   EXPECT_EQ(19, CaptionHeight());
 }
 
