@@ -103,6 +103,15 @@ TEST_F(BoxLayoutTest, ATextThatNoScreenHoldsIsCutAboveWhatToPress) {
   }
 }
 
+TEST_F(BoxLayoutTest, ABoxGrowsToTheScreensEndAndNoFurther) {
+  WideString words;
+  for (int i = 0; i < 1000; ++i) words += u"word ";
+  constexpr int least = 146;  // as its template has it
+  ASSERT_EQ(least, Show({kSmall.width, 50}, words).box.bottom);
+  for (int height = least - 20; height < least + 20; ++height)
+    EXPECT_EQ(std::max(least, height), Show({kSmall.width, height}, words).box.bottom);
+}
+
 TEST_F(BoxLayoutTest, AShortTextStandsInTheMiddleOfItsRoom) {
   const Places one = Show(kLarge, u"Short");
   const Places two = Show(kLarge, u"Two\nlines");

@@ -92,6 +92,7 @@ TEST_P(DateTimePickerKeys, ChangeTheSelectedField) {
 constexpr const char16_t* kDateFormat = u"MMM dd',' yyy";
 constexpr const char16_t* kTimeFormat = u"hh':'mm':'ss' 'tt";
 constexpr SystemTime kJanuary{2024, 1, 0, 31, 13, 30, 9, 0};
+constexpr SystemTime kBeforeNoon{2024, 1, 0, 31, 11, 0, 0, 0};
 constexpr SystemTime kLeapDay{2024, 2, 0, 29, 0, 0, 0, 0};
 
 // As the desktop's control behaves, oddities included.
@@ -104,6 +105,7 @@ INSTANTIATE_TEST_SUITE_P(Observed, DateTimePickerKeys,
                                            KeyCase{kTimeFormat, kJanuary, "RRRRU", u"12:30:09 AM", 1},
                                            KeyCase{kTimeFormat, kJanuary, "RRRRD", u"01:30:09 AM", 1},
                                            KeyCase{kTimeFormat, kJanuary, "RRRRDE", u"11:30:09 PM", 2},
+                                           KeyCase{kTimeFormat, kBeforeNoon, "RRRRU", u"11:00:00 PM", 1},
                                            KeyCase{kTimeFormat, kJanuary, "RRRRRU", u"02:30:09 PM", 1},
                                            KeyCase{kTimeFormat, kJanuary, "RLU", u"01:30:09 PM", 1},
                                            KeyCase{kTimeFormat, kJanuary, "RLRU", u"02:30:09 PM", 1},

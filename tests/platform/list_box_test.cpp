@@ -85,10 +85,13 @@ TEST_F(ListBoxTest, SelectingScrollsTheLineIntoView) {
 TEST_F(ListBoxTest, ItemDataStaysWithItsLine) {
   const ListBox list = MakeList(2);
   int datum = 0;
+  int first = 0;
   list.SetData(1, &datum);
   list.Insert(0, u"first");
   EXPECT_EQ(&datum, list.Data<int>(2));
   EXPECT_EQ(nullptr, list.Data<int>(0));
+  list.SetData(0, &first);
+  EXPECT_EQ(&first, list.Data<int>(0));
   EXPECT_EQ(nullptr, list.Data<int>(99));
   EXPECT_EQ(nullptr, list.Data<int>(-1));
   list.ReplaceLine(2, u"changed");

@@ -45,6 +45,14 @@ TEST(Process, StartsAProgramWithItsArguments) {
   EXPECT_EQ(u"tool.EXE|/v  \"two words\" \"\" last|ok\n", recorder.record);
 }
 
+TEST(Process, AProgramsNameMayHoldBlanks) {
+  const Root root;
+  WriteProgram(root, "Program Files/Set up.exe");
+  const Installed installed(root.Environment());
+  EXPECT_EQ(0u, StartProgram(u"\\Program Files\\Set up.exe", u"now"));
+  EXPECT_EQ("[Set up.exe][now]", root.Read("Program Files/out"));
+}
+
 TEST(Process, AProgramWithoutAFolderIsLookedForInWindowsAndThenInTheRoot) {
   const Root root;
   WriteProgram(root, "Windows/both.exe");
