@@ -29,10 +29,8 @@ void MoveFocus(WindowHandle window) {
 bool MoveActivation(WindowHandle window) {
   Session& session = CurrentSession();
   const WindowHandle previous = session.active;
-  if (Find(previous)) {
-    Send(previous, message::kActivate, kInactive, ToLParam(window));
-    if (session.active != previous) return session.active == window;
-  }
+  Send(previous, message::kActivate, kInactive, ToLParam(window));
+  if (session.active != previous) return session.active == window;
   if (window != nullptr && !Find(window)) return false;
   session.active = window;
   RaiseToTop(window);
