@@ -155,6 +155,7 @@ TEST_F(StoreTest, AnAbsoluteNameIsThePathItselfAndNeverLeadsRoundInACircle) {
   RegistryTree::SetText(property, u"Type", u"Integer");
   RegistryTree::SetText(registry.Add(RegistryTree::kLocalMachine, u"Menu\\b"), u"Descendent", root + u"\\a");
   RegistryTree::SetText(registry.Add(RegistryTree::kLocalMachine, u"Menu\\c"), u"Descendent", root);
+  RegistryTree::SetText(registry.Add(RegistryTree::kLocalMachine, u"Menu\\d"), u"Descendent", root + u"\\nothing");
   fake_.Put(u"1", u"5");
   const auto tree = std::make_shared<const config::PDataStore>(root, nullptr, std::span<const WideString>(),
                                                                config::PDataStore::kWholeTree);
