@@ -174,6 +174,23 @@ TEST_F(DateTimePickerTest, TheDayOfTheWeekFollowsTheDate) {
   }
 }
 
+TEST_F(DateTimePickerTest, NamesTheMonthsAndTheDaysOfTheWeek) {
+  const DateTimePicker picker = MakePicker(u"MMMM MMM dddd ddd", {2024, 1, 0, 1, 0, 0, 0, 0});
+  const struct {
+    std::uint16_t month, day;
+    const char16_t* shown;
+  } cases[] = {
+      {1, 1, u"January Jan Monday Mon"},   {2, 6, u"February Feb Tuesday Tue"}, {3, 6, u"March Mar Wednesday Wed"},
+      {4, 4, u"April Apr Thursday Thu"},   {5, 3, u"May May Friday Fri"},       {6, 1, u"June Jun Saturday Sat"},
+      {7, 7, u"July Jul Sunday Sun"},      {8, 1, u"August Aug Thursday Thu"},  {9, 2, u"September Sep Monday Mon"},
+      {10, 1, u"October Oct Tuesday Tue"}, {11, 1, u"November Nov Friday Fri"}, {12, 1, u"December Dec Sunday Sun"},
+  };
+  for (const auto& c : cases) {
+    EXPECT_TRUE(picker.SetTime({2024, c.month, 0, c.day, 0, 0, 0, 0}));
+    EXPECT_EQ(c.shown, TextOf(picker.Handle()));
+  }
+}
+
 TEST_F(DateTimePickerTest, WithoutAFormatItShowsTheShortDate) {
   const DateTimePicker picker = MakePicker(u"d", {2024, 1, 0, 31, 0, 0, 0, 0});
   picker.SetFormat(u"");
