@@ -120,6 +120,17 @@ TEST_F(MenuModelTest, EveryDescriptorKnowsItsItem) {
   EXPECT_EQ(&item, menu_.ItemOf(*menu_.FindDescriptor(u"1")));
 }
 
+TEST_F(MenuModelTest, ARebuildForgetsTheNamesAndTypesThatThereWere) {
+  Build(
+      "<GROUP name='R'><GROUP "
+      "name='a'><DisplayName>Speed</DisplayName><OID>1</OID><Type>Integer</Type></GROUP></GROUP>");
+  EXPECT_EQ(u"1", menu_.OidByName(u"Speed"));
+  EXPECT_EQ(u"Integer", menu_.TypeByOid(u"1"));
+  Build("<GROUP name='R'/>");
+  EXPECT_EQ(u"", menu_.OidByName(u"Speed"));
+  EXPECT_EQ(u"", menu_.TypeByOid(u"1"));
+}
+
 TEST_F(MenuModelTest, ARebuildLeavesNoDescriptorBehind) {
   const int before = values::PropertyDescriptor::LiveCount();
   const char* xml = "<GROUP name='R'><GROUP name='a'><OID>1</OID></GROUP><GROUP name='b'><OID>1</OID></GROUP></GROUP>";

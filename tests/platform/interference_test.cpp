@@ -70,6 +70,7 @@ TEST_F(InterferenceTest, WhoIsDeactivatedMayActivateAnother) {
   When(frameWindow, message::kActivate, [&] { Activate(third); });
   Activate(second);
   EXPECT_EQ(third, ActiveWindow());
+  EXPECT_EQ(third, FocusedWindow());
 }
 
 TEST_F(InterferenceTest, WhoIsDeactivatedMayDestroyTheOneThatIsActivated) {
