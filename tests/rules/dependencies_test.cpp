@@ -319,11 +319,25 @@ TEST_F(DependenciesTest, ACommandThatBecomesReadableBringsItsFields) {
         Group("field",
               Tag("DisplayName", "field") + Tag("CmdOID", "7:2") + Tag("Ordinal", "2") + Tag("Type", "Integer")));
   EXPECT_EQ(u"field  <Unavailable>", Item(u"field").LineText());
+  rules_.dependencies.EvaluateDependencies(Item(u"cmd"));
+  EXPECT_EQ(u"field  <Unavailable>", Item(u"field").LineText());
   fake_[u"7"].getResult = platform::kOk;
   fake_.Put(u"7", u"AA5");
   rules_.dependencies.EvaluateDependencies(Item(u"cmd"));
   EXPECT_EQ(u"field  <5>", Item(u"field").LineText());
   EXPECT_EQ(u"Integer", Item(u"field").Descriptor()->EditorName());
+}
+
+TEST_F(DependenciesTest, ARefreshOfACommandThatFailsKeepsAnEditOfItsField) {
+  fake_.Put(u"7", u"AA5");
+  Build(Property("cmd", "7", "ReaderCmd",
+                 Tag("CmdString", "2,2,1") + Tag("Ordinal", "1") + Tag("Dependency", "this|ReaderCmd||Refresh")) +
+        Group("field",
+              Tag("DisplayName", "field") + Tag("CmdOID", "7:2") + Tag("Ordinal", "2") + Tag("Type", "Integer")));
+  Edit(Item(u"field"), u"8");
+  fake_[u"7"].getResult = platform::kFailed;
+  rules_.dependencies.EvaluateDependencies(Item(u"cmd"));
+  EXPECT_EQ(u"8", Item(u"field").Descriptor()->GetValue().AsText());
 }
 
 TEST_F(DependenciesTest, ARefreshThatFailsShowsWhatTheDeviceLastTookAndNoRefusedEdit) {
