@@ -11,7 +11,17 @@ namespace authoring {
 // OID, else all with that display name, else those whose name, OID or path it is in another case. Empty: there is none.
 std::vector<model::MenuItem*> FindEntries(Trial& trial, WideStringView text);
 
+// What may have been meant where FindEntries() finds nothing: the items whose name, path or OID contains `text`, in any
+// case; without any, those whose name, path or OID is the nearest to it.
+struct EntrySuggestions {
+  std::vector<model::MenuItem*> items;
+  bool contain = false;
+};
+EntrySuggestions SuggestEntries(Trial& trial, WideStringView text);
+
 // The path below the root, "Network\Addresses"; empty for the root.
 WideString PathOf(const model::MenuItem& item);
+// OID or command OID; empty: no property.
+WideStringView OidOf(const Trial& trial, const model::MenuItem& item);
 
 }  // namespace authoring

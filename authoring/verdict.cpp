@@ -8,13 +8,6 @@ namespace authoring {
 
 using model::DisplayState;
 
-WideString OidOf(const Trial& trial, const model::MenuItem& item) {
-  const config::ConfigKey* key = trial.Model().FindKey(item.Path());
-  if (key == nullptr) return {};
-  const WideStringView oid = key->Value(TextId::kOid);
-  return WideString(oid.empty() ? key->Value(TextId::kCmdOid) : oid);
-}
-
 Verdict VerdictOf(const Trial& trial, const RuleTrace& trace, const model::MenuItem& item) {
   Verdict verdict;
   verdict.path = PathOf(item);
@@ -24,7 +17,7 @@ Verdict VerdictOf(const Trial& trial, const RuleTrace& trace, const model::MenuI
   for (std::size_t i = 0; i < verdict.rules.size(); ++i) {
     if (verdict.rules[i].state) verdict.winner = i;
   }
-  const WideString oid = OidOf(trial, item);
+  const WideStringView oid = OidOf(trial, item);
   for (const SeenWireless& change : trace.Wireless()) {
     if (oid.empty() || change.oid != oid) continue;
     verdict.wireless.push_back(change);

@@ -5,9 +5,6 @@
 
 namespace authoring {
 
-// OID or command OID; empty: no property.
-WideString OidOf(const Trial& trial, const model::MenuItem& item);
-
 Verdict VerdictOf(const Trial& trial, const RuleTrace& trace, const model::MenuItem& item);
 
 }  // namespace authoring

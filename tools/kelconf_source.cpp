@@ -6,6 +6,19 @@
 #include <ostream>
 
 namespace tools {
+namespace {
+
+void List(const std::vector<model::MenuItem*>& items, const Streams& streams) {
+  constexpr std::size_t kMost = 20;
+  for (std::size_t i = 0; i < items.size() && i < kMost; ++i) {
+    const WideString path = authoring::PathOf(*items[i]);
+    streams.errors << "  " << base::ToUtf8(path.empty() ? WideStringView(items[i]->Path()) : path) << "  "
+                   << base::ToUtf8(base::Trim(items[i]->Title())) << '\n';
+  }
+  if (items.size() > kMost) streams.errors << "  and " << items.size() - kMost << " more\n";
+}
+
+}  // namespace
 
 void AddSourceLine(Command& command, std::string& source) {
   command.Text("--source", source,
@@ -39,16 +52,19 @@ std::unique_ptr<authoring::Configuration> LoadWellFormed(const SourceOptions& op
 }
 
 model::MenuItem* FindOneEntry(authoring::Trial& trial, const std::string& text, Streams& streams) {
-  const auto found = authoring::FindEntries(trial, base::FromUtf8(text));
+  const WideString wanted = base::FromUtf8(text);
+  const auto found = authoring::FindEntries(trial, wanted);
   if (found.size() == 1) return found.front();
-  if (found.empty()) {
-    streams.errors << "kelconf: there is no entry " << text << '\n';
-  } else {
-    streams.errors << "kelconf: " << text << " may be one of these:\n";
-    for (const model::MenuItem* item : found) {
-      streams.errors << "  " << base::ToUtf8(authoring::PathOf(*item)) << "  " << base::ToUtf8(item->Title()) << '\n';
-    }
+  if (!found.empty()) {
+    streams.errors << "kelconf: \"" << text << "\" may be one of these:\n";
+    List(found, streams);
+    return nullptr;
   }
+  const auto suggestions = authoring::SuggestEntries(trial, wanted);
+  streams.errors << "kelconf: there is no entry \"" << text << '"';
+  if (!suggestions.items.empty()) streams.errors << (suggestions.contain ? "; it is part of:" : "; the nearest is:");
+  streams.errors << '\n';
+  List(suggestions.items, streams);
   return nullptr;
 }
 

@@ -28,7 +28,8 @@ std::unique_ptr<authoring::Configuration> LoadConfiguration(const SourceOptions&
 // The same, and the document must be well formed.
 std::unique_ptr<authoring::Configuration> LoadWellFormed(const SourceOptions& options, Streams& streams);
 
-// The one item that `text` means. Null, after the candidates were listed on standard error, when there is none or more.
+// The one item that `text` means. Null when there is none or more: then those that it may mean were listed on standard
+// error.
 model::MenuItem* FindOneEntry(authoring::Trial& trial, const std::string& text, Streams& streams);
 
 // "file:line:column", "file:line" or "file".

@@ -61,6 +61,7 @@ void DescribeWhy(Command command, Streams& streams) {
   const auto options = std::make_shared<Options>();
   command.Remarks(
       "ENTRY is a display name, an OID, a key path, or the keys to press (2-3-1).\n"
+      "Where there is none, those that contain it are listed, or the nearest.\n"
       "Exit status: 0 it was explained, 1 there is no such entry or more than one, 2 unusable arguments or files.\n"
       "Example: kelconf why examples/small \"Light Time\"");
   AddSourceOptions(command, options->source);

@@ -1,31 +1,13 @@
 #include "authoring/checks/check.h"
 
+#include "authoring/nearest_name.h"
 #include "base/number.h"
 #include "base/utf8.h"
 
 #include <algorithm>
 #include <chrono>
-#include <numeric>
 
 namespace authoring {
-namespace {
-
-std::size_t Distance(WideStringView a, WideStringView b) {
-  std::vector<std::size_t> row(b.size() + 1);
-  std::iota(row.begin(), row.end(), std::size_t{0});
-  for (std::size_t i = 1; i <= a.size(); ++i) {
-    std::size_t diagonal = row[0];
-    row[0] = i;
-    for (std::size_t j = 1; j <= b.size(); ++j) {
-      const std::size_t replaced = diagonal + (a[i - 1] == b[j - 1] ? 0 : 1);
-      diagonal = row[j];
-      row[j] = std::min({replaced, row[j] + 1, row[j - 1] + 1});
-    }
-  }
-  return row[b.size()];
-}
-
-}  // namespace
 
 std::string_view NameOf(Severity severity) {
   switch (severity) {
@@ -124,22 +106,6 @@ std::string Quoted(WideStringView text) {
   constexpr std::size_t kMost = 60;
   std::string quoted = "\"" + base::ToUtf8(text.substr(0, kMost));
   return quoted + (text.size() > kMost ? "...\"" : "\"");
-}
-
-std::optional<WideString> NearestName(WideStringView name, std::span<const WideStringView> names) {
-  constexpr std::size_t kLongest = 64;
-  const WideStringView trimmed = base::Trim(name);
-  if (trimmed.empty() || trimmed.size() > kLongest) return std::nullopt;
-  std::optional<WideString> nearest;
-  std::size_t least = std::max<std::size_t>(1, trimmed.size() / 3) + 1;
-  for (const WideStringView candidate : names) {
-    if (candidate.size() > kLongest) continue;
-    const std::size_t distance = Distance(base::ToUpper(trimmed), base::ToUpper(candidate));
-    if (distance >= least) continue;
-    least = distance;
-    nearest = WideString(candidate);
-  }
-  return nearest;
 }
 
 std::string MendByNearest(WideStringView name, std::span<const WideStringView> names, std::string otherwise) {

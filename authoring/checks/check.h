@@ -71,8 +71,6 @@ const Check* FindCheck(std::string_view id);
 bool IsDateOrTime(const Subject& subject, WideStringView digits);
 // In double quotes; a long text is cut.
 std::string Quoted(WideStringView text);
-// The name nearest to a misspelt one, if one is near enough.
-std::optional<WideString> NearestName(WideStringView name, std::span<const WideStringView> names);
 // "Write \"X\"." for the nearest name, else `otherwise`.
 std::string MendByNearest(WideStringView name, std::span<const WideStringView> names, std::string otherwise);
 

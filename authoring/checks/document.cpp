@@ -2,6 +2,7 @@
 #include "authoring/checks/lists.h"
 
 #include "authoring/checks/repeats.h"
+#include "authoring/nearest_name.h"
 #include "base/utf8.h"
 #include "model/child_key.h"
 

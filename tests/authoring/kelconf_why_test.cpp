@@ -28,12 +28,48 @@ TEST(KelconfWhy, NamesTheHiddenLinesBesideItWhenAsked) {
 }
 
 TEST(KelconfWhy, ListsTheCandidatesOfAnAmbiguousEntry) {
-  const auto run = RunKelconf({"why", tests::kDemonstration.string(), "Port Use"});
-  const auto unknown = RunKelconf({"why", tests::kDemonstration.string(), "Warp Drive"});
-  EXPECT_EQ(1, unknown.status);
-  EXPECT_EQ("kelconf: there is no entry Warp Drive\n", unknown.errors);
-  EXPECT_EQ("", unknown.out);
+  tests::StorageFolder folder;
+  folder.WriteMenu(
+      "<GROUP name=\"A\"><DisplayName>Speed</DisplayName></GROUP>"
+      "<GROUP name=\"B\"><DisplayName>Speed</DisplayName></GROUP>");
+  const auto run = RunKelconf({"why", folder.Path().string(), "Speed"});
   EXPECT_EQ(1, run.status);
+  EXPECT_EQ("kelconf: \"Speed\" may be one of these:\n  A  Speed\n  B  Speed\n", run.errors);
+  EXPECT_EQ("", run.out);
+}
+
+TEST(KelconfWhy, SaysWhichEntryMayHaveBeenMeant) {
+  const struct {
+    const char* entry;
+    const char* answer;
+  } cases[] = {
+      // Even of one alone it is not guessed that it was meant.
+      {"power sav", "there is no entry \"power sav\"; it is part of:\n  Wireless\\Radio\\PowerSaving  Power Saving\n"},
+      {"Chanel", "there is no entry \"Chanel\"; the nearest is:\n  Wireless\\Radio\\Channel  Channel\n"},
+      {"Network\\Adresses\\Dhcp",
+       "there is no entry \"Network\\Adresses\\Dhcp\"; the nearest is:\n  Network\\Addresses\\Dhcp  DHCP\n"},
+      {"Warp Drive", "there is no entry \"Warp Drive\"\n"},
+      {"", "there is no entry \"\"\n"},
+  };
+  for (const auto& c : cases) {
+    const auto run = RunKelconf({"why", tests::kDemonstration.string(), c.entry});
+    EXPECT_EQ(1, run.status);
+    EXPECT_EQ(std::string("kelconf: ") + c.answer, run.errors);
+    EXPECT_EQ("", run.out);
+  }
+}
+
+TEST(KelconfWhy, CutsALongListOfWhatMayHaveBeenMeant) {
+  tests::StorageFolder folder;
+  std::string groups;
+  for (int i = 1; i <= 23; ++i) {
+    const std::string n = std::to_string(i);
+    groups += "<GROUP name=\"E" + n + "\"><DisplayName>Entry " + n + "</DisplayName></GROUP>";
+  }
+  folder.WriteMenu(groups);
+  const auto run = RunKelconf({"why", folder.Path().string(), "entry"});
+  EXPECT_NE(std::string::npos, run.errors.find("  E20  Entry 20\n  and 3 more\n")) << run.errors;
+  EXPECT_EQ(std::string::npos, run.errors.find("Entry 21")) << run.errors;
 }
 
 TEST(KelconfWhy, LeavesTheStorageAsItWas) {
