@@ -21,14 +21,6 @@ void TakeFromDevice(MemoryDevice& device, const WideString& deviceOid, PropertyD
   command.SetRead(std::move(value));
 }
 
-bool HasEditor(const model::MenuItem& item) {
-  const PropertyDescriptor* property = item.Descriptor();
-  if (property == nullptr || property->IsReadOnly() || !item.IsLeaf()) return false;
-  if (property->Attributes().Has(TextId::kFunction) || property->Attributes().Has(TextId::kAppName)) return false;
-  static const ui::EditorTable editors;
-  return ui::ChooseEntryKind(editors.MakeRequest(*property)) != ui::EntryKind::kNone;
-}
-
 }  // namespace
 
 void Assumption::Assume(std::span<const SettingChange> changes) {
@@ -112,22 +104,29 @@ model::MenuItem* ItemAtPlace(model::MenuModel& model, const ItemPlace& place) {
   return item;
 }
 
-Look LookAt(Trial& trial, model::MenuItem& item, const std::function<void(model::MenuItem&)>& closed) {
+bool HasEditor(const model::MenuItem& item) {
+  const PropertyDescriptor* property = item.Descriptor();
+  if (property == nullptr || property->IsReadOnly() || !item.IsLeaf()) return false;
+  if (property->Attributes().Has(TextId::kFunction) || property->Attributes().Has(TextId::kAppName)) return false;
+  static const ui::EditorTable editors;
+  return ui::ChooseEntryKind(editors.MakeRequest(*property)) != ui::EntryKind::kNone;
+}
+
+Look LookAt(Trial& trial, model::MenuItem& item, const Passing& passing) {
   std::vector<model::MenuItem*> above;
   for (model::MenuItem* at = item.Parent(); at != nullptr; at = at->Parent()) above.push_back(at);
   Look look;
   look.reachable = true;
   for (auto menu = above.rbegin(); menu != above.rend(); ++menu) {
-    const model::DisplayState state = (*menu)->State();
-    if (state == model::DisplayState::kNotDisplayed || state == model::DisplayState::kBlank) {
-      look.reachable = false;
-      if (closed) closed(**menu);
-    }
     if ((*menu)->Parent() == nullptr) {
       trial.Enter(**menu);
-    } else {
-      trial.Open(**menu);
+      continue;
     }
+    const model::DisplayState state = (*menu)->State();
+    const bool canBeOpened = state != model::DisplayState::kNotDisplayed && state != model::DisplayState::kBlank;
+    look.reachable = look.reachable && canBeOpened;
+    if (passing) passing(**menu, canBeOpened);
+    trial.Open(**menu);
   }
   look.state = item.State();
   look.line = item.LineText();

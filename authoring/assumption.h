@@ -44,6 +44,9 @@ ItemPlace PlaceOf(const model::MenuItem& item);
 // Null when the model has no such place.
 model::MenuItem* ItemAtPlace(model::MenuModel& model, const ItemPlace& place);
 
+// Enter opens an editor, unless the line is locked.
+bool HasEditor(const model::MenuItem& item);
+
 // How a line looks to whoever walks to it.
 struct Look {
   bool reachable = false;  // every menu above it can be opened
@@ -59,8 +62,9 @@ struct Look {
   bool IsEditable() const { return IsShown() && editable; }
 };
 
-// Opens the menus above the item as the utility does it, and looks at its line. `closed` is told of each menu that
-// could not be opened, before it is opened all the same.
-Look LookAt(Trial& trial, model::MenuItem& item, const std::function<void(model::MenuItem& menu)>& closed = {});
+// Opens the menus above the item as the utility does it, and looks at its line. `passing` is told of each of them but
+// the main menu, before it is opened, which is done even where the utility would not.
+using Passing = std::function<void(const model::MenuItem& menu, bool canBeOpened)>;
+Look LookAt(Trial& trial, model::MenuItem& item, const Passing& passing = {});
 
 }  // namespace authoring

@@ -16,7 +16,7 @@ void ReportBroken(const Configuration& configuration, Findings& findings) {
   findings.Begin(*FindCheck("document-broken"));
   for (const BrokenDocument& broken : configuration.BrokenDocuments()) {
     findings.AddAt(broken.position, "The document is not well formed: " + base::ToUtf8(broken.reason) + ".",
-                   "Mend the tag there, or the one that is open.");
+                   broken.mend);
   }
 }
 

@@ -5,6 +5,7 @@
 #include "platform/host/root_path.h"
 
 #include <algorithm>
+#include <fstream>
 #include <system_error>
 #include <utility>
 
@@ -52,6 +53,20 @@ Argument Take(const fs::path& path, WideStringView commandLine) {
 // Of the terminal in force, as it is on disk.
 std::string FileOf(WideStringView path) { return platform::host::FindPlace(path).fullName; }
 
+// The reader takes every byte for a character, and so breaks somewhere in the middle of what is no such text.
+std::string MendOf(const std::string& file) {
+  constexpr std::size_t kEnough = 64;
+  std::string start(kEnough, ' ');
+  std::ifstream stream(file, std::ios::binary);
+  stream.read(start.data(), static_cast<std::streamsize>(start.size()));
+  start.resize(static_cast<std::size_t>(stream.gcount()));
+  if (start.find('\0') != std::string::npos || start.starts_with("\xFF\xFE") || start.starts_with("\xFE\xFF")) {
+    return "Save the file as UTF-8: this is UTF-16, or no text at all.";
+  }
+  if (start.find('<') == std::string::npos && start.size() < kEnough) return "Write a GROUP with a name into the file.";
+  return "Mend the tag there, or the one that is open.";
+}
+
 }  // namespace
 
 Configuration::Loaded Configuration::Load(const fs::path& path, WideStringView commandLine) {
@@ -71,7 +86,8 @@ std::string Configuration::LoadSource(const WideString& commandLine) {
   config::SelectedSource selected = config::SelectSource(commandLine);
   for (const config::SourceRefusal& refusal : selected.refusals) {
     if (!refusal.isMalformed) continue;
-    broken_.push_back({{FileOf(refusal.source), refusal.place.line, refusal.place.column}, refusal.reason});
+    const std::string file = FileOf(refusal.source);
+    broken_.push_back({{file, refusal.place.line, refusal.place.column}, refusal.reason, MendOf(file)});
   }
   // The utility goes on with the registry when its own file is not well formed; an author wants to know about the file.
   const bool isOtherSource = !selected.source || !selected.source->document;

@@ -28,6 +28,7 @@ struct Position {
 struct BrokenDocument {
   Position position;
   WideString reason;  // the reader's own words, and in which element
+  std::string mend;   // what to do about it, as far as the beginning of the file tells
 };
 
 class Configuration {

@@ -79,21 +79,18 @@ Explanation Explain(Trial& trial, RuleTrace& trace, const ItemPlace& place, cons
   MenuItem* item = ItemAtPlace(trial.Model(), place);
   if (item == nullptr) return explanation;
 
-  explanation.look = LookAt(trial, *item, [&](model::MenuItem& closed) {
-    explanation.closedMenus.push_back(VerdictOf(trial, trace, closed));
+  RulesThatCount counting;
+  explanation.look = LookAt(trial, *item, [&](const model::MenuItem& menu, bool canBeOpened) {
+    Verdict verdict = VerdictOf(trial, trace, menu);
+    counting.Add(verdict);
+    if (!canBeOpened) explanation.closedMenus.push_back(std::move(verdict));
   });
   explanation.line = VerdictOf(trial, trace, *item);
+  counting.Add(explanation.line);
   explanation.oid = OidOf(trial, *item);
   if (const auto* key = trial.Model().FindKey(item->Path())) explanation.type = key->Value(TextId::kType);
   explanation.isMenu = !item->IsLeaf();
   explanation.remarks = RemarksOn(trial, *item, explanation);
-
-  std::vector<SeenRule> rules = explanation.line.rules;
-  bool wireless = !explanation.line.wireless.empty();
-  for (const Verdict& closed : explanation.closedMenus) {
-    rules.insert(rules.end(), closed.rules.begin(), closed.rules.end());
-    wireless = wireless || closed.byWireless;
-  }
 
   // All that is looked up in the fresh model, as no rule has touched it.
   trial.Rebuild();
@@ -101,7 +98,8 @@ Explanation Explain(Trial& trial, RuleTrace& trace, const ItemPlace& place, cons
   std::vector<WideString> missing;
   if (item->Descriptor() != nullptr) missing = MissingChoices(*item->Descriptor(), explanation.look.choiceText);
   explanation.wishes = WishesFor(explanation, missing);
-  std::vector<Lever> levers = LeversOf(trial, rules, wireless);
+  const Survey survey(trial.Source());
+  std::vector<Lever> levers = LeversOf(survey, trial, counting.rules, counting.wireless);
   AddOwnValue(trial, *item, levers);
   FindWays(trial, place, levers, explanation.wishes, tried);
 

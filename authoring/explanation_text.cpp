@@ -1,7 +1,7 @@
 #include "authoring/explanation_text.h"
 
 #include "base/format.h"
-#include "base/number.h"
+#include "rules/rule_actions.h"
 
 namespace authoring {
 namespace {
@@ -44,10 +44,8 @@ WideString Outcome(const SeenRule& rule) {
     if (!rule.fallback.empty()) text += u", and " + Quoted(rule.fallback) + u" is stored";
     return text;
   }
-  if (rule.form == SeenRule::Form::kFlag && !rule.holds && !base::EqualsIgnoringCase(rule.action, u"CheckMark") &&
-      !base::EqualsIgnoringCase(rule.action, u"Refresh")) {
-    return text + u": nothing is done";
-  }
+  const rules::FlagRow* flag = rule.form == SeenRule::Form::kFlag ? rules::FindFlag(rule.action) : nullptr;
+  if (flag != nullptr && !rule.holds && flag->otherwise == rules::Effect::kNothing) return text + u": nothing is done";
   return text + u": " + rule.action;
 }
 

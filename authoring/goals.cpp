@@ -5,10 +5,8 @@
 #include "authoring/entry_lookup.h"
 #include "base/utf8.h"
 #include "model/entry_kind.h"
-#include "rules/rule_tokens.h"
+#include "rules/rule_actions.h"
 #include "rules/wireless_couplings.h"
-#include "ui/entry_kinds.h"
-#include "ui/property_editors.h"
 
 namespace authoring {
 namespace {
@@ -16,20 +14,14 @@ namespace {
 // Bounds what a hostile configuration can ask for.
 constexpr std::size_t kMostGoals = 500'000;
 
-bool CanBeEdited(const model::MenuItem& item) {
-  const values::PropertyDescriptor* property = item.Descriptor();
-  if (property == nullptr || property->IsReadOnly() || !item.IsLeaf()) return false;
-  static const ui::EditorTable editors;
-  return ui::ChooseEntryKind(editors.MakeRequest(*property)) != ui::EntryKind::kNone;
-}
-
-// The lists of all "ChoiceFmt=" actions of a rule.
-std::vector<WideString> ChoiceListsIn(WideStringView rule) {
+// The lists of all "ChoiceFmt=" actions of an entry's rules.
+std::vector<WideString> ChoiceListsOf(const config::ConfigKey& key) {
   std::vector<WideString> lists;
-  WideStringView rest = rule;
-  for (std::size_t words = 0; !rest.empty() && words < 10'000; ++words) {
-    const rules::RuleToken token = rules::NextRuleToken(rest);
-    if (auto narrowed = ChoicesOf(token.text)) lists.push_back(std::move(narrowed->choices));
+  for (const WideStringView text : RulesOf(key)) {
+    const RuleText rule = ReadRule(0, text);
+    for (const WideString* action : {&rule.thenAction, &rule.elseAction}) {
+      if (const auto narrowed = rules::ReadChoicesAction(*action)) lists.emplace_back(narrowed->choices);
+    }
   }
   return lists;
 }
@@ -94,7 +86,7 @@ void Goals::AddItem(Trial& trial, const model::MenuItem& item) {
   if (!item.IsLeaf() || item.Parent() == nullptr) add(GoalKind::kMenu);
   if (item.Parent() != nullptr) add(GoalKind::kLine);
   if (item.IsLeaf() && model::IsCommand(*key)) add(GoalKind::kCommand);
-  if (CanBeEdited(item) && !model::IsCommand(*key)) {
+  if (HasEditor(item)) {
     add(GoalKind::kEditor);
     const auto addChoices = [&](const values::ChoiceFormat& choices) {
       for (const auto& entry : choices.Entries()) add(GoalKind::kChoice, base::ToUtf8(entry.text));
@@ -102,12 +94,8 @@ void Goals::AddItem(Trial& trial, const model::MenuItem& item) {
     const values::ChoiceFormat choices = item.Descriptor()->Choices();
     addChoices(choices);
     if (choices.Count() == 0) add(GoalKind::kSave);
-    for (const WideStringView rule : RulesOf(*key)) {
-      for (const WideString& list : ChoiceListsIn(rule)) {
-        // A list may be the name of a symbol.
-        addChoices({trial.Symbols().TextOf(list), choices.Mode()});
-      }
-    }
+    // A list may be the name of a symbol.
+    for (const WideString& list : ChoiceListsOf(*key)) addChoices({trial.Symbols().TextOf(list), choices.Mode()});
   }
   if (item.Parent() == nullptr) return;  // the main menu is on no page
   int number = 0;

@@ -1,21 +1,15 @@
 #include "authoring/rule_words.h"
 
 #include "authoring/checks/rule_text.h"
+#include "authoring/entries.h"
 #include "authoring/secrets.h"
-#include "base/format.h"
 #include "base/utf8.h"
 #include "rules/operands.h"
-#include "rules/rule_tokens.h"
+#include "rules/rule_actions.h"
 #include "values/value_types.h"
-
-#include <algorithm>
-#include <optional>
 
 namespace authoring {
 namespace {
-
-using rules::NextRuleToken;
-using rules::RuleToken;
 
 std::string NameOf(const Trial& trial, WideStringView oid, WideStringView written) {
   const auto* property = trial.Model().FindDescriptor(oid);
@@ -26,95 +20,80 @@ std::string Compared(const Trial& trial, WideStringView oid, WideStringView writ
   return NameOf(trial, oid, written) + (equal ? " is " : " is not ") + ValueInWords(trial, oid, value);
 }
 
-// A condition up to and including its THEN; nothing when it is malformed.
-std::optional<std::string> ConditionInWords(const Trial& trial, WideStringView& rest) {
+// They are taken from left to right, however they are grouped: what belongs together where AND and OR change stands in
+// parentheses.
+std::string ConditionInWords(const Trial& trial, const std::vector<RuleComparison>& comparisons) {
+  using Join = rules::Comparison::Join;
   std::string words;
-  std::size_t open = 0;  // groups, whose parentheses stand in front
-  WideString join;
-  for (;;) {
-    RuleToken left = NextRuleToken(rest);
-    if (left.text.empty()) return std::nullopt;
-    while (left.OpensGroup() && !left.quoted) {
-      words += "(";
-      ++open;
-      left.text.erase(0, 1);
-      if (left.text.empty()) left = NextRuleToken(rest);
+  Join before = Join::kFirst;
+  for (const RuleComparison& comparison : comparisons) {
+    if (comparison.join != Join::kFirst) {
+      if (before != Join::kFirst && before != comparison.join) words = "(" + words + ")";
+      words += comparison.join == Join::kAnd ? " and " : " or ";
     }
-    const RuleToken relation = NextRuleToken(rest);
-    if (relation.text != u"EQ" && relation.text != u"NEQ") return std::nullopt;
-    const RuleToken right = NextRuleToken(rest);
-    words += Compared(trial, trial.Model().OidByName(left.text), left.text, right.text, relation.text == u"EQ");
-    RuleToken next = NextRuleToken(rest);
-    while (next.ClosesGroup()) {
-      words += ")";
-      open -= open > 0 ? 1 : 0;
-      join.clear();  // what joined the group's parts
-      next = NextRuleToken(rest);
-    }
-    if (next.text == u"THEN") return words;
-    if (next.text != u"AND" && next.text != u"OR") return std::nullopt;
-    // They are taken from left to right.
-    if (!join.empty() && join != next.text) words = words.substr(0, open) + "(" + words.substr(open) + ")";
-    join = next.text;
-    words += next.text == u"AND" ? " and " : " or ";
+    words += Compared(trial, trial.Model().OidByName(comparison.name), comparison.name, comparison.wanted,
+                      comparison.wantsEqual);
+    before = comparison.join;
   }
+  return words;
 }
 
-std::string ChoicesInWords(const Trial& trial, const NarrowedChoices& narrowed) {
-  const values::ChoiceFormat choices(trial.Symbols().TextOf(narrowed.choices), values::KeyMode::kText);
+std::string ChoicesInWords(const Trial& trial, WideStringView list) {
+  const values::ChoiceFormat choices(trial.Symbols().TextOf(list), values::KeyMode::kText);
   std::string words;
   for (const auto& entry : choices.Entries()) words += (words.empty() ? "" : ", ") + base::ToUtf8(entry.text);
   return words.empty() ? "there are no choices" : "the choices are " + words;
 }
 
 // What happens to the line; empty for nothing that a person notices.
-std::string ActionInWords(const Trial& trial, WideStringView action) {
-  static const struct {
-    WideStringView action;
-    const char* words;
-  } kActions[] = {
-      {u"Display", "the line is shown"},
-      {u"NoDisplay", "the line is not shown"},
-      {u"Blank", "the line is empty"},
-      {u"NoEdit", "it cannot be changed"},
-      {u"CheckMark", "a check mark stands in front"},
-      {u"UnCheckMark", "no check mark stands in front"},
-      {u"Refresh", "it is read from the terminal again"},
-  };
-  if (const auto narrowed = ChoicesOf(action)) return ChoicesInWords(trial, *narrowed);
-  const auto* found = std::find_if(std::begin(kActions), std::end(kActions),
-                                   [&](const auto& known) { return base::EqualsIgnoringCase(known.action, action); });
-  return found == std::end(kActions) ? "" : found->words;
+std::string EffectInWords(rules::Effect effect) {
+  using rules::Effect;
+  switch (effect) {
+    case Effect::kNothing: return {};
+    case Effect::kShow: return "the line is shown";
+    case Effect::kHide: return "the line is not shown";
+    case Effect::kBlank: return "the line is empty";
+    case Effect::kLock: return "it cannot be changed";
+    case Effect::kMark: return "a check mark stands in front";
+    case Effect::kUnmark: return "no check mark stands in front";
+    case Effect::kRefresh: return "it is read from the terminal again";
+  }
+  return {};
 }
 
-std::string ConditionalRule(const Trial& trial, WideStringView rest) {
-  const auto condition = ConditionInWords(trial, rest);
-  if (!condition) return {};
-  const std::string action = ActionInWords(trial, NextRuleToken(rest).text);
-  const bool hasElse = base::EqualsIgnoringCase(NextRuleToken(rest).text, u"ELSE");
-  const std::string otherwise = hasElse ? ActionInWords(trial, NextRuleToken(rest).text) : "";
-  std::string words = action.empty() ? "" : "When " + *condition + ", " + action + ".";
+std::string ActionInWords(const Trial& trial, WideStringView action) {
+  if (const auto narrowed = rules::ReadChoicesAction(action)) return ChoicesInWords(trial, narrowed->choices);
+  const rules::ActionRow* known = rules::FindAction(action);
+  return known == nullptr ? std::string() : EffectInWords(known->effect);
+}
+
+std::string ConditionalRule(const Trial& trial, const RuleText& rule) {
+  const std::string condition = ConditionInWords(trial, rule.comparisons);
+  const std::string action = ActionInWords(trial, rule.thenAction);
+  const std::string otherwise = ActionInWords(trial, rule.elseAction);
+  std::string words = action.empty() ? "" : "When " + condition + ", " + action + ".";
   if (!otherwise.empty()) {
-    words += words.empty() ? "Unless " + *condition + ", " + otherwise + "." : " Otherwise " + otherwise + ".";
+    words += words.empty() ? "Unless " + condition + ", " + otherwise + "." : " Otherwise " + otherwise + ".";
   }
   return words;
 }
 
-std::string FlagRule(const Trial& trial, const config::ConfigKey& key, WideStringView rest) {
-  const WideStringView name = rules::NextRuleField(rest);
-  rules::NextRuleField(rest);
-  WideStringView wanted = rules::NextRuleField(rest);
-  const WideStringView flag = rules::NextRuleField(rest);
-  if (base::EqualsIgnoringCase(wanted, rules::kEmptyName)) wanted = {};
-  const WideString oid = rules::Operands::OidOfName(name, &key);
-  if (base::EqualsIgnoringCase(flag, u"Refresh")) return "It is read from the terminal again each time it is shown.";
-  const std::string action = ActionInWords(trial, flag);
-  if (action.empty() || base::EqualsIgnoringCase(flag, u"UnCheckMark")) return {};
-  if (oid.empty()) return wanted.empty() ? "Always: " + action + "." : std::string();
-  if (base::EqualsIgnoringCase(flag, u"Display")) {
-    return "Shown only when " + Compared(trial, oid, name, wanted, true) + ".";
+std::string FlagRule(const Trial& trial, const config::ConfigKey& key, const RuleText& rule) {
+  using rules::Effect;
+  const rules::FlagRow* flag = rules::FindFlag(rule.flag);
+  if (flag == nullptr) return {};
+  if (flag->whenMatched == Effect::kRefresh) return "It is read from the terminal again each time it is shown.";
+  const RuleComparison& comparison = rule.comparisons.front();
+  const WideString oid = rules::Operands::OidOfName(comparison.name, &key);
+  if (oid.empty()) {
+    // A name that stands for nothing has no value: the comparison comes out the same for ever.
+    const Effect effect = comparison.wanted.empty() ? flag->whenMatched : flag->otherwise;
+    const std::string words = EffectInWords(effect);
+    return words.empty() ? words : "Always: " + words + ".";
   }
-  return "When " + Compared(trial, oid, name, wanted, true) + ", " + action + ".";
+  const std::string condition = Compared(trial, oid, comparison.name, comparison.wanted, true);
+  if (flag->otherwise == Effect::kHide) return "Shown only when " + condition + ".";
+  return "When " + condition + ", " + EffectInWords(flag->whenMatched) + ".";
 }
 
 }  // namespace
@@ -137,13 +116,13 @@ std::vector<std::string> RulesInWords(const Trial& trial, const model::MenuItem&
   std::vector<std::string> sentences;
   const config::ConfigKey* key = trial.Model().FindKey(item.Path());
   if (key == nullptr) return sentences;
-  WideStringView rule = key->Value(u"Dependency");
-  for (int number = 1; !rule.empty(); ++number) {
-    WideStringView rest = rule;
-    const bool isConditional = NextRuleToken(rest).text == u"IF";
-    std::string sentence = isConditional ? ConditionalRule(trial, rest) : FlagRule(trial, *key, rule);
+  int number = 0;
+  for (const WideStringView text : RulesOf(*key)) {
+    const RuleText rule = ReadRule(number++, text);
+    std::string sentence;
+    if (rule.form == RuleText::Form::kCondition) sentence = ConditionalRule(trial, rule);
+    if (rule.form == RuleText::Form::kFlag) sentence = FlagRule(trial, *key, rule);
     if (!sentence.empty()) sentences.push_back(std::move(sentence));
-    rule = key->Value(base::Format(u"Dependency%d", number));
   }
   return sentences;
 }

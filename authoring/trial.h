@@ -41,6 +41,7 @@ class Trial {
   Trial(const Trial&) = delete;
   Trial& operator=(const Trial&) = delete;
 
+  const Configuration& Source() const { return configuration_; }
   MemoryDevice& Device() { return device_; }
   const values::SymbolTable& Symbols() const { return configuration_.Symbols(); }
   QuietScreen& Screen() { return screen_; }

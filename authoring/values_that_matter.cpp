@@ -1,137 +1,185 @@
 #include "authoring/values_that_matter.h"
 
+#include "authoring/checks/range_text.h"
+#include "authoring/wireless_items.h"
 #include "base/number.h"
-#include "rules/wireless_couplings.h"
+#include "rules/rule_actions.h"
+#include "values/attributes.h"
+#include "values/property_descriptor.h"
 #include "values/range.h"
-#include "values/value_types.h"
 
 #include <algorithm>
 
 namespace authoring {
 namespace {
 
-using values::PropertyDescriptor;
 using values::TypeCode;
 
-class LeverMaker {
- public:
-  explicit LeverMaker(const Trial& trial) : trial_(trial) {}
+bool Contains(const std::vector<WideString>& texts, const WideString& text) {
+  return std::find(texts.begin(), texts.end(), text) != texts.end();
+}
 
-  // `wanted`: what a rule compares the setting with.
-  void Add(const SeenOperand& operand, const WideString& wanted) {
-    if (operand.oid.empty()) return;
-    auto lever = std::find_if(made_.begin(), made_.end(), [&](const Made& m) { return m.lever.oid == operand.oid; });
-    if (lever == made_.end()) {
-      if (made_.size() == kMostLevers) return;
-      made_.push_back({{operand.oid, operand.value, {}}, {}});
-      lever = made_.end() - 1;
+// What a person may choose, as it is then stored.
+std::vector<WideString> KeysOf(const values::ChoiceFormat& choices, bool isFlag) {
+  std::vector<WideString> keys;
+  for (const auto& choice : choices.Entries()) {
+    const bool isTrue = base::EqualsIgnoringCase(choice.text, values::kTrueText);
+    if (isFlag && (isTrue || base::EqualsIgnoringCase(choice.text, values::kFalseText))) {
+      keys.emplace_back(isTrue ? u"1" : u"0");
     }
-    const bool known = std::find(lever->wanted.begin(), lever->wanted.end(), wanted) != lever->wanted.end();
-    if (!known && lever->wanted.size() < kMostValues) {
-      lever->wanted.push_back(wanted);
-    }
+    keys.push_back(choices.Mode() == values::KeyMode::kNumeric ? base::ToText(choice.number) : choice.key);
   }
+  return keys;
+}
 
-  std::vector<Lever> Take() && {
-    std::vector<Lever> levers;
-    for (Made& made : made_) {
-      Fill(made);
-      if (!made.lever.values.empty()) levers.push_back(std::move(made.lever));
+class Enumeration {
+ public:
+  Enumeration(const Survey& survey, WideStringView oid, const values::PropertyDescriptor* property,
+              const std::vector<WideString>& wanted)
+      : survey_(survey), oid_(oid), property_(property), wanted_(wanted) {}
+
+  MatteringValues Run() && {
+    const auto subjects = survey_.WithOid(oid_);
+    const bool isKnown = !subjects.empty() && !IsSetByWirelessRules(oid_) &&
+                         std::all_of(subjects.begin(), subjects.end(), [](const Subject* s) { return IsKnown(*s); });
+    if (isKnown) {
+      for (const Subject* subject : subjects) AddKnown(*subject);
+    } else {
+      for (const WideString& value : wanted_) Add(value);
+      AddOther();
+      AddUnique(WideString());
     }
-    return levers;
+    return std::move(found_);
   }
 
  private:
-  struct Made {
-    Lever lever;
-    std::vector<WideString> wanted;
-  };
-
-  static void AddValue(Lever& lever, const WideString& value) {
-    const bool known = std::find(lever.values.begin(), lever.values.end(), value) != lever.values.end();
-    if (!known && value != lever.current && lever.values.size() < kMostValues) lever.values.push_back(value);
+  // Its values are a list or a span of numbers.
+  static bool IsKnown(const Subject& subject) {
+    return HasChoices(subject) || subject.Type() == TypeCode::kBool || IsSpan(subject);
+  }
+  static bool HasChoices(const Subject& subject) {
+    return subject.Has(Attribute::kChoiceFmt) && subject.ChoiceText() != values::kUnresolved;
+  }
+  static bool IsSpan(const Subject& subject) {
+    const WideStringView range = subject.Resolved(Attribute::kRange);
+    return subject.Type() == TypeCode::kInteger && !range.empty() && range != values::kUnresolved;
   }
 
-  void Fill(Made& made) const {
-    const PropertyDescriptor* property = trial_.Model().FindDescriptor(made.lever.oid);
-    if (property != nullptr && AddChoices(made.lever, *property)) return;
-    for (const WideString& wanted : made.wanted) {
-      if (property == nullptr || CanHold(*property, wanted)) AddValue(made.lever, wanted);
+  void AddUnique(const WideString& text) {
+    // These are too many already, and to look through hundreds of thousands for each of them takes hours.
+    if (found_.values.size() <= kMostMatteringValues && !Contains(found_.values, text)) found_.values.push_back(text);
+  }
+
+  // As the property holds it.
+  void Add(const WideString& value) {
+    if (property_ == nullptr) return AddUnique(value);
+    values::PropertyValue parsed;
+    property_->ParseValue(value, parsed);
+    // What the type holds nothing of counts as the text that the device gave.
+    AddUnique(parsed.AsText().empty() ? WideString() : value);
+  }
+
+  void AddOther() {
+    const auto type = property_ == nullptr ? std::nullopt : values::TypeCodeOf(property_->GetType());
+    WideString other = u"x";
+    WideStringView more = u"x";
+    if (type == TypeCode::kInteger) {
+      other = u"4";
+      more = u"7";
+    } else if (type == TypeCode::kIpAddress) {
+      other = u"10.11.12.13";
+      more = u"7";
     }
-    AddAnother(made, property);
+    // Of some comparisons the case does not count.
+    const auto isAskedFor = [&](const WideString& wanted) { return base::EqualsIgnoringCase(wanted, other); };
+    while (std::any_of(wanted_.begin(), wanted_.end(), isAskedFor)) other += more;
+    found_.other = other;
+    Add(other);
   }
 
-  // False: the property has no choices of its own.
-  static bool AddChoices(Lever& lever, const PropertyDescriptor& property) {
-    const values::ChoiceFormat choices = property.Choices();
-    const bool isFlag = values::TypeCodeOf(property.Attributes().Get(TextId::kType)) == TypeCode::kBool;
-    if (choices.Count() == 0 && !isFlag) return false;
-    // The two texts of a flag's own list stand for 1 and 0.
-    if (isFlag) {
-      AddValue(lever, u"1");
-      AddValue(lever, u"0");
-    }
-    for (const auto& entry : choices.Entries()) {
-      if (isFlag) break;
-      AddValue(lever, choices.Mode() == values::KeyMode::kNumeric ? base::ToText(entry.number) : entry.key);
-    }
-    return true;
-  }
-
-  static bool IsNumber(const PropertyDescriptor& property) {
-    return values::TypeCodeOf(property.Attributes().Get(TextId::kType)) == TypeCode::kInteger;
-  }
-
-  static bool CanHold(const PropertyDescriptor& property, const WideString& value) {
-    if (!IsNumber(property) || value.empty()) return true;
-    const WideString range = property.Resolve(TextId::kRange);
-    return base::FindLong(value) && values::InRange(base::ToLong(value), range);
-  }
-
-  // One value that no rule asks for.
-  void AddAnother(Made& made, const PropertyDescriptor* property) const {
-    const bool number = property == nullptr ? base::FindLong(made.wanted.front()).has_value() : IsNumber(*property);
-    const WideString range = property == nullptr ? WideString() : property->Resolve(TextId::kRange);
-    std::vector<WideString> candidates;
-    if (number) {
-      for (const WideString& wanted : made.wanted) candidates.push_back(base::ToText(base::ToLong(wanted) + 1LL));
-      candidates.push_back(base::ToText(base::ToLong(range)));  // where the range begins
-      for (int i = 0; i <= 9; ++i) candidates.push_back(base::ToText(i));
+  void AddKnown(const Subject& subject) {
+    if (HasChoices(subject)) {
+      AddChoices(subject);
+    } else if (subject.Type() == TypeCode::kBool) {
+      Add(u"1");
+      Add(u"0");
     } else {
-      candidates = {u"x", u"xx", u""};
+      AddSpan(subject.Resolved(Attribute::kRange));
     }
-    for (const WideString& candidate : candidates) {
-      const bool asked = std::any_of(made.wanted.begin(), made.wanted.end(), [&](const WideString& wanted) {
-        return base::EqualsIgnoringCase(wanted, candidate);
-      });
-      const bool fits = property == nullptr || CanHold(*property, candidate);
-      if (asked || !fits) continue;
-      AddValue(made.lever, candidate);
-      return;
+    AddWhatIsThere(subject);
+  }
+
+  void AddChoices(const Subject& subject) {
+    const bool isFlag = subject.Type() == TypeCode::kBool;
+    for (const WideString& key : KeysOf(subject.Choices(), isFlag)) Add(key);
+    for (const RuleText& rule : subject.Rules()) {
+      for (const WideString* action : {&rule.thenAction, &rule.elseAction}) {
+        const auto narrowed = rules::ReadChoicesAction(*action);
+        if (!narrowed) continue;
+        const WideString list = survey_.Source().Symbols().TextOf(narrowed->choices);
+        for (const WideString& key : KeysOf({list, subject.Choices().Mode()}, isFlag)) Add(key);
+        if (!narrowed->fallback.empty()) Add(WideString(narrowed->fallback));
+      }
     }
   }
 
-  const Trial& trial_;
-  std::vector<Made> made_;
+  void AddSpan(WideStringView range) {
+    for (const WideString& value : wanted_) {
+      const auto number = base::FindLong(value);
+      if (number && values::InRange(*number, range)) Add(value);
+    }
+    for (const RangePart& part : PartsOfRange(range)) {
+      // One of so many is not asked for.
+      const std::int64_t last = std::min<std::int64_t>(part.high, part.low + static_cast<std::int64_t>(wanted_.size()));
+      for (std::int64_t n = part.low; n <= last && !found_.other; ++n) {
+        const WideString text = base::ToText(n);
+        if (Contains(wanted_, text)) continue;
+        found_.other = text;
+        Add(text);
+      }
+    }
+  }
+
+  // What is there already, and what is set by others, can be there whatever the choices.
+  void AddWhatIsThere(const Subject& subject) {
+    if (subject.Has(Attribute::kDefVal)) Add(WideString(subject.Get(Attribute::kDefVal)));
+    for (const model::SetTriple& triple : survey_.Triples()) {
+      if (triple.oid == oid_) Add(triple.value);
+    }
+    const bool livesInProgram = subject.Get(Attribute::kOid).starts_with(u'_');
+    const auto held = HeldBy(subject);
+    if (held) Add(*held);
+    const bool isMissing = !held && survey_.Source().Terminal().hasDevice;
+    if (livesInProgram || isMissing || Contains(wanted_, WideString())) AddUnique(WideString());
+  }
+
+  // What the device gives; of a field, its part of the command.
+  std::optional<WideString> HeldBy(const Subject& subject) const {
+    if (!subject.IsField()) {
+      const WideString* text = Survey::TextOf(subject.OnDevice());
+      return text == nullptr ? std::nullopt : std::optional(*text);
+    }
+    const std::size_t colon = oid_.find(u':');
+    const auto commands = survey_.WithOid(oid_.substr(0, colon));
+    const WideString* record = survey_.DeviceText(oid_.substr(0, colon));
+    if (colon == WideStringView::npos || commands.empty() || record == nullptr) return std::nullopt;
+    const values::FieldWidthList* layout = commands.back()->Layout();
+    if (layout == nullptr) return std::nullopt;
+    return layout->Field(*record, base::ToLong(oid_.substr(colon + 1)) - 1);
+  }
+
+  const Survey& survey_;
+  const WideStringView oid_;
+  const values::PropertyDescriptor* property_;
+  const std::vector<WideString>& wanted_;
+  MatteringValues found_;
 };
 
 }  // namespace
 
-std::vector<Lever> LeversOf(const Trial& trial, const std::vector<SeenRule>& rules, bool wireless) {
-  LeverMaker maker(trial);
-  for (const SeenRule& rule : rules) {
-    for (const SeenComparison& comparison : rule.comparisons) maker.Add(comparison.operand, comparison.wanted);
-  }
-  using namespace rules::wireless;
-  const WideStringView settings[] = {kNetworkType, kAuthentication, kEncryption, kKeyIndex, kMethod8021X, kKeySetting};
-  for (const WideStringView oid : settings) {
-    const auto* property = wireless ? trial.Model().FindDescriptor(oid) : nullptr;
-    if (property == nullptr) continue;
-    maker.Add({WideString(property->DisplayName()), WideString(oid), property->GetValue().AsText(),
-               rules::OperandOrigin::kProperty},
-              {});
-  }
-  return std::move(maker).Take();
+MatteringValues ValuesThatMatter(const Survey& survey, WideStringView oid, const values::PropertyDescriptor* property,
+                                 const std::vector<WideString>& wanted) {
+  return Enumeration(survey, oid, property, wanted).Run();
 }
 
 }  // namespace authoring

@@ -1,24 +1,24 @@
-// Which values of a setting can make rules decide otherwise.
+// Which values of a setting can make rules decide otherwise: a few, whatever it may hold.
 #pragma once
 
-#include "authoring/rule_trace.h"
-#include "authoring/trial.h"
+#include "authoring/checks/survey.h"
 
+#include <optional>
 #include <vector>
 
 namespace authoring {
 
-struct Lever {
-  WideString oid;
-  WideString current;
-  std::vector<WideString> values;  // each other than the current one; the property can take them, where there is one
+struct MatteringValues {
+  std::vector<WideString> values;   // each once
+  std::optional<WideString> other;  // the one among them that stands for all that nothing asks for
 };
 
-// The settings that these rules read, and those that the wireless rules read when `wireless`, each once.
-std::vector<Lever> LeversOf(const Trial& trial, const std::vector<SeenRule>& rules, bool wireless);
+// More values of one setting than this are not counted out: there are too many cases then in any case.
+inline constexpr std::size_t kMostMatteringValues = 4096;
 
-// At most this many settings, and values of one setting: more would not be tried anyway.
-inline constexpr std::size_t kMostLevers = 64;
-inline constexpr std::size_t kMostValues = 32;
+// Of the setting with this OID, which rules compare with `wanted`: all that it can hold, on this device or any other,
+// comes down to one of the values. `property` reads its texts; null: nothing does, they are taken as they are.
+MatteringValues ValuesThatMatter(const Survey& survey, WideStringView oid, const values::PropertyDescriptor* property,
+                                 const std::vector<WideString>& wanted);
 
 }  // namespace authoring

@@ -28,6 +28,11 @@ Verdict VerdictOf(const Trial& trial, const RuleTrace& trace, const model::MenuI
   return verdict;
 }
 
+void RulesThatCount::Add(const Verdict& verdict) {
+  rules.insert(rules.end(), verdict.rules.begin(), verdict.rules.end());
+  wireless = wireless || !verdict.wireless.empty();
+}
+
 std::vector<Verdict> HiddenLines(Trial& trial, RuleTrace& trace, model::MenuItem& menu) {
   std::vector<Verdict> hidden;
   for (const auto& child : menu.Children()) {

@@ -7,4 +7,12 @@ namespace authoring {
 
 Verdict VerdictOf(const Trial& trial, const RuleTrace& trace, const model::MenuItem& item);
 
+// The rules of a line and of the menus above it. Those of an open menu count as well: another value may close it.
+struct RulesThatCount {
+  std::vector<SeenRule> rules;
+  bool wireless = false;  // the wireless rules changed one of them
+
+  void Add(const Verdict& verdict);
+};
+
 }  // namespace authoring

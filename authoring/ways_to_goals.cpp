@@ -1,7 +1,10 @@
 #include "authoring/ways_to_goals.h"
 
+#include "authoring/entry_lookup.h"
+#include "authoring/line_proofs.h"
 #include "authoring/rule_trace.h"
 #include "authoring/verdict.h"
+#include "authoring/wireless_items.h"
 #include "authoring/wishes.h"
 #include "base/utf8.h"
 #include "values/value_types.h"
@@ -12,10 +15,20 @@ namespace authoring {
 namespace {
 
 constexpr std::size_t kMostWaysToTry = 4;
+constexpr const char* kNotDecidedByWireless = "not decided: the wireless rules have a say in it too";
+
+bool Offers(WideStringView choiceText, const WideString& text) {
+  const values::ChoiceFormat choices(choiceText, values::KeyMode::kText);
+  return std::any_of(choices.Entries().begin(), choices.Entries().end(),
+                     [&](const auto& entry) { return entry.text == text; });
+}
 
 class WayFinder {
  public:
-  WayFinder(const Configuration& configuration, const Goals& goals) : trial_(configuration, &trace_), goals_(goals) {}
+  WayFinder(const Configuration& configuration, const Goals& goals)
+      : followed_(configuration), survey_(configuration), proofs_(survey_, followed_), goals_(goals) {
+    followed_.slot.listener = &trace_;
+  }
 
   std::map<std::string, WayToGoal> Find() && {
     std::map<ItemPlace, std::vector<Goal>> byItem;
@@ -32,33 +45,46 @@ class WayFinder {
     trace_.Clear();
     model::MenuItem* item = ItemAtPlace(trial_.Model(), place);
     if (item == nullptr) return;
-    std::vector<SeenRule> rules;
-    bool wireless = false;
-    const auto collect = [&](const model::MenuItem& of) {
-      const Verdict verdict = VerdictOf(trial_, trace_, of);
-      rules.insert(rules.end(), verdict.rules.begin(), verdict.rules.end());
-      wireless = wireless || !verdict.wireless.empty();
-    };
-    for (const Goal& goal : goals) wireless = wireless || goal.kind == GoalKind::kAlert;
-    const Look look = LookAt(trial_, *item, collect);
-    collect(*item);
-
+    const WideString oid(OidOf(trial_, *item));
+    RulesThatCount counting;
+    const auto count = [&](const model::MenuItem& of, bool) { counting.Add(VerdictOf(trial_, trace_, of)); };
+    const Look look = LookAt(trial_, *item, count);
+    counting.Add(VerdictOf(trial_, trace_, *item));
     std::vector<Aim> aims;
     std::vector<bool> isThere;
     for (const Goal& goal : goals) {
+      counting.wireless = counting.wireless || goal.kind == GoalKind::kAlert;
       aims.push_back({AimOf(goal)});
       isThere.push_back(aims.back().isReached(look));
     }
     trial_.Rebuild();
-    const std::vector<Lever> levers = LeversOf(trial_, rules, wireless);
+    const std::vector<Lever> levers = LeversOf(survey_, trial_, counting.rules, counting.wireless);
     FindChanges(trial_, place, levers, aims, {});
-    for (std::size_t i = 0; i < aims.size(); ++i) {
+
+    std::vector<LineProofs::IsThere> questions;
+    for (const Goal& goal : goals) questions.push_back(QuestionOf(goal));
+    const std::vector<Ruling> rulings = proofs_.Decide(place, questions);
+    for (std::size_t i = 0; i < goals.size(); ++i) {
       if (isThere[i]) {
         ways_[goals[i].Id()] = {goals[i], {PreparedWay{}}, "nothing stands in its way, but no key led there", false};
       } else {
-        Take(goals[i], aims[i], levers);
+        Take(goals[i], aims[i],
+             goals[i].kind == GoalKind::kAlert ? AlertRuling(aims[i], levers)
+             : IsOfWireless(goals[i], oid)     ? Ruling{false, kNotDecidedByWireless}
+                                               : rulings[i]);
       }
     }
+  }
+
+  // The wireless rules decide about it after all others.
+  static bool IsOfWireless(const Goal& goal, const WideString& oid) {
+    return goal.kind != GoalKind::kRule && (IsSetByWirelessRules(oid) || IsShownByWirelessRules(oid));
+  }
+
+  // Alerts are no matter of a line's rules: the values of the settings themselves were tried.
+  Ruling AlertRuling(const Aim& aim, const std::vector<Lever>& levers) const {
+    if (!aim.complete) return {};
+    return {true, levers.empty() ? "no setting has a say in it" : "no values of " + NamesOf(levers) + " lead there"};
   }
 
   std::function<bool(const Look&)> AimOf(const Goal& goal) {
@@ -70,10 +96,7 @@ class WayFinder {
       case GoalKind::kSave: return [](const Look& look) { return look.IsEditable(); };
       case GoalKind::kChoice:
         return [text = base::FromUtf8(goal.what)](const Look& look) {
-          const values::ChoiceFormat choices(look.choiceText, values::KeyMode::kText);
-          const bool there = std::any_of(choices.Entries().begin(), choices.Entries().end(),
-                                         [&](const auto& entry) { return entry.text == text; });
-          return look.IsEditable() && there;
+          return look.IsEditable() && Offers(look.choiceText, text);
         };
       case GoalKind::kRule:
         return [this, goal](const Look& look) {
@@ -92,15 +115,36 @@ class WayFinder {
     return {};
   }
 
-  void Take(const Goal& goal, const Aim& aim, const std::vector<Lever>& levers) {
+  // The same, asked of the line alone in each case of the values.
+  static LineProofs::IsThere QuestionOf(const Goal& goal) {
+    switch (goal.kind) {
+      case GoalKind::kMenu:
+      case GoalKind::kLine:
+      case GoalKind::kCommand: return [](const LineCase& line) { return line.IsShown(); };
+      case GoalKind::kEditor:
+      case GoalKind::kSave: return [](const LineCase& line) { return line.IsEditable(); };
+      case GoalKind::kChoice:
+        return [text = base::FromUtf8(goal.what)](const LineCase& line) {
+          const values::PropertyDescriptor* property = line.item.Descriptor();
+          return line.IsEditable() && property != nullptr && Offers(property->ChoiceText(), text);
+        };
+      case GoalKind::kRule:
+        return [number = static_cast<std::size_t>(goal.rule), outcome = goal.outcome](const LineCase& line) {
+          return number < line.holds.size() && line.holds[number] == outcome;
+        };
+      case GoalKind::kAlert: break;
+    }
+    return [](const LineCase&) { return true; };
+  }
+
+  void Take(const Goal& goal, const Aim& aim, const Ruling& ruling) {
     WayToGoal& way = ways_[goal.Id()];
     way.goal = goal;
-    way.impossible = aim.complete;
+    way.impossible = ruling.impossible;
     if (way.impossible) {
-      way.reason = levers.empty() ? "cannot be: no setting has a say in it"
-                                  : "cannot be: no values of " + NamesOf(levers) + " lead there";
+      way.reason = "cannot be: " + ruling.reason;
     } else if (aim.ways.empty()) {
-      way.reason = "no way was found";
+      way.reason = "no way was found" + (ruling.reason.empty() ? "" : "; " + ruling.reason);
     } else {
       way.reason = "the way that was found did not lead there when it was played";
     }
@@ -176,7 +220,10 @@ class WayFinder {
   }
 
   RuleTrace trace_;
-  Trial trial_;
+  FollowedTrial followed_;
+  Trial& trial_ = followed_.trial;
+  const Survey survey_;
+  LineProofs proofs_;
   const Goals& goals_;
   std::map<std::string, WayToGoal> ways_;
 };

@@ -24,7 +24,7 @@ struct WayToGoal {
   Goal goal;
   std::vector<PreparedWay> ways;  // the likeliest first
   std::string reason;             // in case they do not lead there
-  bool impossible = false;        // all values that matter were tried
+  bool impossible = false;        // proven
 };
 
 // Of all goals that were not reached, by their ids.

@@ -1,5 +1,7 @@
 #include "authoring/wishes.h"
 
+#include "values/value_types.h"
+
 #include <algorithm>
 
 namespace authoring {
@@ -95,6 +97,20 @@ class Search {
   std::size_t most_ = 0;
 };
 
+// A person can give the property this value in its editor.
+bool CanBeEntered(const values::PropertyDescriptor& property, const WideString& value) {
+  values::PropertyValue parsed;
+  property.ParseValue(value, parsed);
+  const values::ChoiceFormat choices = property.Choices();
+  if (choices.Count() > 0) return choices.IndexOf(parsed).has_value();
+  return !value.empty() || values::TypeCodeOf(property.HeldType()) == values::TypeCode::kOctetString;
+}
+
+// Only a device that has no value for a setting does it.
+bool NeedsAGap(const std::vector<Step>& way) {
+  return std::any_of(way.begin(), way.end(), [](const Step& step) { return !step.keys && step.change.value.empty(); });
+}
+
 }  // namespace
 
 void FindChanges(Trial& trial, const ItemPlace& place, const std::vector<Lever>& levers, std::vector<Aim>& aims,
@@ -113,7 +129,8 @@ Step Describe(Trial& trial, const SettingChange& change) {
   const values::ChoiceFormat choices = property->Choices();
   if (const auto index = choices.IndexOf(value)) step.text = choices.Entries()[*index].text;
   model::MenuItem* item = trial.Model().ItemOf(*property);
-  if (item != nullptr && LookAt(trial, *item).IsEditable()) step.keys = trial.KeysTo(*item);
+  const bool isEntered = item != nullptr && CanBeEntered(*property, change.value);
+  if (isEntered && LookAt(trial, *item).IsEditable()) step.keys = trial.KeysTo(*item);
   return step;
 }
 
@@ -130,6 +147,7 @@ void FindWays(Trial& trial, const ItemPlace& place, const std::vector<Lever>& le
       std::vector<Step>& way = wish.ways.emplace_back();
       for (const SettingChange& change : changes) way.push_back(Describe(trial, change));
     }
+    if (!std::all_of(wish.ways.begin(), wish.ways.end(), NeedsAGap)) std::erase_if(wish.ways, NeedsAGap);
     // What can be done at the terminal comes first.
     std::stable_partition(wish.ways.begin(), wish.ways.end(), [](const std::vector<Step>& way) {
       return std::all_of(way.begin(), way.end(), [](const Step& step) { return step.keys.has_value(); });

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "authoring/explanation.h"
-#include "authoring/values_that_matter.h"
+#include "authoring/levers.h"
 
 #include <functional>
 

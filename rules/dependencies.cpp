@@ -6,27 +6,13 @@
 #include "values/choice_format.h"
 #include "values/shown_value.h"
 
-#include <algorithm>
-
 namespace rules {
 namespace {
 
 constexpr WideStringView kFirstRule = u"Dependency";
 constexpr char16_t kCheckMark = u'\u221A';
-constexpr WideStringView kChoicesAction = u"ChoiceFmt=";
 
 }  // namespace
-
-struct Dependencies::FlagRow {
-  WideStringView name;
-  Effect whenMatched;
-  Effect otherwise;
-};
-
-struct Dependencies::ActionRow {
-  WideStringView name;
-  Effect effect;
-};
 
 bool Dependencies::EvaluateDependencies(model::MenuItem& item) {
   const auto tree = context_.model.Tree();  // stays while a message is shown
@@ -56,66 +42,39 @@ bool Dependencies::EvaluateRule(model::MenuItem* item, WideStringView rule) {
 }
 
 bool Dependencies::EvaluateFlagRule(model::MenuItem* item, const config::ConfigKey& node, WideStringView rule) {
-  static constexpr FlagRow kFlags[] = {
-      {u"Display", Effect::kShow, Effect::kHide},   {u"NoDisplay", Effect::kHide, Effect::kNothing},
-      {u"Blank", Effect::kBlank, Effect::kNothing}, {u"CheckMark", Effect::kMark, Effect::kUnmark},
-      {u"NoEdit", Effect::kLock, Effect::kNothing}, {u"Refresh", Effect::kRefresh, Effect::kRefresh},
-  };
-
-  const WideStringView name = NextRuleField(rule);
-  const WideStringView type = NextRuleField(rule);
-  WideStringView wanted = NextRuleField(rule);
-  const WideStringView flag = NextRuleField(rule);
-  if (base::EqualsIgnoringCase(wanted, kEmptyName)) wanted = {};
-  const WideString value = operands_.GetOperandValue(name, type, &node);
-  const bool matches = value == wanted;
+  const FlagRule parts = ReadFlagRule(rule);
+  const WideString value = operands_.GetOperandValue(parts.name, parts.type, &node);
+  const bool matches = value == parts.wanted;
   if (context_.listener != nullptr) {
-    context_.listener->OnComparison({Comparison::Join::kFirst, name, value, wanted, true, true, matches, matches});
+    context_.listener->OnComparison(
+        {Comparison::Join::kFirst, parts.name, value, parts.wanted, true, true, matches, matches});
     context_.listener->OnDecided(false, matches);
   }
 
-  const auto* row = std::find_if(std::begin(kFlags), std::end(kFlags),
-                                 [&](const FlagRow& known) { return base::EqualsIgnoringCase(known.name, flag); });
-  if (row == std::end(kFlags)) {
-    TellAction(flag, nullptr);
+  const FlagRow* row = FindFlag(parts.flag);
+  if (row == nullptr) {
+    TellAction(parts.flag, nullptr);
     return true;
   }
   const Effect effect = matches ? row->whenMatched : row->otherwise;
-  TellAction(flag, &effect);
-  if (item != nullptr) Apply(effect, *item, {Operands::OidOfName(name, &node), WideString(type)});
+  TellAction(parts.flag, &effect);
+  if (item != nullptr) Apply(effect, *item, {Operands::OidOfName(parts.name, &node), WideString(parts.type)});
   return effect != Effect::kHide && effect != Effect::kBlank;
 }
 
 void Dependencies::ExecuteRuleAction(model::MenuItem* item, WideStringView action) {
-  static constexpr ActionRow kActions[] = {
-      {u"Display", Effect::kShow},    {u"NoDisplay", Effect::kHide},     {u"Blank", Effect::kBlank},
-      {u"CheckMark", Effect::kMark},  {u"UnCheckMark", Effect::kUnmark}, {u"NoEdit", Effect::kLock},
-      {u"Refresh", Effect::kRefresh},
-  };
-
   const config::ConfigKey* node = item == nullptr ? nullptr : context_.model.FindKey(item->Path());
   if (node == nullptr) return;
-  if (base::EqualsIgnoringCase(action.substr(0, kChoicesAction.size()), kChoicesAction)) {
+  if (const auto choices = ReadChoicesAction(action)) {
     const Effect effect = Effect::kNothing;
     TellAction(action, &effect);
-    NarrowChoices(*item, *node, action.substr(kChoicesAction.size()));
+    NarrowChoices(*item, *node, *choices);
     return;
   }
-  const auto* row = std::find_if(std::begin(kActions), std::end(kActions),
-                                 [&](const ActionRow& known) { return base::EqualsIgnoringCase(known.name, action); });
-  TellAction(action, row == std::end(kActions) ? nullptr : &row->effect);
-  if (row == std::end(kActions)) return;
+  const ActionRow* row = FindAction(action);
+  TellAction(action, row == nullptr ? nullptr : &row->effect);
+  if (row == nullptr) return;
   Apply(row->effect, *item, {Operands::OidOfName(kNodeItself, node), WideString(node->Value(TextId::kType))});
-}
-
-std::optional<model::DisplayState> Dependencies::StateOf(Effect effect) {
-  switch (effect) {
-    case Effect::kShow: return model::DisplayState::kNormal;
-    case Effect::kHide: return model::DisplayState::kNotDisplayed;
-    case Effect::kBlank: return model::DisplayState::kBlank;
-    case Effect::kLock: return model::DisplayState::kNoEdit;
-    default: return std::nullopt;
-  }
 }
 
 // `effect` is null for a text that is no known flag or action.
@@ -160,23 +119,17 @@ bool Dependencies::IsChosen(const model::MenuItem& item, const values::PropertyD
   return choices.IndexOfKey(operands_.ResolveOperand(item.DisplayName())).has_value();
 }
 
-// text: CHOICES [":" FALLBACK], perhaps in quotes.
-void Dependencies::NarrowChoices(model::MenuItem& item, const config::ConfigKey& node, WideStringView text) {
+void Dependencies::NarrowChoices(model::MenuItem& item, const config::ConfigKey& node, const ChoicesAction& choices) {
   values::PropertyDescriptor* property = item.Descriptor();
   if (property == nullptr) return;
-  text.remove_prefix(std::min(text.find_first_not_of(u'"'), text.size()));
-  text = text.substr(0, text.find(u'"'));
-  const std::size_t colon = text.find(u':');
-  const WideStringView choiceText = text.substr(0, colon);
-  items_.SetItemChoices(*property, choiceText);
-  const WideStringView fallback = colon == WideStringView::npos ? WideStringView() : text.substr(colon + 1);
-  const bool stores = !fallback.empty() && !IsChosen(item, *property);
+  items_.SetItemChoices(*property, choices.choices);
+  const bool stores = !choices.fallback.empty() && !IsChosen(item, *property);
   if (context_.listener != nullptr) {
-    context_.listener->OnChoices(item, choiceText, stores ? fallback : WideStringView());
+    context_.listener->OnChoices(item, choices.choices, stores ? choices.fallback : WideStringView());
   }
   if (!stores) return;
   items_.CorrectValue(WideString(node.Value(TextId::kOid)), WideString(node.Value(TextId::kType)),
-                      WideString(fallback));
+                      WideString(choices.fallback));
 }
 
 }  // namespace rules

@@ -4,6 +4,7 @@
 
 #include "rules/item_operations.h"
 #include "rules/operands.h"
+#include "rules/rule_actions.h"
 
 namespace rules {
 
@@ -24,9 +25,6 @@ class Dependencies {
   void ExecuteRuleAction(model::MenuItem* item, WideStringView action);
 
  private:
-  enum class Effect { kNothing, kShow, kHide, kBlank, kMark, kUnmark, kLock, kRefresh };
-  struct FlagRow;
-  struct ActionRow;
   struct Reading {  // what a refresh reads
     WideString oid;
     WideString type;
@@ -34,13 +32,12 @@ class Dependencies {
 
   bool Evaluate(model::MenuItem* item, const config::ConfigKey& node);
   bool EvaluateFlagRule(model::MenuItem* item, const config::ConfigKey& node, WideStringView rule);
-  static std::optional<model::DisplayState> StateOf(Effect effect);
   void TellAction(WideStringView text, const Effect* effect) const;
   void Apply(Effect effect, model::MenuItem& item, const Reading& reading);
   void Mark(model::MenuItem& item, char16_t mark);
   void Refresh(model::MenuItem& item, const Reading& reading);
   bool IsChosen(const model::MenuItem& item, const values::PropertyDescriptor& property);
-  void NarrowChoices(model::MenuItem& item, const config::ConfigKey& node, WideStringView text);
+  void NarrowChoices(model::MenuItem& item, const config::ConfigKey& node, const ChoicesAction& choices);
 
   Context context_;
   ItemOperations& items_;

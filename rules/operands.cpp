@@ -2,6 +2,7 @@
 
 #include "base/number.h"
 #include "base/string_table.h"
+#include "rules/rule_tokens.h"
 
 namespace rules {
 

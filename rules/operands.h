@@ -6,8 +6,6 @@
 
 namespace rules {
 
-// A name in this form stands for the empty text, in any case.
-inline constexpr WideStringView kEmptyName = u"Empty";
 // Stands for the node's own OID, in any case.
 inline constexpr WideStringView kNodeItself = u"this";
 

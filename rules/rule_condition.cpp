@@ -66,6 +66,17 @@ std::optional<bool> EvaluateCondition(WideStringView& rest, OperandSource& opera
   }
 }
 
+RuleActions TakeActions(WideStringView& rest) {
+  RuleActions actions;
+  actions.then = NextRuleToken(rest).text;
+  WideStringView behind = rest;
+  if (base::EqualsIgnoringCase(NextRuleToken(behind).text, u"ELSE")) {
+    actions.otherwise = NextRuleToken(behind).text;
+    rest = behind;
+  }
+  return actions;
+}
+
 std::optional<WideString> ChooseAction(WideStringView rule, OperandSource& operands, RuleListener* listener) {
   WideStringView rest = rule;
   if (NextRuleToken(rest).text != u"IF") return std::nullopt;
@@ -73,10 +84,8 @@ std::optional<WideString> ChooseAction(WideStringView rule, OperandSource& opera
   if (!holds) return std::nullopt;
   if (listener != nullptr) listener->OnDecided(true, *holds);
 
-  RuleToken action = NextRuleToken(rest);
-  if (*holds) return std::move(action.text);
-  if (!base::EqualsIgnoringCase(NextRuleToken(rest).text, u"ELSE")) return WideString();
-  return NextRuleToken(rest).text;
+  RuleActions actions = TakeActions(rest);
+  return *holds ? std::move(actions.then) : std::move(actions.otherwise);
 }
 
 }  // namespace rules

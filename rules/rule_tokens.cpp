@@ -23,11 +23,16 @@ RuleToken NextRuleToken(WideStringView& rest) {
   return token;
 }
 
-WideStringView NextRuleField(WideStringView& rest) {
-  const std::size_t bar = rest.find(u'|');
-  const WideStringView field = rest.substr(0, bar);
-  rest = bar == WideStringView::npos ? WideStringView() : rest.substr(bar + 1);
-  return field;
+FlagRule ReadFlagRule(WideStringView rule) {
+  const auto next = [&rule] {
+    const std::size_t bar = rule.find(u'|');
+    const WideStringView field = rule.substr(0, bar);
+    rule = bar == WideStringView::npos ? WideStringView() : rule.substr(bar + 1);
+    return field;
+  };
+  FlagRule parts{next(), next(), next(), next()};
+  if (base::EqualsIgnoringCase(parts.wanted, kEmptyName)) parts.wanted = {};
+  return parts;
 }
 
 }  // namespace rules

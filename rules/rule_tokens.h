@@ -18,7 +18,17 @@ struct RuleToken {
 // ")", even within quotes.
 RuleToken NextRuleToken(WideStringView& rest);
 
-// Removes the text before the next bar, or all of it: a field of a rule that is no condition.
-WideStringView NextRuleField(WideStringView& rest);
+// A name in this form stands for the empty text, in any case.
+inline constexpr WideStringView kEmptyName = u"Empty";
+
+// A rule that is no condition: NAME|TYPE|VALUE|FLAG.
+struct FlagRule {
+  WideStringView name;
+  WideStringView type;
+  WideStringView wanted;  // empty for kEmptyName too
+  WideStringView flag;
+};
+// Never fails: what is missing is empty, and what is too much is left out.
+FlagRule ReadFlagRule(WideStringView rule);
 
 }  // namespace rules

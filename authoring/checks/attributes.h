@@ -7,6 +7,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
 #include <optional>
 #include <vector>
 
@@ -70,10 +71,8 @@ std::vector<WideStringView> NumberedTexts(const config::ConfigKey& key, Attribut
 class AttributeSet {
  public:
   constexpr AttributeSet() = default;
-  template <typename... More>
-  constexpr explicit AttributeSet(Attribute first, More... more) {
-    Add(first);
-    (Add(more), ...);
+  constexpr AttributeSet(std::initializer_list<Attribute> attributes) {
+    for (const Attribute attribute : attributes) Add(attribute);
   }
   constexpr void Add(Attribute attribute) { bits_ |= std::uint64_t{1} << static_cast<unsigned>(attribute); }
   constexpr bool Has(Attribute attribute) const { return (bits_ >> static_cast<unsigned>(attribute) & 1) != 0; }

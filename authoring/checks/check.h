@@ -57,6 +57,16 @@ struct Check {
   AttributeSet attributes = {};
   void (*ofAll)(const Survey& survey, Findings& findings) = nullptr;
   bool isProof = false;
+
+  constexpr Check(std::string_view name, Severity kind, std::string_view words,
+                  void (*find)(const Subject& subject, Findings& findings), AttributeSet among = {})
+      : id(name), severity(kind), title(words), ofEntry(find), attributes(among) {}
+  constexpr Check(std::string_view name, Severity kind, std::string_view words,
+                  void (*find)(const Survey& survey, Findings& findings))
+      : id(name), severity(kind), title(words), ofAll(find) {}
+  // Found elsewhere.
+  constexpr Check(std::string_view name, Severity kind, std::string_view words, bool byProofs = false)
+      : id(name), severity(kind), title(words), isProof(byProofs) {}
 };
 
 // In the order of their page. Those without a function are found elsewhere: while loading, by the proofs, among the

@@ -1,12 +1,15 @@
 #include "authoring/checks/proofs.h"
 
-#include "authoring/checks/rule_cases.h"
 #include "authoring/checks/way_back.h"
+#include "authoring/rule_cases.h"
+#include "authoring/wireless_items.h"
 #include "base/utf8.h"
 #include "rules/operands.h"
+#include "rules/rule_actions.h"
 
 #include <algorithm>
 #include <unordered_map>
+#include <unordered_set>
 
 namespace authoring {
 namespace {
@@ -55,44 +58,46 @@ struct RuleOutcomes {
 };
 
 bool DoesMoreThanAState(WideStringView action) {
-  return base::EqualsIgnoringCase(action, u"CheckMark") || base::EqualsIgnoringCase(action, u"UnCheckMark") ||
-         base::EqualsIgnoringCase(action, u"Refresh") || ChoicesOf(action).has_value();
+  const rules::ActionRow* known = rules::FindAction(action);
+  return known == nullptr ? rules::ReadChoicesAction(action).has_value() : !rules::StateOf(known->effect).has_value();
 }
+
+bool TakesAway(rules::Effect effect) { return effect == rules::Effect::kHide || effect == rules::Effect::kBlank; }
 
 // A flag that hides also keeps the default from being restored.
 bool HasVerdict(const RuleText& rule) {
-  if (rule.form != RuleText::Form::kFlag) return false;
-  return base::EqualsIgnoringCase(rule.flag, u"Display") || base::EqualsIgnoringCase(rule.flag, u"NoDisplay") ||
-         base::EqualsIgnoringCase(rule.flag, u"Blank");
+  const rules::FlagRow* flag = rule.form == RuleText::Form::kFlag ? rules::FindFlag(rule.flag) : nullptr;
+  return flag != nullptr && (TakesAway(flag->whenMatched) || TakesAway(flag->otherwise));
 }
 
 bool Runs(const RuleText& rule) {
   return rule.form == RuleText::Form::kCondition || (rule.form == RuleText::Form::kFlag && rule.fields == 4);
 }
 
-bool HasFallback(const Subject& subject) {
+template <typename Visit>
+void ForEachFallback(const Subject& subject, Visit visit) {
   for (const RuleText& rule : subject.Rules()) {
     for (const WideString* action : {&rule.thenAction, &rule.elseAction}) {
-      const auto narrowed = ChoicesOf(*action);
-      if (narrowed && narrowed->fallback) return true;
+      const auto narrowed = rules::ReadChoicesAction(*action);
+      if (narrowed && !narrowed->fallback.empty()) visit(*narrowed);
     }
   }
-  return false;
+}
+
+bool HasFallback(const Subject& subject) {
+  bool found = false;
+  ForEachFallback(subject, [&found](const auto&) { found = true; });
+  return found;
 }
 
 // What is wrong with them by themselves has been said.
 bool FallbacksAreSound(const Subject& subject) {
-  const auto named = subject.All().WithName(subject.Get(Attribute::kDisplayName));
-  if (named.size() != 1) return false;
-  for (const RuleText& rule : subject.Rules()) {
-    for (const WideString* action : {&rule.thenAction, &rule.elseAction}) {
-      const auto narrowed = ChoicesOf(*action);
-      if (!narrowed || !narrowed->fallback) continue;
-      const WideString list = subject.All().Source().Symbols().TextOf(narrowed->choices);
-      if (!values::ChoiceFormat(list, values::KeyMode::kText).IndexOfKey(*narrowed->fallback)) return false;
-    }
-  }
-  return true;
+  bool sound = subject.All().WithName(subject.Get(Attribute::kDisplayName)).size() == 1;
+  ForEachFallback(subject, [&](const rules::ChoicesAction& narrowed) {
+    const WideString list = subject.All().Source().Symbols().TextOf(narrowed.choices);
+    sound = sound && values::ChoiceFormat(list, values::KeyMode::kText).IndexOfKey(narrowed.fallback).has_value();
+  });
+  return sound;
 }
 
 class Prover {
@@ -109,19 +114,18 @@ class Prover {
   void ProveLine(const Subject& subject) {
     MenuItem* item = ItemOf(subject);
     if (item == nullptr || std::none_of(subject.Rules().begin(), subject.Rules().end(), Runs)) return;
-    RuleCases cases(survey_, trial_);
-    cases.Add(*item, HasFallback(subject));
+    RuleCases cases(survey_, trial_, {item}, HasFallback(subject));
     if (!IsDecidable(subject, cases, "its rules")) return;
     std::vector<RuleOutcomes> outcomes(subject.Rules().size());
     bool everShown = false;
     WayBack wayBack(subject, cases);
     cases.ForEach([&] {
-      Run(*item, subject);
+      Run(*item);
       const DisplayState state = item->State();
       const bool isShown = state != DisplayState::kNotDisplayed && state != DisplayState::kBlank;
       everShown = everShown || isShown;
       wayBack.Note(isShown);
-      if (IsHidden(state)) canHide_[&subject] = true;
+      if (IsHidden(state) && !IsShownByWirelessRules(subject.Oid())) canHide_.insert(&subject);
       Note(outcomes);
       return true;
     });
@@ -133,7 +137,8 @@ class Prover {
       }
       return;
     }
-    if (isSlip) return;  // it is hidden because of what has been said
+    // It is hidden because of what has been said, or other rules can show it.
+    if (isSlip || IsShownByWirelessRules(subject.Oid())) return;
     const std::size_t count = cases.Count(kMostCases);
     Begin("line-never-shown");
     findings_.Add(subject, Attribute::kDependency,
@@ -151,7 +156,6 @@ class Prover {
     for (const Entry* child : children) {
       if (!canHide_.contains(&survey_.Of(*child))) return;
     }
-    RuleCases cases(survey_, trial_);
     std::vector<const Subject*> way;
     for (const Entry* entry = &subject.MenuEntry(); entry->parent != nullptr; entry = entry->parent) {
       way.push_back(&survey_.Of(*entry));
@@ -159,16 +163,18 @@ class Prover {
     std::vector<const Subject*> lines;
     lines.reserve(children.size());
     for (const Entry* child : children) lines.push_back(&survey_.Of(*child));
+    std::vector<MenuItem*> items;
     for (const auto& group : {way, lines}) {
       for (const Subject* line : group) {
-        if (MenuItem* item = ItemOf(*line)) cases.Add(*item, false);
+        if (MenuItem* item = ItemOf(*line)) items.push_back(item);
       }
     }
+    RuleCases cases(survey_, trial_, items, false);
     if (!IsDecidable(subject, cases, "all its lines can be hidden at once")) return;
     const auto shown = [&](const Subject* line) {
       MenuItem* item = ItemOf(*line);
       if (item == nullptr) return false;
-      Run(*item, *line);
+      Run(*item);
       return !IsHidden(item->State());
     };
     cases.ForEach([&] {
@@ -192,15 +198,16 @@ class Prover {
       if (HasFallback(line) && ItemOf(line) != nullptr && FallbacksAreSound(line)) lines.push_back(&line);
     }
     if (lines.empty()) return;
-    RuleCases cases(survey_, trial_);
-    for (const Subject* line : lines) cases.Add(*ItemOf(*line), true);
+    std::vector<MenuItem*> items;
+    for (const Subject* line : lines) items.push_back(ItemOf(*line));
+    RuleCases cases(survey_, trial_, items, true);
     if (!IsDecidable(*lines.front(), cases, "fallbacks of this page undo each other")) return;
     constexpr int kFills = 3;
     cases.ForEach([&] {
       const Subject* last = nullptr;
       for (int fill = 1; fill <= kFills; ++fill) {
         for (const Subject* line : lines) {
-          Run(*ItemOf(*line), *line);
+          Run(*ItemOf(*line));
           if (fill == kFills && record_.stored > 0) last = line;
         }
       }
@@ -233,10 +240,7 @@ class Prover {
   }
 
   // The line's rules on the present values; what they did is in record_.
-  void Run(MenuItem& item, const Subject& subject) {
-    if (item.Descriptor() != nullptr && subject.Has(Attribute::kChoiceFmt)) {
-      item.Descriptor()->ReplaceChoices(WideString(subject.Get(Attribute::kChoiceFmt)));
-    }
+  void Run(MenuItem& item) {
     record_.Clear();
     trial_.RunRules(item, record_);
   }
@@ -319,31 +323,15 @@ class Prover {
       findings_.Add(subject, NumberedName(Attribute::kDependency, rule.number), at,
                     Quoted(comparison.name) + (comparison.wantsEqual ? " EQ " : " NEQ ") + Quoted(comparison.wanted) +
                         (outcome.everTrue[k] ? " always" : " never") + " holds: " + variable->name + " is " +
-                        ValuesOf(*variable) + ".",
+                        variable->AllSaid() + ".",
                     "Compare with a value that the property can have, as the device writes it.");
     }
     return found;
   }
 
-  static std::string ValuesOf(const RuleVariable& variable) {
-    constexpr std::size_t kMost = 8;
-    std::string text;
-    for (std::size_t i = 0; i < variable.values.size() && i < kMost; ++i) {
-      const bool isLast = i + 1 == variable.values.size();
-      values::PropertyValue held = values::PropertyValue::OfText(variable.values[i]);
-      if (variable.property != nullptr && variable.field == 0) {
-        held.Clear();
-        variable.property->ParseValue(variable.values[i], held);
-      }
-      const bool isOther = variable.other == variable.values[i];
-      text += (i == 0 ? "" : isLast ? " or " : ", ") + (isOther ? "any other value" : variable.Said(held.AsText()));
-    }
-    return variable.values.size() > kMost ? text + ", ..." : text;
-  }
-
   static std::string ValuesOf(const RuleCases& cases) {
     std::string text;
-    for (const RuleVariable& variable : cases.Variables()) text += ": " + variable.name + " is " + ValuesOf(variable);
+    for (const RuleVariable& variable : cases.Variables()) text += ": " + variable.name + " is " + variable.AllSaid();
     return text;
   }
 
@@ -352,7 +340,7 @@ class Prover {
   Findings& findings_;
   CaseRecord record_;
   std::unordered_map<const config::ConfigKey*, MenuItem*> items_;
-  std::unordered_map<const Subject*, bool> canHide_;
+  std::unordered_set<const Subject*> canHide_;
 };
 
 }  // namespace

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "authoring/checks/check.h"
-#include "authoring/checks/followed_trial.h"
+#include "authoring/followed_trial.h"
 
 #include <functional>
 

@@ -1,7 +1,6 @@
 #include "authoring/checks/rule_text.h"
 
 #include "rules/rule_condition.h"
-#include "rules/rule_listener.h"
 #include "rules/rule_tokens.h"
 
 #include <algorithm>
@@ -18,7 +17,8 @@ class Recorder final : public rules::RuleListener {
  public:
   explicit Recorder(std::vector<RuleComparison>& comparisons) : comparisons_(comparisons) {}
   void OnComparison(const rules::Comparison& comparison) override {
-    comparisons_.push_back({WideString(comparison.name), WideString(comparison.wanted), comparison.wantsEqual});
+    comparisons_.push_back(
+        {WideString(comparison.name), WideString(comparison.wanted), comparison.wantsEqual, comparison.join});
   }
 
  private:
@@ -57,29 +57,18 @@ void ReadCondition(WideStringView rest, RuleText& rule) {
     return;
   }
   rule.form = RuleText::Form::kCondition;
-  rule.thenAction = rules::NextRuleToken(rest).text;
-  WideStringView behind = rest;
-  if (base::EqualsIgnoringCase(rules::NextRuleToken(behind).text, u"ELSE")) {
-    rule.elseAction = rules::NextRuleToken(behind).text;
-    rest = behind;
-  }
+  rules::RuleActions actions = rules::TakeActions(rest);
+  rule.thenAction = std::move(actions.then);
+  rule.elseAction = std::move(actions.otherwise);
   if (!base::Trim(rest).empty()) rule.rest = static_cast<std::size_t>(base::Trim(rest).data() - rule.text.data());
 }
 
 void ReadFlagRule(RuleText& rule) {
-  std::vector<WideStringView> fields;
-  WideStringView rest = rule.text;
-  for (std::size_t bar = rest.find(u'|'); bar != WideStringView::npos; bar = rest.find(u'|')) {
-    fields.push_back(rest.substr(0, bar));
-    rest.remove_prefix(bar + 1);
-  }
-  fields.push_back(rest);
-  rule.fields = fields.size();
-  fields.resize(std::max<std::size_t>(fields.size(), 4));
-  WideString wanted(base::EqualsIgnoringCase(fields[2], u"Empty") ? WideStringView() : fields[2]);
-  rule.comparisons.push_back({WideString(fields[0]), std::move(wanted), true});
-  rule.type = fields[1];
-  rule.flag = fields[3];
+  const rules::FlagRule parts = rules::ReadFlagRule(rule.text);
+  rule.fields = static_cast<std::size_t>(std::count(rule.text.begin(), rule.text.end(), u'|')) + 1;
+  rule.comparisons.push_back({WideString(parts.name), WideString(parts.wanted)});
+  rule.type = parts.type;
+  rule.flag = parts.flag;
 }
 
 }  // namespace
@@ -99,20 +88,6 @@ RuleText ReadRule(int number, WideStringView text) {
     rule.reason = "a rule is IF, in capitals, and a condition, or OID|type|value|flag";
   }
   return rule;
-}
-
-std::optional<NarrowedChoices> ChoicesOf(WideStringView action) {
-  constexpr WideStringView kPrefix = u"ChoiceFmt=";
-  if (!base::EqualsIgnoringCase(action.substr(0, kPrefix.size()), kPrefix)) return std::nullopt;
-  action.remove_prefix(kPrefix.size());
-  action.remove_prefix(std::min(action.find_first_not_of(u'"'), action.size()));
-  action = action.substr(0, action.find(u'"'));
-  const std::size_t colon = action.find(u':');
-  NarrowedChoices narrowed{WideString(action.substr(0, colon)), std::nullopt};
-  // Nothing behind the colon, and the value stays.
-  if (colon != WideStringView::npos && colon + 1 < action.size())
-    narrowed.fallback = WideString(action.substr(colon + 1));
-  return narrowed;
 }
 
 }  // namespace authoring

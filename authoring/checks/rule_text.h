@@ -2,9 +2,9 @@
 #pragma once
 
 #include "base/wide_string.h"
+#include "rules/rule_listener.h"
 
 #include <cstddef>
-#include <optional>
 #include <vector>
 
 namespace authoring {
@@ -13,6 +13,7 @@ struct RuleComparison {
   WideString name;    // as the rule has it
   WideString wanted;  // on the right
   bool wantsEqual = true;
+  rules::Comparison::Join join = rules::Comparison::Join::kFirst;  // with all before it
 };
 
 struct RuleText {
@@ -36,12 +37,5 @@ struct RuleText {
 };
 
 RuleText ReadRule(int number, WideStringView text);
-
-// "ChoiceFmt=" actions: the choices and the fallback.
-struct NarrowedChoices {
-  WideString choices;
-  std::optional<WideString> fallback;
-};
-std::optional<NarrowedChoices> ChoicesOf(WideStringView action);
 
 }  // namespace authoring

@@ -3,23 +3,20 @@
 
 #include "authoring/checks/rule_text.h"
 #include "base/utf8.h"
+#include "rules/rule_actions.h"
 #include "values/choice_format.h"
 
 #include <algorithm>
-#include <array>
 
 namespace authoring::checks {
 namespace {
 
-constexpr std::array<WideStringView, 6> kFlags = {u"Display",   u"NoDisplay", u"Blank",
-                                                  u"CheckMark", u"NoEdit",    u"Refresh"};
-constexpr std::array<WideStringView, 7> kActions = {u"Display",     u"NoDisplay", u"Blank",  u"CheckMark",
-                                                    u"UnCheckMark", u"NoEdit",    u"Refresh"};
-
-template <std::size_t count>
-bool IsOneOf(WideStringView text, const std::array<WideStringView, count>& names) {
-  return std::any_of(names.begin(), names.end(),
-                     [text](WideStringView name) { return base::EqualsIgnoringCase(text, name); });
+// The names of all rows of a table.
+template <typename Row>
+std::vector<WideStringView> NamesOf(std::span<const Row> rows) {
+  std::vector<WideStringView> names;
+  for (const Row& row : rows) names.push_back(row.name);
+  return names;
 }
 
 // The source of a command's defaults looks like a rule of three fields.
@@ -91,10 +88,10 @@ void RuleActionMissing(const Subject& subject, Findings& findings) {
 
 void ActionUnknown(const Subject& subject, Findings& findings) {
   ForEachAction(subject, [&](const RuleText& rule, const WideString& attribute, const WideString& action) {
-    if (IsOneOf(action, kActions) || ChoicesOf(action)) return;
+    if (rules::FindAction(action) != nullptr || rules::ReadChoicesAction(action)) return;
     findings.Add(subject, attribute, PlaceOf(rule, action),
                  "There is no action " + Quoted(action) + ": the rule does nothing when it asks for it.",
-                 MendByNearest(action, kActions, "Take a flag, UnCheckMark or ChoiceFmt=."));
+                 MendByNearest(action, NamesOf(rules::Actions()), "Take a flag, UnCheckMark or ChoiceFmt=."));
   });
 }
 
@@ -111,10 +108,11 @@ void RuleNotFourParts(const Subject& subject, Findings& findings) {
 
 void FlagUnknown(const Subject& subject, Findings& findings) {
   ForEachRule(subject, RuleText::Form::kFlag, [&](const RuleText& rule, const WideString& attribute) {
-    if (rule.fields != 4 || IsOneOf(rule.flag, kFlags)) return;
+    if (rule.fields != 4 || rules::FindFlag(rule.flag) != nullptr) return;
     findings.Add(subject, attribute, rule.text.rfind(u'|') + 1,
                  "There is no flag " + Quoted(rule.flag) + ": the rule does nothing.",
-                 MendByNearest(rule.flag, kFlags, "Take Display, NoDisplay, Blank, NoEdit, CheckMark or Refresh."));
+                 MendByNearest(rule.flag, NamesOf(rules::Flags()),
+                               "Take Display, NoDisplay, Blank, NoEdit, CheckMark or Refresh."));
   });
 }
 
@@ -185,8 +183,9 @@ void CheckMarkOverName(const Subject& subject, Findings& findings) {
   if (name.empty() || name.front() == u' ') return;
   for (const RuleText& rule : subject.Rules()) {
     for (const WideString* action : {&rule.flag, &rule.thenAction, &rule.elseAction}) {
+      const rules::ActionRow* known = rules::FindAction(*action);
       const bool isMark =
-          base::EqualsIgnoringCase(*action, u"CheckMark") || base::EqualsIgnoringCase(*action, u"UnCheckMark");
+          known != nullptr && (known->effect == rules::Effect::kMark || known->effect == rules::Effect::kUnmark);
       if (!isMark || rule.form == RuleText::Form::kMalformed) continue;
       findings.Add(subject, NumberedName(Attribute::kDependency, rule.number), PlaceOf(rule, *action),
                    "The check mark takes the place of the first character of " + Quoted(name) + ".",
@@ -200,10 +199,10 @@ void ChoiceOfRuleUnlisted(const Subject& subject, Findings& findings) {
   if (!subject.IsProperty() || !subject.HasChoiceList()) return;
   ForEachRule(subject, RuleText::Form::kCondition, [&](const RuleText& rule, const WideString& attribute) {
     for (const WideString* action : {&rule.thenAction, &rule.elseAction}) {
-      const auto narrowed = ChoicesOf(*action);
-      const auto otherwise = ChoicesOf(action == &rule.thenAction ? rule.elseAction : rule.thenAction);
+      const auto narrowed = rules::ReadChoicesAction(*action);
+      const auto otherwise = rules::ReadChoicesAction(action == &rule.thenAction ? rule.elseAction : rule.thenAction);
       // A fallback of the other branch replaces what is none of its choices.
-      if (!narrowed || (otherwise && otherwise->fallback)) continue;
+      if (!narrowed || (otherwise && !otherwise->fallback.empty())) continue;
       const WideString list = subject.All().Source().Symbols().TextOf(narrowed->choices);
       const values::ChoiceFormat choices(list, values::KeyMode::kText);
       for (const auto& choice : choices.Entries()) {
@@ -220,13 +219,13 @@ void ChoiceOfRuleUnlisted(const Subject& subject, Findings& findings) {
 
 void FallbackNotAChoice(const Subject& subject, Findings& findings) {
   ForEachAction(subject, [&](const RuleText& rule, const WideString& attribute, const WideString& action) {
-    const auto narrowed = ChoicesOf(action);
-    if (!narrowed || !narrowed->fallback) return;
+    const auto narrowed = rules::ReadChoicesAction(action);
+    if (!narrowed || narrowed->fallback.empty()) return;
     const WideString list = subject.All().Source().Symbols().TextOf(narrowed->choices);
     const values::ChoiceFormat choices(list, values::KeyMode::kText);
-    if (choices.IndexOfKey(*narrowed->fallback)) return;
+    if (choices.IndexOfKey(narrowed->fallback)) return;
     findings.Add(subject, attribute, PlaceOf(rule, action),
-                 "The fallback " + Quoted(*narrowed->fallback) +
+                 "The fallback " + Quoted(narrowed->fallback) +
                      " is none of the choices that it is to stand for: it is stored anew whenever the page is shown.",
                  "Write the key of one of the choices behind the colon.");
   });
@@ -234,8 +233,8 @@ void FallbackNotAChoice(const Subject& subject, Findings& findings) {
 
 void FallbackNameShared(const Subject& subject, Findings& findings) {
   ForEachAction(subject, [&](const RuleText& rule, const WideString& attribute, const WideString& action) {
-    const auto narrowed = ChoicesOf(action);
-    if (!narrowed || !narrowed->fallback) return;
+    const auto narrowed = rules::ReadChoicesAction(action);
+    if (!narrowed || narrowed->fallback.empty()) return;
     const auto named = subject.All().WithName(subject.Get(Attribute::kDisplayName));
     if (named.size() < 2) return;
     findings.Add(subject, attribute, PlaceOf(rule, action),
@@ -248,7 +247,7 @@ void FallbackNameShared(const Subject& subject, Findings& findings) {
 void ChoicesOfNoProperty(const Subject& subject, Findings& findings) {
   if (subject.IsProperty()) return;
   ForEachAction(subject, [&](const RuleText& rule, const WideString& attribute, const WideString& action) {
-    if (!ChoicesOf(action)) return;
+    if (!rules::ReadChoicesAction(action)) return;
     findings.Add(subject, attribute, PlaceOf(rule, action), "Only a property has choices to narrow: this does nothing.",
                  "Put the rule into the property.");
   });

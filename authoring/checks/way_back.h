@@ -2,7 +2,7 @@
 // the terminal brings it back.
 #pragma once
 
-#include "authoring/checks/rule_cases.h"
+#include "authoring/rule_cases.h"
 
 #include <string>
 #include <vector>

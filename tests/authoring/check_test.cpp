@@ -158,6 +158,28 @@ TEST(Proofs, AComparisonIsJudgedByTheValuesThatThePropertyCanHave) {
   }
 }
 
+TEST(Proofs, OneMoreValueThanAllRulesAskForIsAmongThoseThatMatter) {
+  const std::string rules =
+      "<Dependency>IF A EQ 1 THEN NoDisplay</Dependency><Dependency1>IF A EQ 2 THEN NoDisplay</Dependency1>";
+  const auto found = [&](const char* range) {
+    return Ids(Property("A", "<Type>Integer</Type><Range>" + std::string(range) + "</Range>") +
+               Property("B", "<Type>Bool</Type>" + rules));
+  };
+  EXPECT_EQ(Lines{}, found("1-3"));
+  EXPECT_EQ(Lines{"line-never-shown"}, found("1-2"));
+}
+
+TEST(Proofs, ALineThatTheWirelessRulesShowIsNotSaidToBeHidden) {
+  const std::string hidden = "<Dependency>Empty|Integer|Empty|NoDisplay</Dependency>";
+  const auto found = [&](const std::string& oid) {
+    const auto ids = Ids("<GROUP name=\"K\"><DisplayName>K</DisplayName><OID>" + oid +
+                         "</OID><Type>Integer</Type><ChoiceFmt>0#A|4#B</ChoiceFmt>" + hidden + "</GROUP>");
+    return std::count(ids.begin(), ids.end(), "line-never-shown");
+  };
+  EXPECT_EQ(1, found("1.2.3"));
+  EXPECT_EQ(0, found("1.2.840.10036.1.5.1.2.2"));
+}
+
 TEST(Proofs, WithMoreChoicesThanAreGoneThroughNothingIsDecidedAndNothingTakesLong) {
   std::string choices;
   for (int i = 0; i < 200'000; ++i) choices += (i == 0 ? "" : "|") + std::to_string(i) + "#c" + std::to_string(i);

@@ -84,16 +84,16 @@ TEST_F(ExplanationTest, FindsTheSmallestChangesForEachKindOfRule) {
       {"<Dependency>IF Mode EQ 0 THEN NoEdit</Dependency>", "unlock: Mode=1 or Mode=2"},
       {"<Dependency>IF Mode EQ 1 AND Level EQ 7 THEN Display ELSE NoDisplay</Dependency>", "show: Mode=1 and Level=7"},
       {"<Dependency>IF Mode EQ 1 OR Level EQ 7 THEN Display ELSE NoDisplay</Dependency>", "show: Mode=1 or Level=7"},
-      {"<Dependency>IF Level EQ 5 THEN NoDisplay</Dependency>", "show: Level=6"},
-      {"<Dependency>IF Name EQ Truck THEN NoDisplay</Dependency>", "show: Name=x"},
+      {"<Dependency>IF Level EQ 5 THEN NoDisplay</Dependency>", "show: Level=0"},
+      {"<Dependency>IF Name EQ Truck THEN NoDisplay</Dependency>", "show: Name=x or Name="},
       {"<Dependency>IF Level EQ 500 THEN Display ELSE NoDisplay</Dependency>", "show: impossible"},
       {"<Dependency>IF Mode EQ 3 THEN Display ELSE NoDisplay</Dependency>", "show: impossible"},
       {"<Dependency>Empty|Integer|Empty|NoDisplay</Dependency>", "show: impossible"},
       // the later rule overrides the earlier one
       {"<Dependency>1.1|Integer|0|NoDisplay</Dependency><Dependency1>IF Level EQ 5 THEN NoEdit ELSE Display"
        "</Dependency1>",
-       "unlock: Level=6"},
-      {"<Dependency>this|Integer|1|NoDisplay</Dependency>", "show: x=2"},
+       "unlock: Level=0"},
+      {"<Dependency>this|Integer|1|NoDisplay</Dependency>", "show: x=4"},
       {"<ChoiceFmt>1#Low|2#High</ChoiceFmt><Dependency>IF Mode EQ 0 THEN ChoiceFmt=\"1#Low\"</Dependency>",
        "choice High: Mode=1 or Mode=2"},
       {"<Dependency>IF Mode EQ 1 THEN NoDisplay</Dependency>", ""},
@@ -123,6 +123,26 @@ TEST_F(ExplanationTest, AMenuAboveCanBeWhatHidesALine) {
   EXPECT_EQ(u"menu", explanation.closedMenus[0].title);
   EXPECT_FALSE(explanation.keys);
   EXPECT_EQ("show: Mode=1", WaysOf(explanation));
+}
+
+TEST_F(ExplanationTest, AnOpenMenuThatTheChangeWouldCloseIsKeptOpen) {
+  Write(Group("menu", Tag("Dependency", "IF Mode EQ 1 AND Level NEQ 7 THEN NoDisplay") +
+                          Property("x", "1.9", "Integer", Tag("Dependency", "IF Mode NEQ 1 THEN NoDisplay"))));
+  const Explanation explanation = Explain(u"x");
+  EXPECT_TRUE(explanation.closedMenus.empty());
+  EXPECT_EQ("show: Mode=1 and Level=7", WaysOf(explanation));
+}
+
+TEST_F(ExplanationTest, WhatNobodyCanEnterIsLeftToTheDevice) {
+  const std::string needs7 = Property("x", "1.9", "Integer", Tag("Dependency", "IF Own NEQ 7 THEN NoDisplay"));
+  Write(Property("Own", "1.70", "Integer", Tag("ChoiceFmt", "1#One|2#Two")) + needs7, "1.70\tInteger\t1\n");
+  EXPECT_EQ("show: impossible", WaysOf(Explain(u"x")));
+  // The default may come again; but it is no choice.
+  Write(Property("Own", "1.70", "Integer", Tag("ChoiceFmt", "1#One|2#Two") + Tag("DefVal", "7")) + needs7,
+        "1.70\tInteger\t1\n");
+  const Explanation explanation = Explain(u"x");
+  ASSERT_EQ("show: Own=7", WaysOf(explanation));
+  EXPECT_FALSE(explanation.wishes[0].ways[0][0].keys);
 }
 
 TEST_F(ExplanationTest, AMenuListsItsHiddenLinesWithWhatHidesThem) {
@@ -203,7 +223,7 @@ TEST_F(ExplanationTest, ReadsAsSentences) {
       "    does not hold: hidden  <- this decides\n"
       "\n"
       "To show it:\n"
-      "  - set Mode (keys 1) to On (1), and set Level (keys 2) to \"6\"\n",
+      "  - set Mode (keys 1) to On (1), and set Level (keys 2) to \"0\"\n",
       text);
 }
 

@@ -55,6 +55,67 @@ TEST(Explorer, ReachesWhatEditsBringAboutAndProvesWhatCannotBe) {
   EXPECT_EQ(1u, exploration.reached[alerts]);
 }
 
+std::string Choice(const std::string& name, const std::string& oid, const std::string& rule) {
+  return Property(name, oid,
+                  "<Type>Integer</Type><ChoiceFmt>0#Off|1#On</ChoiceFmt><Dependency>" + rule + "</Dependency>");
+}
+
+std::string Menu(const std::string& rule, const std::string& lines) {
+  return "<GROUP name=\"Menu\"><DisplayName>Menu</DisplayName><Dependency>" + rule + "</Dependency>" + lines +
+         "</GROUP>\n";
+}
+
+TEST(Explorer, ProvesOnlyWhatNoValuesOfAllThatIsReadOnTheWayBringAbout) {
+  const std::string switches = Choice("A", "1.1", "Empty||x|NoEdit") + Choice("B", "1.2", "Empty||x|NoEdit");
+  const std::string other = Choice("Y", "1.4", "Empty||x|NoEdit");
+  const std::string needsA = Choice("X", "1.3", "IF A EQ 0 THEN NoDisplay");
+  const struct {
+    const char* what;
+    std::string menus;
+    bool impossible;
+  } cases[] = {
+      {"the other switch keeps the menu open", switches + Menu("IF A EQ 1 AND B EQ 0 THEN NoDisplay", needsA + other),
+       false},
+      {"what the line needs closes the menu", switches + Menu("IF A EQ 1 THEN NoDisplay", needsA + other), true},
+      {"but it can be set once one is inside",
+       Menu("IF A EQ 1 THEN NoDisplay", Choice("A", "1.1", "Empty||x|NoEdit") + needsA + other), false},
+  };
+  for (const auto& c : cases) {
+    tests::StorageFolder folder;
+    folder.WriteMenu(c.menus).Write("device.txt",
+                                    "1.1\tInteger\t0\n1.2\tInteger\t0\n1.3\tInteger\t0\n1.4\tInteger\t0\n");
+    const auto impossible = UnreachedIds(authoring::Explore(*folder.Load(), {}), true);
+    EXPECT_EQ(c.impossible, std::count(impossible.begin(), impossible.end(), "line Menu\\X") == 1) << c.what;
+    EXPECT_EQ(0, std::count(impossible.begin(), impossible.end(), "line Menu\\Y")) << c.what;
+  }
+}
+
+TEST(Explorer, SaysWhyItIsNotDecidedWhetherALineCanBe) {
+  std::string menus;
+  std::string condition;
+  for (int i = 0; i < 13; ++i) {
+    const std::string name = "S" + std::to_string(i);
+    menus += Property(name, "1.1" + std::to_string(i), "<Type>Integer</Type><ChoiceFmt>0#Off|1#On</ChoiceFmt>");
+    condition += (i == 0 ? "IF " : " AND ") + name + " EQ 0";
+  }
+  tests::StorageFolder folder;
+  std::string device = "1.9\tInteger\t0\n";
+  for (int i = 0; i < 13; ++i) device += "1.1" + std::to_string(i) + "\tInteger\t1\n";
+  folder.WriteMenu(
+      menus + Property("X", "1.9",
+                       "<Type>Integer</Type><Dependency>" + condition + " THEN Display ELSE NoDisplay</Dependency>"));
+  folder.Write("device.txt", device);
+  authoring::ExploreTerms terms;
+  terms.mostKeys = 2000;
+  const Exploration exploration = authoring::Explore(*folder.Load(), terms);
+  ASSERT_FALSE(exploration.usedUp);
+  const auto line = std::find_if(exploration.unreached.begin(), exploration.unreached.end(),
+                                 [](const auto& one) { return one.goal.Id() == "line X"; });
+  ASSERT_NE(exploration.unreached.end(), line);
+  EXPECT_FALSE(line->impossible);
+  EXPECT_EQ("no way was found; not decided: the rules read 13 values with more than 4096 cases", line->reason);
+}
+
 TEST(Explorer, ItsScriptsPlayAgainAndFindTheSame) {
   tests::StorageFolder folder;
   WriteSwitch(folder);
@@ -102,9 +163,9 @@ TEST(Explorer, ReachesAllOfTheDemonstrationThatIsNotImpossible) {
   const auto configuration = authoring::Configuration::Load(tests::kDemonstration).configuration;
   const Exploration exploration = authoring::Explore(*configuration, {});
   EXPECT_EQ(std::vector<std::string>{}, UnreachedIds(exploration, false));
-  // The lock is always on; the certificates' value is one of two choices, and so never empty.
+  // The lock is always on.
   EXPECT_EQ((std::vector<std::string>{"editor Security\\UsbLock", "rule Security\\UsbLock: Dependency: no",
-                                      "rule Tools\\Certificates: Dependency: yes", "save Security\\UsbLock"}),
+                                      "save Security\\UsbLock"}),
             UnreachedIds(exploration, true));
 }
 

@@ -203,6 +203,15 @@ TEST(RuleWords, SayWhatARuleDoes) {
        "When (Mode is On or x is \"5\") and x is not \"6\", the line is empty."},
       {"IF Mode EQ 1 THEN \"ChoiceFmt=1#Low|2#High:2\"", "When Mode is On, the choices are Low, High."},
       {"IF Mode XX 1 THEN NoEdit", ""},
+      // A group must stand first: this rule does nothing, and so it says nothing.
+      {"IF Mode EQ 1 AND (x EQ 5 OR x EQ 6) THEN NoEdit", ""},
+      // Parentheses that stand together open one group, and so there is none left to close.
+      {"IF ((Mode EQ 1) AND x EQ 5) OR x EQ 6 THEN NoEdit", ""},
+      {"IF (Mode EQ 1 AND x EQ 5) OR x EQ 6 THEN NoEdit",
+       "When (Mode is On and x is \"5\") or x is \"6\", it cannot be changed."},
+      {"IF Mode EQ 1 AND x EQ 5 AND x NEQ 6 THEN NoEdit",
+       "When Mode is On and x is \"5\" and x is not \"6\", it cannot be changed."},
+      {"Empty|Integer|5|Display", "Always: the line is not shown."},
       {"IF Mode EQ 1 THEN Sparkle", ""},
       {"nonsense", ""},
   };

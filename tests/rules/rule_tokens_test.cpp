@@ -61,4 +61,23 @@ TEST(RuleTokens, AnEmptyTextGivesAnEmptyToken) {
   EXPECT_EQ(u"", rest);
 }
 
+TEST(RuleTokens, ARuleThatIsNoConditionHasFourPartsWhateverIsWritten) {
+  const struct {
+    WideStringView text;
+    std::vector<WideStringView> parts;
+  } cases[] = {
+      {u"1.1|Integer|5|Display", {u"1.1", u"Integer", u"5", u"Display"}},
+      {u"1.1|Integer|empty|Display", {u"1.1", u"Integer", u"", u"Display"}},
+      {u"Empty||Empty|NoEdit", {u"Empty", u"", u"", u"NoEdit"}},
+      {u"1.1|Integer", {u"1.1", u"Integer", u"", u""}},
+      {u"a|b|c|d|e", {u"a", u"b", u"c", u"d"}},
+      {u"", {u"", u"", u"", u""}},
+  };
+  for (const auto& c : cases) {
+    const rules::FlagRule rule = rules::ReadFlagRule(c.text);
+    EXPECT_EQ(c.parts, (std::vector<WideStringView>{rule.name, rule.type, rule.wanted, rule.flag}))
+        << base::ToUtf8(c.text);
+  }
+}
+
 }  // namespace

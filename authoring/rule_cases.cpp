@@ -1,18 +1,12 @@
-#include "authoring/checks/rule_cases.h"
+#include "authoring/rule_cases.h"
 
-#include "authoring/checks/range_text.h"
 #include "base/number.h"
 #include "base/utf8.h"
-#include "model/set_triple.h"
-#include "values/attributes.h"
-#include "values/range.h"
 
 #include <algorithm>
 
 namespace authoring {
 namespace {
-
-using values::TypeCode;
 
 // What an item's rules read and compare it with.
 class Reading final : public rules::RuleListener {
@@ -34,15 +28,9 @@ class Reading final : public rules::RuleListener {
   }
 };
 
-// The wireless rules give these properties values and choices of their own.
-bool IsSetByWirelessRules(WideStringView oid) {
-  using namespace rules::wireless;
-  const WideStringView known[] = {kAuthentication, kEncryption, kKeyIndex, kMethod8021X, kKeySetting};
-  return std::find(std::begin(known), std::end(known), oid) != std::end(known);
-}
-
+// With more there are too many cases in any case, and to look through hundreds of thousands for each of them takes
+// hours.
 void AddUnique(std::vector<WideString>& texts, const WideString& text) {
-  // These are too many already, and to look through hundreds of thousands for each of them takes hours.
   if (texts.size() > kMostCases) return;
   if (std::find(texts.begin(), texts.end(), text) == texts.end()) texts.push_back(text);
 }
@@ -52,6 +40,22 @@ void AddUnique(std::vector<WideString>& texts, const WideString& text) {
 std::string RuleVariable::Said(const WideString& value) const {
   if (other && value == *other) return "any other value";
   return value.empty() ? "empty" : base::ToUtf8(value);
+}
+
+std::string RuleVariable::AllSaid() const {
+  constexpr std::size_t kMost = 8;
+  std::string text;
+  for (std::size_t i = 0; i < values.size() && i < kMost; ++i) {
+    const bool isLast = i + 1 == values.size();
+    ::values::PropertyValue held = ::values::PropertyValue::OfText(values[i]);
+    if (property != nullptr && field == 0) {
+      held.Clear();
+      property->ParseValue(values[i], held);
+    }
+    const bool isOther = other == values[i];
+    text += (i == 0 ? "" : isLast ? " or " : ", ") + (isOther ? "any other value" : Said(held.AsText()));
+  }
+  return values.size() > kMost ? text + ", ..." : text;
 }
 
 const RuleVariable* RuleCases::Find(WideStringView oid) const {
@@ -77,7 +81,20 @@ RuleVariable& RuleCases::Variable(WideStringView name, WideStringView oid, value
   return variable;
 }
 
-void RuleCases::Add(model::MenuItem& item, bool ownValue) {
+RuleCases::RuleCases(const Survey& survey, FollowedTrial& trial, const std::vector<model::MenuItem*>& items,
+                     bool ownValues)
+    : survey_(survey), trial_(trial) {
+  for (model::MenuItem* item : items) Read(*item, ownValues);
+  for (RuleVariable& variable : variables_) {
+    const auto* readBy = variable.field == 0 ? variable.property : nullptr;
+    MatteringValues matter = ValuesThatMatter(survey_, variable.oid, readBy, variable.wanted);
+    variable.values = std::move(matter.values);
+    variable.other = std::move(matter.other);
+  }
+  present_.assign(variables_.size(), 0);
+}
+
+void RuleCases::Read(model::MenuItem& item, bool ownValue) {
   Reading reading;
   trial_.RunRules(item, reading);
   if (ownValue && item.Descriptor() != nullptr) {
@@ -98,90 +115,9 @@ void RuleCases::Add(model::MenuItem& item, bool ownValue) {
       property = trial_.trial.Model().FindDescriptor(isField ? oid.substr(0, oid.find(u':')) : oid);
     }
     RuleVariable& variable = Variable(operand.name, operand.oid, property, isField);
-    std::vector<WideString> wanted;
-    if (operand.wanted) wanted.push_back(*operand.wanted);
-    AddValues(variable, wanted);
+    if (operand.wanted) AddUnique(variable.wanted, *operand.wanted);
+    tooMany_ = tooMany_ || variable.wanted.size() > kMostCases;
   }
-  present_.assign(variables_.size(), 0);
-}
-
-// As the property holds it, once.
-void RuleCases::AddValue(RuleVariable& variable, const WideString& value) const {
-  if (variable.property == nullptr || variable.field != 0) return AddUnique(variable.values, value);
-  values::PropertyValue parsed;
-  variable.property->ParseValue(value, parsed);
-  // What the type holds nothing of counts as the text that the device gave.
-  AddUnique(variable.values, parsed.AsText().empty() ? WideString() : value);
-}
-
-void RuleCases::AddValues(RuleVariable& variable, const std::vector<WideString>& wanted) const {
-  const auto subjects = survey_.WithOid(variable.oid);
-  if (!subjects.empty() && AddKnownValues(variable, *subjects.back(), wanted)) return;
-  for (const WideString& value : wanted) AddValue(variable, value);
-  AddUnique(variable.values, WideString());
-  if (variable.other) return;
-  WideString other = u"4711";  // begins with a digit, so that every type holds it
-  if (variable.property != nullptr && values::TypeCodeOf(variable.property->GetType()) == TypeCode::kIpAddress) {
-    other = u"10.11.12.13";
-  }
-  while (std::find(wanted.begin(), wanted.end(), other) != wanted.end()) other += u"7";
-  variable.other = other;
-  AddValue(variable, other);
-}
-
-// Of a property whose values are known; false for all others.
-bool RuleCases::AddKnownValues(RuleVariable& variable, const Subject& subject,
-                               const std::vector<WideString>& wanted) const {
-  if (IsSetByWirelessRules(variable.oid)) return false;
-  const auto type = subject.Type();
-  const WideStringView range = subject.Resolved(Attribute::kRange);
-  const bool hasChoices = subject.Has(Attribute::kChoiceFmt) && subject.ChoiceText() != values::kUnresolved;
-  const bool isFlag = type == TypeCode::kBool;
-  const bool isSpan = type == TypeCode::kInteger && !range.empty() && range != values::kUnresolved;
-  if (!hasChoices && !isFlag && !isSpan) return false;
-
-  if (hasChoices) {
-    for (const auto& choice : subject.Choices().Entries()) AddValue(variable, choice.key);
-    for (const RuleText& rule : subject.Rules()) {
-      for (const WideString* action : {&rule.thenAction, &rule.elseAction}) {
-        const auto narrowed = ChoicesOf(*action);
-        if (!narrowed) continue;
-        const WideString list = survey_.Source().Symbols().TextOf(narrowed->choices);
-        const values::ChoiceFormat choices(list, values::KeyMode::kText);
-        for (const auto& choice : choices.Entries()) AddValue(variable, choice.key);
-        if (narrowed->fallback) AddValue(variable, *narrowed->fallback);
-      }
-    }
-  } else if (isFlag) {
-    AddValue(variable, u"0");
-    AddValue(variable, u"1");
-  } else {
-    for (const WideString& value : wanted) {
-      const auto number = base::FindLong(value);
-      if (number && values::InRange(*number, range)) AddValue(variable, value);
-    }
-    for (const RangePart& part : PartsOfRange(range)) {
-      for (std::int64_t n = part.low; n <= part.high && n < std::int64_t{part.low} + 3; ++n) {
-        const WideString text = base::ToText(n);
-        const bool isWanted = std::find(wanted.begin(), wanted.end(), text) != wanted.end();
-        if (isWanted || variable.other) continue;
-        variable.other = text;
-        AddValue(variable, text);
-      }
-    }
-  }
-  // What is there already, and what is set by others, can be there whatever the choices.
-  if (subject.Has(Attribute::kDefVal)) AddValue(variable, WideString(subject.Get(Attribute::kDefVal)));
-  if (const WideString* held = Survey::TextOf(subject.OnDevice()); held != nullptr && !subject.IsField()) {
-    AddValue(variable, *held);
-  }
-  for (const model::SetTriple& triple : survey_.Triples()) {
-    if (triple.oid == variable.oid) AddValue(variable, triple.value);
-  }
-  const bool canBeEmpty = subject.Get(Attribute::kOid).starts_with(u'_') ||
-                          std::find(wanted.begin(), wanted.end(), WideString()) != wanted.end();
-  if (canBeEmpty) AddUnique(variable.values, WideString());
-  return true;
 }
 
 std::size_t RuleCases::Count(std::size_t most) const {

@@ -1,17 +1,19 @@
 // The values on which rules depend, and all cases of them.
 #pragma once
 
-#include "authoring/checks/followed_trial.h"
 #include "authoring/checks/survey.h"
+#include "authoring/followed_trial.h"
+#include "authoring/values_that_matter.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace authoring {
 
 // How many cases one line, or one menu, is gone through; beyond that nothing is decided.
-inline constexpr std::size_t kMostCases = 4096;
+inline constexpr std::size_t kMostCases = kMostMatteringValues;
 
 // Something that rules read, and the values of it that matter.
 struct RuleVariable {
@@ -19,20 +21,22 @@ struct RuleVariable {
   std::string name;                                // for people
   values::PropertyDescriptor* property = nullptr;  // of a field without an entry: its command
   std::int32_t field = 0;                          // of such a field: its number
-  std::vector<WideString> values;
-  std::optional<WideString> other;  // the one of the values that stands for all others
-  WideString record;                // of a command, as it was
+  WideString record = {};                          // of a command, as it was
+  std::vector<WideString> wanted = {};             // what rules compare it with
+  std::vector<WideString> values = {};
+  std::optional<WideString> other = {};  // the one of the values that stands for all others
 
+  // In words: "5", "empty", "any other value".
   std::string Said(const WideString& value) const;
+  // All of them, as the property holds them: "0, 1 or any other value".
+  std::string AllSaid() const;
 };
 
 // All variables that the rules of some items read.
 class RuleCases {
  public:
-  RuleCases(const Survey& survey, FollowedTrial& trial) : survey_(survey), trial_(trial) {}
-
-  // Adds what the item's rules read; the item's own value too when `ownValue` is on.
-  void Add(model::MenuItem& item, bool ownValue);
+  // With `ownValues` those of the items themselves count too.
+  RuleCases(const Survey& survey, FollowedTrial& trial, const std::vector<model::MenuItem*>& items, bool ownValues);
 
   const std::vector<RuleVariable>& Variables() const { return variables_; }
   // The variable that a rule's operand stands for; null for what has no value at all.
@@ -40,7 +44,7 @@ class RuleCases {
   // How many cases there are; more than `most` is `most` + 1.
   std::size_t Count(std::size_t most) const;
 
-  // Gives all variables the values of each case in turn, until visit() answers false.
+  // Gives all variables the values of each case in turn, until visit() answers false. The trial's own values are lost.
   void ForEach(const std::function<bool()>& visit);
   // The number of the variable's value in the present case.
   std::size_t Present(std::size_t variable) const { return present_[variable]; }
@@ -48,14 +52,8 @@ class RuleCases {
   std::string Said() const;
 
  private:
-  struct Wanted {
-    WideString oid;
-    WideString value;
-  };
+  void Read(model::MenuItem& item, bool ownValue);
   RuleVariable& Variable(WideStringView name, WideStringView oid, values::PropertyDescriptor* property, bool isField);
-  void AddValue(RuleVariable& variable, const WideString& value) const;
-  void AddValues(RuleVariable& variable, const std::vector<WideString>& wanted) const;
-  bool AddKnownValues(RuleVariable& variable, const Subject& subject, const std::vector<WideString>& wanted) const;
   void Put(const RuleVariable& variable, const WideString& value);
 
   const Survey& survey_;
