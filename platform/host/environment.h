@@ -28,8 +28,8 @@ class Observer {
   virtual void WarmReset() = 0;
 };
 
-// Uses of the terminal's disk and of other programs, each of which can fail.
-enum class Use { kOpenFile, kReadFile, kCreateFile, kWriteFile, kReplaceFile, kStartProgram };
+// Uses of the terminal's disk, of other programs and of its windows, each of which can fail.
+enum class Use { kOpenFile, kReadFile, kCreateFile, kWriteFile, kReplaceFile, kStartProgram, kMakeWindow };
 
 struct Environment {
   std::filesystem::path root;                    // the terminal's storage; empty: no file exists

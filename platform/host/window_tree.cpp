@@ -165,7 +165,7 @@ using namespace host;
 
 WindowHandle MakeWindow(const WindowSpec& spec) {
   const auto found = FindClass(spec.className);
-  if (!found) return nullptr;
+  if (!found || IsRefused(Use::kMakeWindow)) return nullptr;
   if ((spec.style & style::kChild) != 0 && !Find(spec.parent)) return nullptr;
   const auto record = AddRecord(found->kind, spec);
   const WindowHandle window = record->handle;

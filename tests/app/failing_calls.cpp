@@ -19,6 +19,7 @@ const char* NameOf(platform::host::Use use) {
     case Use::kWriteFile: return "write";
     case Use::kReplaceFile: return "replace";
     case Use::kStartProgram: return "start";
+    case Use::kMakeWindow: return "window";
   }
   return "";
 }
@@ -86,6 +87,7 @@ void FailingCalls::Install(platform::host::Environment& environment) {
                                                                            : look(server, table, key);
   };
   environment.refuses = [this](platform::host::Use use) {
+    if (use == platform::host::Use::kMakeWindow && !windowsToo) return false;
     return Fails(NameOf(use) + (" " + std::to_string(++uses_[use])));
   };
 }

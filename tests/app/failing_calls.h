@@ -21,11 +21,13 @@ class FailingCalls {
   explicit FailingCalls(Decide decide, Failure failure = Failure::kCode)
       : decide_(std::move(decide)), failure_(failure) {}
 
+  bool windowsToo = false;  // else the making of a window is not counted and never fails
+
   // From here on the calls of the program that runs in this environment are counted.
   void Install(platform::host::Environment& environment);
 
   // "connect", "get OID", "set OID VALUE", "table NAME KEY", and with a number from 1 on "open", "read", "create",
-  // "write", "replace" and "start".
+  // "write", "replace", "start" and "window".
   const std::vector<std::string>& Calls() const { return calls_; }
   // What the Sets that succeeded have left, by OID.
   const std::map<std::string, std::string>& Stored() const { return stored_; }

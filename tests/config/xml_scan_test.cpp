@@ -229,6 +229,19 @@ TEST(BracketReader, GivesEveryBracketOfAnyBytes) {
   }
 }
 
+TEST(TextBlocks, WidenBlocksOfAsciiUpToOneWithAnotherByte) {
+  for (const TextBlocks* const blocks : UsableTextBlocks()) {
+    for (const char other : {'\x80', '\xC3', '\xFF'}) {
+      std::string bytes(3 * kTextBlock, 'a');
+      std::fill_n(bytes.begin() + 2 * kTextBlock, kTextBlock, other);
+      std::vector<char16_t> units(bytes.size());
+      std::vector<std::uint32_t> places(bytes.size() + TextBlocks::kPlacesOver);
+      EXPECT_EQ(2u, blocks->widen(bytes.data(), 3, units.data(), 0, places.data()).count) << blocks->name;
+      EXPECT_EQ(WideString(2 * kTextBlock, u'a'), WideString(units.data(), 2 * kTextBlock)) << blocks->name;
+    }
+  }
+}
+
 TEST(TextBlocks, ThePlainOnesAreAmongThoseThatAreUsable) {
   ASSERT_FALSE(UsableTextBlocks().empty());
   EXPECT_STREQ("plain", UsableTextBlocks().back()->name);

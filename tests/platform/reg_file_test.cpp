@@ -60,9 +60,16 @@ TEST(RegFile, EveryKindOfValueIsRead) {
 }
 
 TEST(RegFile, OlderFilesHoldTheirTextsInBytes) {
-  const auto file = ReadRegFile("REGEDIT4\n[HKEY_LOCAL_MACHINE\\K]\n\"List\"=hex(7):61,00,c3,a9,00,00\n");
+  const auto file = ReadRegFile(
+      "REGEDIT4\n[HKEY_LOCAL_MACHINE\\K]\n\"List\"=hex(7):61,00,c3,a9,00,00\n\"Text\"=hex(1):61,00\n"
+      "\"Path\"=hex(2):25,00\n\"Raw\"=hex:61,c3,a9\n\"Big\"=hex(b):61,00\n");
   ASSERT_TRUE(file.tree) << file.problem;
-  EXPECT_EQ(std::string("a\0\0\0\xE9\0\0\0\0\0", 10), Key(file, u"K")->values.at(u"List").data);
+  const auto& values = Key(file, u"K")->values;
+  EXPECT_EQ(std::string("a\0\0\0\xE9\0\0\0\0\0", 10), values.at(u"List").data);
+  EXPECT_EQ(std::string("a\0\0\0", 4), values.at(u"Text").data);
+  EXPECT_EQ(std::string("%\0\0\0", 4), values.at(u"Path").data);
+  EXPECT_EQ("a\xC3\xA9", values.at(u"Raw").data);
+  EXPECT_EQ(std::string("a\0", 2), values.at(u"Big").data);
 }
 
 TEST(RegFile, Utf16WithAMarkAndUtf8ReadAlike) {
