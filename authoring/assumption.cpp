@@ -84,26 +84,6 @@ void Assumption::PutField(WideStringView commandOid, int number, const SettingCh
   trial_.Device().Put(deviceOid, record);
 }
 
-ItemPlace PlaceOf(const model::MenuItem& item) {
-  ItemPlace place;
-  for (const model::MenuItem* at = &item; at->Parent() != nullptr; at = at->Parent()) {
-    const auto& siblings = at->Parent()->Children();
-    const auto here = std::find_if(siblings.begin(), siblings.end(), [at](const auto& i) { return i.get() == at; });
-    place.push_back(static_cast<std::size_t>(here - siblings.begin()));
-  }
-  std::reverse(place.begin(), place.end());
-  return place;
-}
-
-model::MenuItem* ItemAtPlace(model::MenuModel& model, const ItemPlace& place) {
-  model::MenuItem* item = &model.Root();
-  for (const std::size_t index : place) {
-    if (index >= item->Children().size()) return nullptr;
-    item = item->Children()[index].get();
-  }
-  return item;
-}
-
 bool HasEditor(const model::MenuItem& item) {
   const PropertyDescriptor* property = item.Descriptor();
   if (property == nullptr || property->IsReadOnly() || !item.IsLeaf()) return false;

@@ -1,7 +1,7 @@
 // Other values than the device holds, to see what the utility would do then.
 #pragma once
 
-#include "authoring/trial.h"
+#include "authoring/items.h"
 
 #include <functional>
 #include <span>
@@ -37,12 +37,6 @@ class Assumption {
   Trial& trial_;
   const MemoryDevice device_;
 };
-
-// Where an item stands in the tree of items: the same place in every model of one configuration.
-using ItemPlace = std::vector<std::size_t>;
-ItemPlace PlaceOf(const model::MenuItem& item);
-// Null when the model has no such place.
-model::MenuItem* ItemAtPlace(model::MenuModel& model, const ItemPlace& place);
 
 // Enter opens an editor, unless the line is locked.
 bool HasEditor(const model::MenuItem& item);

@@ -42,6 +42,7 @@ class Comparer {
 
   std::vector<Change> Run() {
     Match();
+    NoteOrder();
     for (const Entry& entry : new_.entries.All()) {
       if (entry.first != nullptr) continue;
       const auto found = oldOf_.find(&entry);
@@ -122,46 +123,66 @@ class Comparer {
     if (!sameMenu) {
       Add(after, "moved",
           "has moved from " + Quoted(old_.Title(*before.parent)) + " to " + Quoted(new_.Title(*after.parent)));
-    } else if (const Entry* former = Passed(before, after)) {
-      Add(after, "reordered", "stands before " + Quoted(old_.Title(*former)) + " now");
+    } else if (const auto former = passed_.find(&after); former != passed_.end()) {
+      Add(after, "reordered", "stands before " + Quoted(old_.Title(*former->second)) + " now");
     }
   }
 
-  // The first sibling that stood before the entry and stands behind it now; null: none.
-  const Entry* Passed(const Entry& before, const Entry& after) const {
-    const auto& siblings = after.parent->children;
-    const auto here = std::find(siblings.begin(), siblings.end(), &after);
-    const auto& former = before.parent->children;
-    const auto there = std::find(former.begin(), former.end(), &before);
-    for (auto sibling = here == siblings.end() ? here : here + 1; sibling != siblings.end(); ++sibling) {
-      const auto old = oldOf_.find(*sibling);
-      if (old != oldOf_.end() && std::find(former.begin(), there, old->second) != there) return old->second;
+  // Of each entry the first one behind it in its menu that stood before it.
+  void NoteOrder() {
+    std::unordered_map<const Entry*, std::size_t> oldPlaces;
+    for (const Entry& menu : old_.entries.All()) {
+      for (std::size_t i = 0; i < menu.children.size(); ++i) oldPlaces[menu.children[i]] = i;
     }
-    return nullptr;
+    for (const Entry& menu : new_.entries.All()) {
+      const auto oldMenu = oldOf_.find(&menu);
+      if (oldMenu == oldOf_.end()) continue;
+      // From the end on, those that stood further up than all between them and the present one, the nearest last: so
+      // none is looked at twice, however long the menu.
+      std::vector<std::pair<std::size_t, const Entry*>> behind;
+      for (auto child = menu.children.rbegin(); child != menu.children.rend(); ++child) {
+        const auto old = oldOf_.find(*child);
+        if (old == oldOf_.end() || old->second->parent != oldMenu->second) continue;
+        const std::size_t place = oldPlaces.at(old->second);
+        while (!behind.empty() && behind.back().first > place) behind.pop_back();
+        if (!behind.empty()) passed_.emplace(*child, behind.back().second);
+        behind.emplace_back(place, old->second);
+      }
+    }
   }
 
-  static values::ChoiceFormat ChoicesOf(const Side& side, const Entry& entry) {
-    return {side.configuration.Symbols().TextOf(entry.Value(TextId::kChoiceFmt)), values::KeyMode::kText};
+  // The texts of the choices by their keys; of two with one key the first is what a line shows.
+  using Choices = std::vector<std::pair<WideString, WideString>>;
+  static Choices ChoicesOf(const Side& side, const Entry& entry) {
+    const values::ChoiceFormat format(side.configuration.Symbols().TextOf(entry.Value(TextId::kChoiceFmt)),
+                                      values::KeyMode::kText);
+    Choices choices;
+    for (const auto& choice : format.Entries()) choices.emplace_back(choice.key, choice.text);
+    return choices;
+  }
+  static std::unordered_map<WideStringView, WideStringView> ByKey(const Choices& choices) {
+    return {choices.begin(), choices.end()};
   }
 
   void CompareChoices(const Entry& before, const Entry& after) {
-    const values::ChoiceFormat olds = ChoicesOf(old_, before);
-    const values::ChoiceFormat news = ChoicesOf(new_, after);
-    for (const auto& choice : news.Entries()) {
-      const auto text = olds.GetText(choice.key);
-      if (!text) {
-        Add(after, "choice-added", "has the choice " + Quoted(choice.text) + " (" + base::ToUtf8(choice.key) + ") now");
-      } else if (*text != choice.text) {
+    const Choices olds = ChoicesOf(old_, before);
+    const Choices news = ChoicesOf(new_, after);
+    const auto oldByKey = ByKey(olds);
+    const auto newByKey = ByKey(news);
+    const auto named = [](const WideString& key, const WideString& text) {
+      return Quoted(text) + " (" + base::ToUtf8(key) + ")";
+    };
+    for (const auto& [key, text] : news) {
+      const auto old = oldByKey.find(key);
+      if (old == oldByKey.end()) {
+        Add(after, "choice-added", "has the choice " + named(key, text) + " now");
+      } else if (old->second != text) {
         Add(after, "choice-renamed",
-            "calls the choice " + base::ToUtf8(choice.key) + " " + Quoted(choice.text) + " instead of " +
-                Quoted(*text));
+            "calls the choice " + base::ToUtf8(key) + " " + Quoted(text) + " instead of " + Quoted(old->second));
       }
     }
-    for (const auto& choice : olds.Entries()) {
-      if (!news.GetText(choice.key)) {
-        Add(after, "choice-removed",
-            "has the choice " + Quoted(choice.text) + " (" + base::ToUtf8(choice.key) + ") no more");
-      }
+    for (const auto& [key, text] : olds) {
+      if (!newByKey.contains(key)) Add(after, "choice-removed", "has the choice " + named(key, text) + " no more");
     }
   }
 
@@ -192,6 +213,7 @@ class Comparer {
   Side new_;
   std::unordered_map<const Entry*, const Entry*> oldOf_;
   std::unordered_set<const Entry*> matched_;
+  std::unordered_map<const Entry*, const Entry*> passed_;  // new entries, and the old ones that they stand before now
   std::vector<Change> changes_;
 };
 

@@ -75,12 +75,12 @@ Configuration::Loaded Configuration::Load(const fs::path& path, WideStringView c
   const Argument argument = Take(path, commandLine);
   std::unique_ptr<Configuration> configuration(new Configuration);  // NOLINT: the constructor is private
   std::string problem = ReadTerminal(argument.root, argument.registryFile, configuration->terminal_);
-  if (problem.empty()) problem = configuration->LoadSource(argument.commandLine);
+  if (problem.empty()) problem = configuration->LoadSource(argument.commandLine, path);
   if (!problem.empty()) return {nullptr, std::move(problem)};
   return {std::move(configuration), {}};
 }
 
-std::string Configuration::LoadSource(const WideString& commandLine) {
+std::string Configuration::LoadSource(const WideString& commandLine, const fs::path& given) {
   const InTerminal environment(*this);
   commandLine_ = commandLine;
   config::SelectedSource selected = config::SelectSource(commandLine);
@@ -93,7 +93,7 @@ std::string Configuration::LoadSource(const WideString& commandLine) {
   const bool isOtherSource = !selected.source || !selected.source->document;
   if (!broken_.empty() && isOtherSource) return {};
   if (!selected.source) {
-    std::string problem = terminal_.root.string() + ": there is no configuration";
+    std::string problem = given.string() + ": there is no configuration";
     for (const config::SourceRefusal& refusal : selected.refusals) problem += "; " + base::ToUtf8(refusal.Line());
     return problem;
   }

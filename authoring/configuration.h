@@ -71,7 +71,7 @@ class Configuration {
  private:
   Configuration() = default;
 
-  std::string LoadSource(const WideString& commandLine);
+  std::string LoadSource(const WideString& commandLine, const std::filesystem::path& given);
   std::uint32_t ValueElement(const config::ConfigKey& key, WideStringView valueName) const;
 
   TerminalCopy terminal_;

@@ -1,7 +1,7 @@
 #include "authoring/entry_lookup.h"
 
+#include "authoring/items.h"
 #include "authoring/nearest_name.h"
-#include "model/entry_kind.h"
 
 #include <algorithm>
 #include <functional>
@@ -10,14 +10,6 @@ namespace authoring {
 namespace {
 
 using model::MenuItem;
-
-std::vector<MenuItem*> ItemsOf(model::MenuModel& model) {
-  std::vector<MenuItem*> items{&model.Root()};
-  for (std::size_t i = 0; i < items.size(); ++i) {
-    for (const auto& child : items[i]->Children()) items.push_back(child.get());
-  }
-  return items;
-}
 
 std::vector<MenuItem*> Matching(const std::vector<MenuItem*>& items, const std::function<bool(MenuItem&)>& matches) {
   std::vector<MenuItem*> found;
@@ -30,19 +22,6 @@ bool AreKeys(WideStringView text) {
 }
 
 }  // namespace
-
-WideString PathOf(const MenuItem& item) {
-  WideString path;
-  for (const MenuItem* at = &item; at->Parent() != nullptr; at = at->Parent()) {
-    path = path.empty() ? WideString(at->Name()) : WideString(at->Name()) + u"\\" + path;
-  }
-  return path;
-}
-
-WideStringView OidOf(const Trial& trial, const MenuItem& item) {
-  const config::ConfigKey* key = trial.Model().FindKey(item.Path());
-  return key == nullptr ? WideStringView() : model::OidOf(*key);
-}
 
 std::vector<MenuItem*> FindEntries(Trial& trial, WideStringView text) {
   if (AreKeys(text)) {

@@ -19,9 +19,4 @@ struct EntrySuggestions {
 };
 EntrySuggestions SuggestEntries(Trial& trial, WideStringView text);
 
-// The path below the root, "Network\Addresses"; empty for the root.
-WideString PathOf(const model::MenuItem& item);
-// OID or command OID; empty: no property.
-WideStringView OidOf(const Trial& trial, const model::MenuItem& item);
-
 }  // namespace authoring

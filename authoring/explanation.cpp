@@ -1,6 +1,6 @@
 #include "authoring/explanation.h"
 
-#include "authoring/entry_lookup.h"
+#include "authoring/items.h"
 #include "authoring/remarks.h"
 #include "authoring/verdict.h"
 #include "authoring/wishes.h"

@@ -1,5 +1,6 @@
 #include "authoring/explanation_text.h"
 
+#include "authoring/items.h"
 #include "base/format.h"
 #include "rules/rule_actions.h"
 
@@ -11,16 +12,6 @@ using rules::OperandOrigin;
 using Style = TextLine::Style;
 
 WideString Quoted(const WideString& text) { return u"\"" + text + u"\""; }
-
-// "2-3-1"
-WideString KeysText(const WideString& keys) {
-  WideString text;
-  for (const char16_t key : keys) {
-    if (!text.empty()) text.push_back(u'-');
-    text.push_back(key);
-  }
-  return text;
-}
 
 WideString OriginOf(const SeenOperand& operand) {
   switch (operand.origin) {
@@ -86,7 +77,7 @@ class Writer {
     if (!it_.keys) {
       Add(u"  keys   none: it cannot be reached now");
     } else if (!it_.keys->empty()) {
-      Add(u"  keys   " + KeysText(*it_.keys));
+      Add(u"  keys   " + KeysInWords(*it_.keys));
     }
     WideString now = u"  now    " + WideString(WordFor(it_.line.state)) + DecidedText(it_.line);
     if (it_.line.rules.empty() && it_.line.wireless.empty()) now += u"; it has no rules";
@@ -201,7 +192,7 @@ WideString Heading(const Wish& wish) {
 WideString Sentence(const Step& step) {
   WideString text = step.keys ? u"set " : u"let the device give ";
   text += step.name.empty() ? step.change.oid : step.name;
-  if (step.keys) text += u" (keys " + KeysText(*step.keys) + u")";
+  if (step.keys) text += u" (keys " + KeysInWords(*step.keys) + u")";
   text += step.keys ? u" to " : u" the value ";
   if (step.text.empty() || step.text == step.change.value) return text + Quoted(step.change.value);
   return text + step.text + u" (" + step.change.value + u")";

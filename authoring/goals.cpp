@@ -1,8 +1,9 @@
 #include "authoring/goals.h"
 
+#include "authoring/checks/attributes.h"
 #include "authoring/checks/rule_text.h"
 #include "authoring/entries.h"
-#include "authoring/entry_lookup.h"
+#include "authoring/items.h"
 #include "base/utf8.h"
 #include "model/entry_kind.h"
 #include "rules/rule_actions.h"
@@ -36,15 +37,15 @@ const char* NameOf(GoalKind kind) {
 
 std::string Goal::Id() const { return std::string(NameOf(kind)) + " " + path + (what.empty() ? "" : ": " + what); }
 
+std::string OutcomeName(int rule, bool holds) {
+  return base::ToUtf8(NumberedName(Attribute::kDependency, rule)) + (holds ? ": yes" : ": no");
+}
+
 std::string PathText(const model::MenuItem& item) { return base::ToUtf8(PathOf(item)); }
 
 Goals::Goals(Trial& trial) {
   AddWirelessAlerts(trial.Model());
-  std::vector<const model::MenuItem*> items{&trial.Model().Root()};
-  for (std::size_t i = 0; i < items.size(); ++i) {
-    AddItem(trial, *items[i]);
-    for (const auto& child : items[i]->Children()) items.push_back(child.get());
-  }
+  for (const model::MenuItem* item : ItemsOf(trial.Model())) AddItem(trial, *item);
 }
 
 // What the wireless rules say when they correct a setting that the configuration has. The goal's place is that of the
@@ -98,13 +99,11 @@ void Goals::AddItem(Trial& trial, const model::MenuItem& item) {
     for (const WideString& list : ChoiceListsOf(*key)) addChoices({trial.Symbols().TextOf(list), choices.Mode()});
   }
   if (item.Parent() == nullptr) return;  // the main menu is on no page
-  int number = 0;
-  for (std::size_t rules = RulesOf(*key).size(); rules > 0; --rules) {
-    const std::string name = "Dependency" + (number == 0 ? "" : std::to_string(number));
-    goal.rule = number++;
+  const auto rules = static_cast<int>(RulesOf(*key).size());
+  for (goal.rule = 0; goal.rule < rules; ++goal.rule) {
     for (const bool outcome : {true, false}) {
       goal.outcome = outcome;
-      add(GoalKind::kRule, name + (outcome ? ": yes" : ": no"));
+      add(GoalKind::kRule, OutcomeName(goal.rule, outcome));
     }
   }
 }

@@ -28,6 +28,9 @@ struct Goal {
   std::string Id() const;  // "choice Network\Speed: High"
 };
 
+// "Dependency1: no"
+std::string OutcomeName(int rule, bool holds);
+
 class Goals {
  public:
   // All that the configuration itself promises. The choices that rules can bring are among them.

@@ -110,8 +110,7 @@ void Player::Note() {
     goal.path = outcome.path;
     goal.rule = outcome.rule;
     goal.outcome = outcome.holds;
-    goal.what =
-        "Dependency" + (outcome.rule == 0 ? "" : std::to_string(outcome.rule)) + (outcome.holds ? ": yes" : ": no");
+    goal.what = OutcomeName(outcome.rule, outcome.holds);
     Found(goal);
   }
   const app::CKelConfigApp* app = session_.App();
@@ -219,10 +218,14 @@ bool Player::TurnToPageOf(const model::MenuItem& item) {
 bool Player::Activate(const ItemPlace& place) {
   if (place.empty() || !GoTo({place.begin(), place.end() - 1})) return false;
   const model::MenuItem* item = ItemAt(place);
-  if (item == nullptr || item->State() == model::DisplayState::kBlank || !TurnToPageOf(*item)) return false;
+  return item != nullptr && PressLineOf(*item);
+}
+
+bool Player::PressLineOf(const model::MenuItem& item) {
+  if (item.State() == model::DisplayState::kBlank || !TurnToPageOf(item)) return false;
   const ui::MenuPages pages = ui::LayOutMenu(*CurrentMenu(), ui::kMostLinesPerPage);
   const auto line = std::find_if(pages.lines.begin(), pages.lines.end(),
-                                 [&](const ui::MenuLine& candidate) { return candidate.item == item; });
+                                 [&](const ui::MenuLine& candidate) { return candidate.item == &item; });
   if (line == pages.lines.end()) return false;
   Press(base::ToUtf8(line->text.substr(0, 1)));
   return true;
@@ -242,14 +245,7 @@ bool Player::GoTo(const ItemPlace& menu) {
     }
     const ItemPlace next(menu.begin(), menu.begin() + static_cast<std::ptrdiff_t>(here.size()) + 1);
     const model::MenuItem* item = ItemAt(next);
-    if (item == nullptr || item->IsLeaf() || item->State() == model::DisplayState::kBlank || !TurnToPageOf(*item)) {
-      return false;
-    }
-    const ui::MenuPages pages = ui::LayOutMenu(*current, ui::kMostLinesPerPage);
-    const auto line = std::find_if(pages.lines.begin(), pages.lines.end(),
-                                   [&](const ui::MenuLine& candidate) { return candidate.item == item; });
-    if (line == pages.lines.end()) return false;
-    Press(base::ToUtf8(line->text.substr(0, 1)));
+    if (item == nullptr || item->IsLeaf() || !PressLineOf(*item)) return false;
   }
   return false;
 }

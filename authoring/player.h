@@ -67,6 +67,8 @@ class Player {
   void AnswerBox();
   void Finish();
   bool TurnToPageOf(const model::MenuItem& item);
+  // Of the menu that is open. False when it has no such line now.
+  bool PressLineOf(const model::MenuItem& item);
 
   Goals& goals_;
   Budget& budget_;

@@ -1,5 +1,6 @@
 #include "authoring/remarks.h"
 
+#include "authoring/secrets.h"
 #include "base/format.h"
 #include "values/value_types.h"
 
@@ -71,7 +72,7 @@ class Remarks {
     if (choices.Count() > 0 && ChoiceOf(choices) == nullptr) {
       if (text.empty()) {
         Add("empty-choice", u"The value is empty, and no choice has an empty key.");
-      } else if (!IsSecret()) {
+      } else if (!IsSecret(property_)) {
         Add("no-such-choice", u"The value \"" + text + u"\" is none of the choices, so it is shown as it is.");
       }
     } else if (text.empty() && property_.HeldType() != LoadText(TextId::kReaderCmd)) {
@@ -86,11 +87,6 @@ class Remarks {
   const values::ChoiceFormat::Entry* ChoiceOf(const values::ChoiceFormat& choices) const {
     const auto index = choices.IndexOf(property_.GetValue());
     return index ? &choices.Entries()[*index] : nullptr;
-  }
-
-  bool IsSecret() const {
-    return !property_.Resolve(TextId::kPassWordChar).empty() || !property_.Resolve(TextId::kWep).empty() ||
-           values::TypeCodeOf(property_.Attributes().Get(TextId::kType)) == TypeCode::kPassword;
   }
 
   void Editing() {

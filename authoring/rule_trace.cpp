@@ -1,6 +1,6 @@
 #include "authoring/rule_trace.h"
 
-#include "base/format.h"
+#include "authoring/checks/attributes.h"
 #include "config/config_key.h"
 #include "rules/rule_tokens.h"
 #include "values/property_descriptor.h"
@@ -8,9 +8,7 @@
 
 namespace authoring {
 
-WideString SeenRule::Attribute() const {
-  return number == 0 ? WideString(u"Dependency") : base::Format(u"Dependency%d", number);
-}
+WideString SeenRule::Attribute() const { return NumberedName(authoring::Attribute::kDependency, number); }
 
 void RuleTrace::Clear() {
   rules_.clear();

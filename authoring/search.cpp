@@ -81,13 +81,4 @@ std::vector<Hit> Search(Trial& trial, WideStringView text) {
   return text.empty() ? std::vector<Hit>() : Searcher(trial, text).Run();
 }
 
-WideString KeysInWords(WideStringView keys) {
-  WideString words;
-  for (const char16_t key : keys) {
-    if (!words.empty()) words.push_back(u'-');
-    words.push_back(key);
-  }
-  return words;
-}
-
 }  // namespace authoring

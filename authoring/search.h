@@ -21,7 +21,4 @@ struct Hit {
 // What a line shows as stars is not looked at.
 std::vector<Hit> Search(Trial& trial, WideStringView text);
 
-// "2-9-3"
-WideString KeysInWords(WideStringView keys);
-
 }  // namespace authoring

@@ -1,6 +1,6 @@
 // What decided how a line is shown, from what was traced.
 #include "authoring/verdict.h"
-#include "authoring/entry_lookup.h"
+#include "authoring/items.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "authoring/ways_to_goals.h"
 
-#include "authoring/entry_lookup.h"
+#include "authoring/items.h"
 #include "authoring/line_proofs.h"
 #include "authoring/rule_trace.h"
 #include "authoring/verdict.h"

@@ -13,14 +13,6 @@ constexpr std::size_t kMostWork = 4'000'000;
 constexpr std::size_t kFewestTrials = 60;
 constexpr std::size_t kMostTrials = 3000;
 
-std::size_t CountItems(const model::MenuItem& root) {
-  std::vector<const model::MenuItem*> items{&root};
-  for (std::size_t i = 0; i < items.size(); ++i) {
-    for (const auto& child : items[i]->Children()) items.push_back(child.get());
-  }
-  return items.size();
-}
-
 bool Fulfils(const Wish& wish, const Look& look) {
   switch (wish.goal) {
     case Wish::Goal::kShow: return look.IsShown();
@@ -40,7 +32,7 @@ class Search {
   Search(Trial& trial, const ItemPlace& place, const std::vector<Lever>& levers, std::vector<Aim>& aims,
          const Tried& tried)
       : trial_(trial), place_(place), levers_(levers), aims_(aims), tried_(tried), assumption_(trial) {
-    most_ = std::clamp(kMostWork / (CountItems(trial.Model().Root()) + 1), kFewestTrials, kMostTrials);
+    most_ = std::clamp(kMostWork / (ItemsOf(trial.Model()).size() + 1), kFewestTrials, kMostTrials);
   }
 
   void Run() {

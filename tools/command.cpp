@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <utility>
 
 namespace tools {
@@ -9,6 +10,11 @@ namespace {
 
 // An argument's name says all that --help has to say of what is given for it; an option's does not.
 CLI::Option* Plainly(CLI::Option* option) { return option->get_positional() ? option->option_text(" ") : option; }
+
+bool HasCommand(const Program& program, const std::string& name) {
+  return std::any_of(program.commands.begin(), program.commands.end(),
+                     [&name](const CommandRow& row) { return row.name == name; });
+}
 
 }  // namespace
 
@@ -57,6 +63,15 @@ int RunCommandLine(const Program& program, const std::vector<std::string>& argum
   app.set_version_flag("--version", program.version);
   app.footer(program.remarks);
   int status = kFine;
+  const bool isNamed = !arguments.empty() && !arguments.front().starts_with('-');
+  if (arguments.empty() || (isNamed && !HasCommand(program, arguments.front()))) {
+    errors << program.name << ": "
+           << (isNamed ? "there is no command \"" + arguments.front() + "\"" : std::string("a command is missing"))
+           << "; there are";
+    for (const CommandRow& row : program.commands) errors << ' ' << row.name;
+    errors << "\nRun with --help for more information.\n";
+    return kUnusable;
+  }
   for (const CommandRow& row : program.commands) {
     row.describe(Command(*app.add_subcommand(row.name, row.description), status));
   }

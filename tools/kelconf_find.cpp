@@ -1,5 +1,5 @@
 // kelconf find: entries by anything that is said about them, with the keys that lead there.
-#include "authoring/entry_lookup.h"
+#include "authoring/items.h"
 #include "authoring/json_text.h"
 #include "authoring/search.h"
 #include "base/utf8.h"

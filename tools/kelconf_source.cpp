@@ -1,6 +1,7 @@
 #include "tools/kelconf_source.h"
 
 #include "authoring/entry_lookup.h"
+#include "authoring/items.h"
 #include "base/utf8.h"
 
 #include <ostream>

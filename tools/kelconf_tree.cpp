@@ -5,9 +5,9 @@
 #include "tools/console.h"
 #include "tools/kelconf_source.h"
 
-#include <algorithm>
 #include <memory>
 #include <ostream>
+#include <unordered_map>
 
 namespace tools {
 namespace {
@@ -41,16 +41,14 @@ std::string KindOf(const Entry& entry) {
 }
 
 void PrintText(const Configuration& configuration, const Entries& entries, const Streams& streams) {
-  std::size_t number = 0;
+  std::unordered_map<const Entry*, std::size_t> numbers;  // of the last line of each menu
   for (const Entry& entry : entries.All()) {
     const std::string indent(entry.depth * 2, ' ');
     if (entry.parent == nullptr) {
       streams.out << NameOf(configuration, entry) << '\n';
       continue;
     }
-    const auto& siblings = entry.parent->children;
-    number = static_cast<std::size_t>(std::find(siblings.begin(), siblings.end(), &entry) - siblings.begin()) + 1;
-    streams.out << indent << number << "  " << NameOf(configuration, entry);
+    streams.out << indent << ++numbers[entry.parent] << "  " << NameOf(configuration, entry);
     if (const std::string kind = KindOf(entry); !kind.empty()) {
       streams.out << "  " << Coloured("[" + kind + "]", "36", streams.colours);
     }

@@ -1,6 +1,7 @@
 #include "authoring/checks/proofs.h"
 
 #include "authoring/checks/way_back.h"
+#include "authoring/items.h"
 #include "authoring/rule_cases.h"
 #include "authoring/wireless_items.h"
 #include "base/utf8.h"
@@ -104,10 +105,8 @@ class Prover {
  public:
   Prover(const Survey& survey, FollowedTrial& trial, Findings& findings)
       : survey_(survey), trial_(trial), findings_(findings) {
-    std::vector<MenuItem*> items{&trial.trial.Model().Root()};
-    for (std::size_t i = 0; i < items.size(); ++i) {
-      for (const auto& child : items[i]->Children()) items.push_back(child.get());
-      if (const config::ConfigKey* key = trial.trial.Model().FindKey(items[i]->Path())) items_.emplace(key, items[i]);
+    for (MenuItem* item : ItemsOf(trial.trial.Model())) {
+      if (const config::ConfigKey* key = trial.trial.Model().FindKey(item->Path())) items_.emplace(key, item);
     }
   }
 

@@ -56,6 +56,34 @@ TEST(Configuration, ADocumentThatIsNotWellFormedIsReportedInTheReadersWords) {
   EXPECT_EQ("Windows/ovu.xml:3:1", ShownFrom(folder.Path(), broken.position));
 }
 
+TEST(Configuration, WhatIsNoSuchTextAtAllIsToldApartFromASlip) {
+  using namespace std::string_view_literals;
+  const struct {
+    std::string_view text;
+    const char* mend;
+  } cases[] = {
+      {"", "Write a GROUP with a name into the file."},
+      {"\xEF\xBB\xBF", "Write a GROUP with a name into the file."},
+      {"\xFF\xFE<\0G\0"sv, "Save the file as UTF-8: this is UTF-16, or no text at all."},
+      {"<\0G\0R\0"sv, "Save the file as UTF-8: this is UTF-16, or no text at all."},
+      {"<GROUP name=\"R\">", "Mend the tag there, or the one that is open."},
+  };
+  for (const auto& c : cases) {
+    StorageFolder folder;
+    folder.Write("Windows/ovu.xml", std::string(c.text));
+    const auto configuration = folder.Load();
+    ASSERT_EQ(1u, configuration->BrokenDocuments().size()) << c.text;
+    EXPECT_EQ(c.mend, configuration->BrokenDocuments()[0].mend) << c.text;
+  }
+}
+
+TEST(Configuration, AProblemNamesWhatWasGiven) {
+  StorageFolder folder;
+  folder.Write("a.reg", "REGEDIT4\r\n");
+  const std::string file = (folder.Path() / "a.reg").string();
+  EXPECT_TRUE(Configuration::Load(file).problem.starts_with(file + ": there is no configuration; "));
+}
+
 TEST(Configuration, KeysAndValuesStandSomewhere) {
   StorageFolder folder;
   folder.WriteMenu(

@@ -1,5 +1,6 @@
 #include "authoring/entry_lookup.h"
 
+#include "authoring/items.h"
 #include "base/utf8.h"
 #include "tests/authoring/storage_folder.h"
 

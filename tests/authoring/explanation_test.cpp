@@ -193,6 +193,13 @@ TEST_F(ExplanationTest, ASecretIsNeverPrinted) {
   }
 }
 
+TEST_F(ExplanationTest, AKeyThatIsNoChoiceIsNotPrintedEither) {
+  Write(Property("x", "1.50", "Hex", Tag("ChoiceFmt", "a#A")), "1.50\tOctet String\thush\n");
+  for (const auto& line : authoring::ToText(Explain(u"x"))) {
+    EXPECT_EQ(std::string::npos, base::ToUtf8(line.text).find("hush")) << base::ToUtf8(line.text);
+  }
+}
+
 TEST_F(ExplanationTest, AFieldIsChangedWithinItsCommand) {
   Write(Property("Command", "1.60", "ReaderCmd", Tag("Ordinal", "1") + Tag("CmdString", "2,1,2")) +
             Group("Field", Tag("Ordinal", "2") + Tag("CmdOID", "1.60:2") + Tag("Type", "Integer")) +

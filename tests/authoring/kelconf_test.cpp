@@ -118,6 +118,40 @@ TEST(Kelconf, DiffSaysWhatChangedInAnAuthorsWords) {
   for (const auto& c : cases) EXPECT_EQ(c.said, Difference(c.before, c.after)) << c.after;
 }
 
+TEST(Kelconf, DiffOfAMenuOfThousandsTakesNoLongerThanItHasLines) {
+  constexpr int kLines = 8000;
+  const auto menu = [](int first) {
+    std::string groups;
+    for (int i = 0; i < kLines; ++i) {
+      const std::string n = std::to_string((i + first) % kLines);
+      groups += "<GROUP name=\"E" + n + "\"><DisplayName>E" + n + "</DisplayName></GROUP>\n";
+    }
+    return groups;
+  };
+  std::string choices = "<OID>1.1</OID><Type>Integer</Type><ChoiceFmt>";
+  for (int i = 0; i < kLines; ++i) choices += std::to_string(i) + "#c" + std::to_string(i) + "|";
+  const std::string many = "<GROUP name=\"C\"><DisplayName>C</DisplayName>" + choices;
+  tests::StorageFolder old;
+  tests::StorageFolder now;
+  old.WriteMenu(menu(0) + many + "</ChoiceFmt></GROUP>");
+  now.WriteMenu(menu(1) + many + "x#y</ChoiceFmt></GROUP>");
+  const std::string out = RunKelconf({"diff", old.Path().string(), now.Path().string()}).out;
+  EXPECT_NE(std::string::npos, out.find("C has the choice \"y\" (x) now")) << out.substr(0, 2000);
+  EXPECT_NE(std::string::npos, out.find("E1 stands before \"E0\" now")) << out.substr(0, 2000);
+}
+
+TEST(Kelconf, ACommandThatIsNotThereIsNamed) {
+  const KelconfRun unknown = RunKelconf({"chekc", "."});
+  EXPECT_EQ(2, unknown.status);
+  EXPECT_EQ(
+      "kelconf: there is no command \"chekc\"; there are check find tree diff why explore manual\n"
+      "Run with --help for more information.\n",
+      unknown.errors);
+  const KelconfRun none = RunKelconf({});
+  EXPECT_EQ(2, none.status);
+  EXPECT_TRUE(none.errors.starts_with("kelconf: a command is missing; there are check ")) << none.errors;
+}
+
 TEST(Kelconf, DiffOfOneConfigurationInTwoFormsIsNothing) {
   const KelconfRun run = RunKelconf({"diff", (tests::kDemonstration / "Windows/ovu.xml").string(),
                                      (tests::kDemonstration / "registry.reg").string()});
