@@ -31,7 +31,6 @@ void Show(WindowHandle window) {
   Send(window, message::kShowWindow, 1);
   if (!Find(window)) return;
   SetVisibleBit(*record, true);
-  if (record->IsChild()) return;
   RaiseToTop(window);
   if (!record->Has(style::kDisabled)) SetActive(window);
 }

@@ -92,6 +92,16 @@ TEST_F(BoxLayoutTest, ABoxThatWouldLeaveTheScreenGetsWiderFirst) {
   ExpectAllSeen(places, kLarge);
 }
 
+TEST_F(BoxLayoutTest, ABoxThatStaysOnTheScreenGetsHigherOnly) {
+  const Rect usual = Show(kLarge, u"Short").box;
+  WideString lines = u"line";
+  for (int i = 1; i < 14; ++i) lines += u"\nline";
+  const Places places = Show(kLarge, lines);
+  EXPECT_EQ(usual.right, places.box.right);
+  EXPECT_LT(usual.bottom, places.box.bottom);
+  ExpectAllSeen(places, kLarge);
+}
+
 TEST_F(BoxLayoutTest, ATextThatNoScreenHoldsIsCutAboveWhatToPress) {
   WideString words;
   for (int i = 0; i < 1000; ++i) words += u"word ";

@@ -69,6 +69,14 @@ TEST(XmlDocument, GoingOutComesBackToTheElementThatWasGoneInto) {
   document.GoOutOf();
   EXPECT_EQ(u"a", document.TagName());
   EXPECT_TRUE(document.IsAtElement());
+  document.GoInto();
+  document.GoInto();  // in an element without children
+  document.GoInto();
+  EXPECT_FALSE(document.IsAtElement());
+  EXPECT_FALSE(document.FindElement());
+  document.GoOutOf();
+  EXPECT_EQ(u"x", document.TagName());
+  document.GoOutOf();
   document.GoInto();  // back at the child that it was left at
   EXPECT_EQ(u"x", document.TagName());
   document.GoOutOf();

@@ -82,6 +82,17 @@ TEST_F(ListBoxTest, SelectingScrollsTheLineIntoView) {
   EXPECT_EQ(2, list.Selected());
 }
 
+TEST_F(ListBoxTest, ItsParentIsAskedForItsColours) {
+  const ListBox list = MakeList(1);
+  MessageTable parent;
+  parent.On(message::kControlColorListBox,
+            [](WindowHandle, const Message& message) { return AnswerControlColors(message, kWhite, kBlack); });
+  const Subclass subclass(frameWindow, parent);
+  Invalidate(list.Handle());
+  Update(list.Handle());
+  EXPECT_EQ((host::ControlColors{kWhite, kBlack}), host::ControlColorsOf(list.Handle()));
+}
+
 TEST_F(ListBoxTest, ItemDataStaysWithItsLine) {
   const ListBox list = MakeList(2);
   int datum = 0;

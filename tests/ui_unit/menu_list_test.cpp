@@ -120,6 +120,12 @@ TEST_F(MenuListTest, TheListHoldsNineLinesAndTheTitleLineItsMenu) {
   EXPECT_EQ(list_.Handle(), platform::FocusedWindow());
 }
 
+TEST_F(MenuListTest, TheTitleLineIsTheRootMenusBeforeAnythingIsShown) {
+  ASSERT_TRUE(list_.Create(window_, root_, title_, {.x = 10, .y = 30, .width = 210, .height = 180}));
+  EXPECT_EQ(u"Root", platform::TextOf(title_));
+  EXPECT_EQ(0, Box().Count());
+}
+
 TEST_F(MenuListTest, RulesRunOncePerNumberedItemAndThenForTheMenu) {
   Add(root_, u"a");
   Add(root_, u"heading").list.nonSelectable = true;
