@@ -134,10 +134,8 @@ std::vector<Ruling> LineProofs::Decide(const ItemPlace& place, const std::vector
   const MemoryDevice before = trial_.trial.Device();
   RuleCases cases(survey_, trial_, way, false);
   const std::size_t most = std::min(kMostCases, kMostRuns / way.size());
-  if (const std::size_t count = cases.Count(most); count > most) {
-    const std::string reason = "not decided: the rules read " + std::to_string(cases.Variables().size()) +
-                               " values with more than " + std::to_string(most) + " cases";
-    for (Ruling& ruling : rulings) ruling.reason = reason;
+  if (cases.Count(most) > most) {
+    for (Ruling& ruling : rulings) ruling.reason = "not decided: the rules read " + cases.TooManySaid(most);
   } else {
     const Subject* entered = SubjectOf(*outermost);
     Sightings seen(menus + goals.size(), cases,

@@ -129,6 +129,11 @@ std::size_t RuleCases::Count(std::size_t most) const {
   return count;
 }
 
+std::string RuleCases::TooManySaid(std::size_t most) const {
+  return (tooMany_ ? "more than " : "") + std::to_string(variables_.size()) + " values with more than " +
+         std::to_string(most) + " cases";
+}
+
 void RuleCases::Put(const RuleVariable& variable, const WideString& value) {
   if (variable.property == nullptr) {
     trial_.trial.Device().Put(variable.oid, value);

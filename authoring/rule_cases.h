@@ -44,6 +44,9 @@ class RuleCases {
   // How many cases there are; more than `most` is `most` + 1.
   std::size_t Count(std::size_t most) const;
 
+  // "13 values with more than 4096 cases", where there are more than `most`.
+  std::string TooManySaid(std::size_t most) const;
+
   // Gives all variables the values of each case in turn, until visit() answers false. The trial's own values are lost.
   void ForEach(const std::function<bool()>& visit);
   // The number of the variable's value in the present case.

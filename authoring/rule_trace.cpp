@@ -2,6 +2,7 @@
 
 #include "authoring/checks/attributes.h"
 #include "config/config_key.h"
+#include "rules/rule_actions.h"
 #include "rules/rule_tokens.h"
 #include "values/property_descriptor.h"
 #include "values/shown_value.h"
@@ -63,8 +64,10 @@ void RuleTrace::OnDecided(bool isCondition, bool holds) {
   if (isCondition) {
     rule->form = SeenRule::Form::kCondition;
   } else if (WideStringView rest = rule->text; rules::NextRuleToken(rest).text == u"IF") {
-    rule->form = SeenRule::Form::kMalformed;
-    rule->comparisons.clear();
+    // What breaks as a condition is run as a rule of the other kind, whose comparison is the last.
+    const bool isFlagRule = rules::FindFlag(rules::ReadFlagRule(rule->text).flag) != nullptr;
+    if (!isFlagRule) rule->form = SeenRule::Form::kMalformed;
+    rule->comparisons.erase(rule->comparisons.begin(), rule->comparisons.end() - (isFlagRule ? 1 : 0));
   }
 }
 

@@ -62,6 +62,7 @@ class WayFinder {
     FindChanges(trial_, place, levers, aims, {});
 
     std::vector<LineProofs::IsThere> questions;
+    questions.reserve(goals.size());
     for (const Goal& goal : goals) questions.push_back(QuestionOf(goal));
     const std::vector<Ruling> rulings = proofs_.Decide(place, questions);
     for (std::size_t i = 0; i < goals.size(); ++i) {

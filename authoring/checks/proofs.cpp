@@ -198,6 +198,7 @@ class Prover {
     }
     if (lines.empty()) return;
     std::vector<MenuItem*> items;
+    items.reserve(lines.size());
     for (const Subject* line : lines) items.push_back(ItemOf(*line));
     RuleCases cases(survey_, trial_, items, true);
     if (!IsDecidable(*lines.front(), cases, "fallbacks of this page undo each other")) return;
@@ -232,8 +233,7 @@ class Prover {
     Begin("not-decided");
     findings_.Add(subject, Attribute::kDependency,
                   "Not decided: whether " + std::string(what) + " do what they say depends on " +
-                      std::to_string(cases.Variables().size()) + " values with more than " +
-                      std::to_string(kMostCases) + " cases.",
+                      cases.TooManySaid(kMostCases) + ".",
                   "");
     return false;
   }

@@ -1,5 +1,6 @@
 #include "authoring/checks/rule_text.h"
 
+#include "rules/rule_actions.h"
 #include "rules/rule_condition.h"
 #include "rules/rule_tokens.h"
 
@@ -81,6 +82,14 @@ RuleText ReadRule(int number, WideStringView text) {
   const rules::RuleToken first = rules::NextRuleToken(rest);
   if (first.text == u"IF") {
     ReadCondition(rest, rule);
+    const bool isMalformed = rule.form == RuleText::Form::kMalformed;
+    if (isMalformed && rules::FindFlag(rules::ReadFlagRule(text).flag) != nullptr) {
+      // What breaks as a condition is run as a rule of the other kind.
+      rule = RuleText();
+      rule.number = number;
+      rule.text = text;
+      ReadFlagRule(rule);
+    }
   } else if (text.find(u'|') != WideStringView::npos) {
     ReadFlagRule(rule);
   } else {

@@ -169,6 +169,42 @@ TEST(Proofs, OneMoreValueThanAllRulesAskForIsAmongThoseThatMatter) {
   EXPECT_EQ(Lines{"line-never-shown"}, found("1-2"));
 }
 
+TEST(Check, AConditionThatBreaksIsReadAsTheRuleThatItIsRunAs) {
+  const auto found = [](const std::string& rule) {
+    StorageFolder folder;
+    folder.WriteMenu(
+        "<GROUP name=\"A\"><DisplayName>A</DisplayName><OID>1.1</OID><Type>Bool</Type><DefVal>1</DefVal>"
+        "<Dependency>" +
+        rule +
+        "</Dependency></GROUP>"
+        "<GROUP name=\"B\"><DisplayName>B</DisplayName><Function>Summary</Function></GROUP>");
+    folder.Write("device.txt", "1.1\tBool\t1\n");
+    return Found(folder);
+  };
+  EXPECT_EQ(Lines{"rule-oid-unknown 2:94 A Dependency"}, found("IF A|Bool|1|NoDisplay"));
+  EXPECT_EQ(Lines{"rule-malformed 2:109 A Dependency"}, found("IF A|Bool|1|Hide"));
+}
+
+TEST(Proofs, NotDecidedSaysHowMuchThereWouldBeToGoThrough) {
+  const auto said = [](int settings) {
+    std::string groups;
+    std::string condition;
+    for (int i = 0; i < settings; ++i) {
+      groups += Property("S" + std::to_string(i), "<Type>Bool</Type>");
+      condition += (i == 0 ? "IF S" : " AND S") + std::to_string(i) + " EQ 1";
+    }
+    StorageFolder folder;
+    folder.WriteMenu(groups + Property("X", "<Type>Bool</Type><Dependency>" + condition + " THEN Blank</Dependency>"));
+    for (const Finding& finding : CheckConfiguration(*folder.Load())) {
+      if (finding.id == "not-decided") return finding.sentence;
+    }
+    return std::string();
+  };
+  EXPECT_EQ("", said(12));
+  EXPECT_NE(std::string::npos, said(13).find("depends on 13 values with more than 4096 cases."));
+  EXPECT_NE(std::string::npos, said(65).find("depends on more than 64 values with more than 4096 cases."));
+}
+
 TEST(Proofs, ALineThatTheWirelessRulesShowIsNotSaidToBeHidden) {
   const std::string hidden = "<Dependency>Empty|Integer|Empty|NoDisplay</Dependency>";
   const auto found = [&](const std::string& oid) {

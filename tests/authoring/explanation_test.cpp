@@ -116,6 +116,18 @@ TEST_F(ExplanationTest, TheRuleThatDecidedIsTheLastOneThatSetAState) {
   EXPECT_TRUE(explanation.line.rules[3].comparisons.empty());
 }
 
+// The bars make it a rule of the other kind, of a property that is called "IF Mode".
+TEST_F(ExplanationTest, AConditionThatBreaksIsToldAsTheRuleThatItIsRunAs) {
+  Write(Property("x", "1.9", "Integer", Tag("Dependency", "IF Mode|Integer|Empty|NoDisplay")));
+  const Explanation explanation = Explain(u"x");
+  ASSERT_EQ(1u, explanation.line.rules.size());
+  EXPECT_EQ(authoring::SeenRule::Form::kFlag, explanation.line.rules[0].form);
+  ASSERT_EQ(1u, explanation.line.rules[0].comparisons.size());
+  EXPECT_EQ(u"IF Mode", explanation.line.rules[0].comparisons[0].operand.name);
+  EXPECT_EQ(model::DisplayState::kNotDisplayed, explanation.line.state);
+  EXPECT_EQ(0u, explanation.line.winner);
+}
+
 TEST_F(ExplanationTest, AMenuAboveCanBeWhatHidesALine) {
   Write(Group("menu", Tag("Dependency", "IF Mode EQ 1 THEN Display ELSE NoDisplay") + Property("x", "1.9", "Integer")));
   const Explanation explanation = Explain(u"x");
