@@ -64,7 +64,9 @@ class WayFinder {
     std::vector<LineProofs::IsThere> questions;
     questions.reserve(goals.size());
     for (const Goal& goal : goals) questions.push_back(QuestionOf(goal));
-    const std::vector<Ruling> rulings = proofs_.Decide(place, questions);
+    const bool allHaveAWay = std::all_of(aims.begin(), aims.end(), [](const Aim& aim) { return !aim.ways.empty(); });
+    const std::vector<Ruling> rulings =
+        allHaveAWay ? std::vector<Ruling>(goals.size()) : proofs_.Decide(place, questions);
     for (std::size_t i = 0; i < goals.size(); ++i) {
       if (isThere[i]) {
         ways_[goals[i].Id()] = {goals[i], {PreparedWay{}}, "nothing stands in its way, but no key led there", false};
@@ -141,7 +143,7 @@ class WayFinder {
   void Take(const Goal& goal, const Aim& aim, const Ruling& ruling) {
     WayToGoal& way = ways_[goal.Id()];
     way.goal = goal;
-    way.impossible = ruling.impossible;
+    way.impossible = ruling.impossible && aim.ways.empty();
     if (way.impossible) {
       way.reason = "cannot be: " + ruling.reason;
     } else if (aim.ways.empty()) {
