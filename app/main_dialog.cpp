@@ -27,6 +27,18 @@ model::MenuItem& ItemIn(const Message& message) { return *platform::FromParam<mo
 
 void Answer(const Message& question, bool yes) { *platform::FromParam<int>(question.wParam) = yes ? 1 : 0; }
 
+// A flag that is up while this lives.
+class Raised {
+ public:
+  explicit Raised(bool& flag) : flag_(flag) { flag_ = true; }
+  ~Raised() { flag_ = false; }
+  Raised(const Raised&) = delete;
+  Raised& operator=(const Raised&) = delete;
+
+ private:
+  bool& flag_;
+};
+
 }  // namespace
 
 MainDialog::MainDialog(ScreenActions& actions, values::MessageBoxes& boxes, std::function<void(WindowHandle)> onWindow)
@@ -109,9 +121,8 @@ void MainDialog::ShowNote(WideStringView text) {
 
 void MainDialog::RunEdit(const std::function<bool(WindowHandle owner)>& edit) {
   if (editRuns_) return;
-  editRuns_ = true;
+  const Raised running(editRuns_);
   if (edit(window_)) ShowNote(LoadText(TextId::kSavedNote));
-  editRuns_ = false;
 }
 
 void MainDialog::ReplaceItems(const std::function<void()>& replace) {

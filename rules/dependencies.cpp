@@ -95,8 +95,16 @@ void Dependencies::Mark(model::MenuItem& item, char16_t mark) {
   context_.shell.LineChanged(item);
 }
 
+// A line of the first menu, which shows no value before the whole model is there: only then it is known what may be
+// shown.
+bool Dependencies::AwaitsItsProperty(const model::MenuItem& item) const {
+  if (item.Descriptor() != nullptr) return false;
+  const config::ConfigKey* node = context_.model.FindKey(item.Path());
+  return node != nullptr && !(node->Value(TextId::kOid).empty() && node->Value(TextId::kCmdOid).empty());
+}
+
 void Dependencies::Refresh(model::MenuItem& item, const Reading& reading) {
-  if (reading.oid.empty() || values::IsPseudoOid(reading.oid)) return;
+  if (reading.oid.empty() || values::IsPseudoOid(reading.oid) || AwaitsItsProperty(item)) return;
   WideString text;
   if (const WideString command = operands_.CommandOf(reading.oid); command.empty()) {
     text = items_.Reread(reading.oid, reading.type);
@@ -106,8 +114,9 @@ void Dependencies::Refresh(model::MenuItem& item, const Reading& reading) {
   }
   if (const auto* property = context_.model.FindDescriptor(reading.oid)) {
     text = context_.model.ShownValue(*property);
-  } else if (item.Descriptor() != nullptr) {
-    text = values::MaskedText(*item.Descriptor(), text);  // no secret stands on a line in clear
+  } else {  // no secret stands on a line in clear
+    text = values::MaskedText(reading.type, text);
+    if (item.Descriptor() != nullptr) text = values::MaskedText(*item.Descriptor(), text);
   }
   item.SetSuffix(base::Format(LoadText(TextId::kValueSuffixFormat), text));
   context_.shell.LineChanged(item);

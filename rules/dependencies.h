@@ -35,6 +35,7 @@ class Dependencies {
   void TellAction(WideStringView text, const Effect* effect) const;
   void Apply(Effect effect, model::MenuItem& item, const Reading& reading);
   void Mark(model::MenuItem& item, char16_t mark);
+  bool AwaitsItsProperty(const model::MenuItem& item) const;
   void Refresh(model::MenuItem& item, const Reading& reading);
   bool IsChosen(const model::MenuItem& item, const values::PropertyDescriptor& property);
   void NarrowChoices(model::MenuItem& item, const config::ConfigKey& node, const ChoicesAction& choices);

@@ -156,6 +156,8 @@ void EditDialog::MakeRoomForDescription() const {
     place.bottom = std::min(place.bottom, platform::RectInParent(button).top);
   }
   platform::Move(entry_->Handle(), place);
+  const platform::ListBox list(entry_->Handle());
+  list.Select(list.Selected());  // and into view again
 }
 
 std::optional<LResult> EditDialog::OnCommand(const Message& received) {

@@ -19,7 +19,7 @@ constexpr DialogControl kTextEntry{kTextEntryId, u"EDIT", u"", kText, 2, 24, 95,
 constexpr DialogControl kAddressEntry{kAddressEntryId, kAddressClassName, u"", kAddress, 5, 24, 85, 11};
 constexpr DialogControl kDateTimeEntry{
     kDateTimeEntryId, u"SysDateTimePick32", u"DateTimePicker1", style::kTabStop, 10, 24, 79, 15};
-constexpr DialogControl kShortDescription{kShortDescriptionId, u"STATIC", u"", 0, 3, 2, 90, 16};
+constexpr DialogControl kShortDescription{kShortDescriptionId, u"STATIC", u"", style::kStaticNoPrefix, 3, 2, 90, 16};
 
 constexpr DialogControl kSmallControls[] = {
     {kChoiceListId, u"LISTBOX", u"", kList, 0, 2, 96, 43},

@@ -21,6 +21,23 @@ constexpr int kScrollBarHeightPx = 123;
 constexpr platform::LResult kWantedKeys = platform::dialog_code::kWantArrows | platform::dialog_code::kWantTab |
                                           platform::dialog_code::kWantAllKeys | platform::dialog_code::kWantChars;
 
+// While it lives, the window is not painted; then it is, as a whole.
+class WithoutRedraw {
+ public:
+  explicit WithoutRedraw(platform::WindowHandle window) : window_(window) {
+    platform::Send(window_, platform::message::kSetRedraw, 0);
+  }
+  ~WithoutRedraw() {
+    platform::Send(window_, platform::message::kSetRedraw, 1);
+    platform::Invalidate(window_);
+  }
+  WithoutRedraw(const WithoutRedraw&) = delete;
+  WithoutRedraw& operator=(const WithoutRedraw&) = delete;
+
+ private:
+  platform::WindowHandle window_;
+};
+
 }  // namespace
 
 // While it lives, items must not be replaced under the caller's feet: the message that asks for it waits.
@@ -139,14 +156,16 @@ void MenuList::Fill() {
   menu_->list.lastLine = pages_.lastLine;
   menu_->list.lastBackLine = pages_.lastBackLine;
 
-  platform::Send(list_.Handle(), platform::message::kSetRedraw, 0);
+  FillList();
+  UpdatePageCount();
+  UpdateScrollBar();
+}
+
+void MenuList::FillList() {
+  const WithoutRedraw quiet(list_.Handle());
   list_.Clear();
   for (const MenuLine& line : pages_.lines) list_.SetData(list_.Add(line.text), line.item);
   if (pages_.lastLine >= 0) SelectRemembered();
-  platform::Send(list_.Handle(), platform::message::kSetRedraw, 1);
-  platform::Invalidate(list_.Handle());
-  UpdatePageCount();
-  UpdateScrollBar();
 }
 
 void MenuList::Remember(int top, int line) {

@@ -65,6 +65,7 @@ class MenuList final : public platform::MessageHandler {
   int LastLineOfPage(int top) const;
 
   void Fill();
+  void FillList();
   void RunRules();
   void Remember(int top, int line);
   void SelectRemembered();

@@ -29,17 +29,23 @@ WideString ReadableText(const PropertyDescriptor& descriptor) {
   return value.AsText();
 }
 
+WideString Stars(WideStringView text) {
+  constexpr std::size_t kMost = 1023;
+  return WideString(std::min(text.size(), kMost), u'*');
+}
+
 }  // namespace
 
 WideString MaskedText(const PropertyDescriptor& descriptor, WideStringView text) {
-  constexpr std::size_t kMostStars = 1023;
-  const WideString stars(std::min(text.size(), kMostStars), u'*');
-
-  if (!descriptor.Resolve(TextId::kPassWordChar).empty()) return stars;
+  if (!descriptor.Resolve(TextId::kPassWordChar).empty()) return Stars(text);
   WideString fixedText = descriptor.Resolve(TextId::kWep);
   if (!fixedText.empty()) return fixedText;
   // A password or a key stays a secret where its author forgot to say so, and while it cannot be read.
-  return IsSecretType(descriptor.Attributes().Get(TextId::kType)) ? stars : WideString(text);
+  return MaskedText(descriptor.Attributes().Get(TextId::kType), text);
+}
+
+WideString MaskedText(WideStringView type, WideStringView text) {
+  return IsSecretType(type) ? Stars(text) : WideString(text);
 }
 
 WideString ShownValue(const PropertyDescriptor& descriptor) {

@@ -11,6 +11,9 @@ class PropertyDescriptor;
 // else itself.
 WideString MaskedText(const PropertyDescriptor& descriptor, WideStringView text);
 
+// The same of a text of which the type alone is known.
+WideString MaskedText(WideStringView type, WideStringView text);
+
 // The choice text, dotted address or plain text of the value, masked; the text for a value that cannot be read.
 WideString ShownValue(const PropertyDescriptor& descriptor);
 

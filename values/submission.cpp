@@ -88,7 +88,7 @@ class Submission {
   // A secret is none in a log either: it looks as it does on its line, and as a field of a command it is starred.
   WideString LoggedText(const PendingChange& change, const WideString& text) const {
     const PropertyDescriptor* descriptor = FindDescriptor(context_.descriptors, change.oid);
-    if (descriptor == nullptr) return IsSecretType(change.type) ? WideString(text.size(), u'*') : text;
+    if (descriptor == nullptr) return MaskedText(change.type, text);
     WideString logged = MaskedText(*descriptor, text);
     const FieldWidthList* layout = descriptor->CommandLayout();
     for (int index = 0; layout != nullptr && index < layout->Count(); ++index) {

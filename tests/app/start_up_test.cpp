@@ -4,6 +4,7 @@
 #include "tests/platform/temporary_root.h"
 #include "tests/printing.h"
 #include "ui/menu_list.h"
+#include "ui/private_messages.h"
 
 #include <gtest/gtest.h>
 
@@ -49,6 +50,21 @@ TEST(StartUp, WhatTheRulesHideDoesNotOpen) {
     });
     ASSERT_EQ("", RunUtilityOn({root.Path()}, keypad));
   }
+}
+
+// The tree is built from the document once, which goes then.
+TEST(StartUp, BuildsTheTreeOnceHoweverOftenItIsAsked) {
+  const TemporaryRoot root;
+  root.Write(
+      "Windows/ovu.xml",
+      "<GROUP name='R'><DisplayName>Main</DisplayName><GROUP name='a'><DisplayName>A</DisplayName></GROUP></GROUP>");
+  Keypad keypad;
+  for (int i = 0; i < 2; ++i) {
+    keypad.Then([] { platform::Post(platform::ActiveWindow(), ui::private_message::kStartWorker); });
+    keypad.Press("{Home}");
+  }
+  ASSERT_EQ("", RunUtilityOn({root.Path()}, keypad));
+  EXPECT_EQ(std::vector<std::string>(), keypad.Boxes());
 }
 
 TEST(StartUp, EntersAMenuWhileTheTreeIsBeingBuilt) { StartAndPressAtOnce("{Enter}{Enter}"); }

@@ -74,6 +74,8 @@ TEST_F(MenuModelTest, AWholeModelHasItsPropertiesWithTheirValues) {
       "<GROUP name='d'><DisplayName>Gone</DisplayName><OID>9.9</OID><Type>Integer</Type></GROUP>"
       "</GROUP></GROUP>");
   EXPECT_EQ("Menu\n  Mode  <On>\n  Address  <192.168.0.1>\n  Word  <******>\n  Gone  <Unavailable>\n", Dump());
+  EXPECT_TRUE(menu_.Root().Children()[0]->topLevel);
+  EXPECT_FALSE(menu_.Root().Children()[0]->Children()[0]->topLevel);
 }
 
 TEST_F(MenuModelTest, AKeyWithACommandOidAloneIsAPropertyUnderThat) {

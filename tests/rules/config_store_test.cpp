@@ -248,6 +248,16 @@ TEST_F(SummaryTest, FromALeafItListsTheWholeConfiguration) {
             rules::SummaryLines(model_, Item(u"summary")));
 }
 
+// As in the menu, where its fields have their lines and a secret among them its stars.
+TEST_F(SummaryTest, OfACommandTheTitleAloneIsListed) {
+  fake_.Put(u"7", u"123SECRET");
+  Build(Group("menu", Tag("DisplayName", "Menu") +
+                          Property("modem", "7", "ReaderCmd", Tag("CmdString", "2,3,6") + Tag("Ordinal", "1")) +
+                          Group("pin", Tag("DisplayName", "pin") + Tag("CmdOID", "7:2") + Tag("Ordinal", "2") +
+                                           Tag("Type", "Password"))));
+  EXPECT_EQ((std::vector<WideString>{u"Menu", u"modem", u"pin: ******"}), rules::SummaryLines(model_, Item(u"menu")));
+}
+
 TEST_F(SummaryTest, ATitleIsListedAsFarAsALineGoes) {
   const std::string title(model::MenuItem::kLongestLine + 1, 't');
   fake_.Put(u"1", u"5");

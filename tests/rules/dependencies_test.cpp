@@ -354,6 +354,36 @@ TEST_F(DependenciesTest, RefreshShowsNoSecretInClear) {
   fake_.Put(u"cfg.other", u"secret");
   Evaluate();
   EXPECT_EQ(u"x  <******>", X().LineText());
+  // Of what no entry stands for, the rule's own type says that it is one.
+  for (const char* type : {"Password", "Hex"}) {
+    BuildWith(Tag("Dependency", "cfg.other|" + std::string(type) + "|x|Refresh"));
+    fake_.Put(u"cfg.other", u"secret");
+    Evaluate();
+    EXPECT_EQ(u"x  <******>", X().LineText()) << type;
+  }
+}
+
+TEST_F(DependenciesTest, ARefreshInTheFirstMenuWaitsForTheProperty) {
+  for (const char* rule : {"1.1|Password|x|Refresh", "IF nothing NEQ 1 THEN Refresh"}) {
+    fake_.Put(u"1.1", u"secret");
+    const std::string xml = "<GROUP name='R'>" +
+                            Property("pin", "1.1", "Password", Tag("PassWordChar", "*") + Tag("Dependency", rule)) +
+                            "</GROUP>";
+    model_.BuildTopLevel(tests::TreeOf(xml, config::PDataStore::kTopLevelOnly), u"R");
+    rules_.dependencies.EvaluateDependencies(Item(u"pin"));
+    EXPECT_EQ(u"pin", Item(u"pin").LineText()) << rule;
+    ASSERT_TRUE(model_.Build(tests::TreeOf(xml), u"R"));
+    rules_.dependencies.EvaluateDependencies(Item(u"pin"));
+    EXPECT_EQ(u"pin  <******>", Item(u"pin").LineText()) << rule;
+  }
+}
+
+TEST_F(DependenciesTest, RefreshOfAnOidThatIsNoneAsksForNothing) {
+  BuildWith(Tag("Dependency", "_Local|Integer|1|Refresh"));
+  calls_.logGets = true;
+  Evaluate();
+  EXPECT_EQ(Journal{}, TakeJournal());
+  EXPECT_EQ(u"x  <5>", X().LineText());
 }
 
 TEST_F(DependenciesTest, ARefreshThatFailsKeepsTheValue) {

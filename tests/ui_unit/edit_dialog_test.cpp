@@ -1,5 +1,6 @@
 #include "ui/edit_dialog.h"
 
+#include "base/number.h"
 #include "model/menu_item.h"
 #include "platform/controls.h"
 #include "platform/host/desktop.h"
@@ -727,6 +728,39 @@ TEST(EditDialog, TabLeavesTheAddressForTheButtons) {
   bench.Press("{Enter}");
   EXPECT_FALSE(bench.Edit(item, true));
   EXPECT_EQ(kNothing, bench.TakeSets());
+}
+
+TEST(EditDialog, TheSelectedChoiceIsInViewBesideADescriptionToo) {
+  for (const bool large : {false, true}) {
+    for (const int selected : {0, 3, 5, 6}) {
+      EditBench bench;
+      model::MenuItem& item =
+          bench.LineOf(u"Integer", base::ToText(selected),
+                       {{u"ShortDesc", u"Which"}, {u"ChoiceFmt", u"0#Zero|1#One|2#Two|3#Three|4#Four|5#Five|6#Six"}});
+      bench.Look([selected] {
+        const platform::ListBox list(EditBench::Control(ui::kChoiceListId));
+        const int lines = platform::ClientRect(list.Handle()).Height() / list.ItemHeight();
+        EXPECT_EQ(selected, list.Selected());
+        EXPECT_LE(list.Top(), selected);
+        EXPECT_GT(list.Top() + lines, selected);
+      });
+      bench.Press("{Esc}");
+      EXPECT_FALSE(bench.Edit(item, large));
+    }
+  }
+}
+
+// Each would underline the letter behind it.
+TEST(EditDialog, ADescriptionMayHoldAmpersands) {
+  EditBench bench;
+  model::MenuItem& item = bench.LineOf(u"Integer", u"5", {{u"ShortDesc", u"Size & rate"}});
+  bench.Look([] {
+    const WindowHandle description = EditBench::Control(ui::kShortDescriptionId);
+    EXPECT_EQ(u"Size & rate", platform::TextOf(description));
+    EXPECT_TRUE((platform::StyleOf(description) & platform::style::kStaticNoPrefix) != 0);
+  });
+  bench.Press("{Esc}");
+  EXPECT_FALSE(bench.Edit(item));
 }
 
 TEST(EditDialog, ADateIsShownAndSavedAsItsDigits) {

@@ -347,6 +347,23 @@ TEST_F(MenuListTest, HeadingsAtTheEndAreNeverSelected) {
   }
 }
 
+TEST_F(MenuListTest, TheLineAboveStandsInForARememberedOneThatIsAHeadingNow) {
+  Add(root_, u"a1");
+  Add(root_, u"h").list.nonSelectable = true;
+  Add(root_, u"a2");
+  root_.list.selectedLine = 1;
+  ShowRoot();
+  EXPECT_EQ("0/0 1  a1", At());
+}
+
+TEST_F(MenuListTest, HasThreeLinesHoweverLowItIs) {
+  for (int i = 1; i <= 6; ++i) Add(root_, u"a" + base::ToText(i));
+  ASSERT_TRUE(list_.Create(window_, root_, title_, {.x = 10, .y = 30, .width = 210, .height = 20}));
+  ASSERT_TRUE(list_.Show(root_));
+  const WideString third = Box().Line(2);
+  EXPECT_NE(WideString::npos, third.find(u"More")) << base::ToUtf8(third);
+}
+
 TEST_F(MenuListTest, AMenuOfHeadingsHasNothingToSelect) {
   Add(root_, u"h").list.nonSelectable = true;
   ShowRoot();
