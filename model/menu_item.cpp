@@ -6,13 +6,16 @@
 
 namespace model {
 
-MenuItem::MenuItem(MenuItem* parent, WideStringView name, WideStringView displayName, WideStringView title)
-    : parent_(parent), name_(name), displayName_(displayName), title_(title) {}
+MenuItem::MenuItem(MenuItem* parent, WideStringView name, WideStringView displayName, WideStringView title,
+                   const config::ConfigKey* key)
+    : parent_(parent), name_(name), displayName_(displayName), title_(title), key_(key) {}
 
-void MenuItem::Rename(WideStringView name, WideStringView displayName, WideStringView title) {
+void MenuItem::Rename(WideStringView name, WideStringView displayName, WideStringView title,
+                      const config::ConfigKey* key) {
   name_ = name;
   displayName_ = displayName;
   title_ = title;
+  key_ = key;
   wholeLine_.reset();
   suffix_.clear();
   mark_.reset();
@@ -28,8 +31,9 @@ WideString MenuItem::Path() const {
   return path;
 }
 
-MenuItem& MenuItem::AddChild(WideStringView name, WideStringView displayName, WideStringView title) {
-  children_.push_back(std::make_unique<MenuItem>(this, name, displayName, title));
+MenuItem& MenuItem::AddChild(WideStringView name, WideStringView displayName, WideStringView title,
+                             const config::ConfigKey* key) {
+  children_.push_back(std::make_unique<MenuItem>(this, name, displayName, title, key));
   return *children_.back();
 }
 

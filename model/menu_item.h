@@ -9,6 +9,9 @@
 #include <optional>
 #include <vector>
 
+namespace config {
+class ConfigKey;
+}
 namespace values {
 class PropertyDescriptor;
 }
@@ -20,15 +23,19 @@ enum class DisplayState { kNormal = 0, kNotDisplayed = 1, kBlank = 2, kNoEdit = 
 
 class MenuItem final : public values::PropertyLine {
  public:
-  // The three texts, here and below, belong to somebody else and must outlive the item: thousands of items may stand
-  // on one key.
-  MenuItem(MenuItem* parent, WideStringView name, WideStringView displayName, WideStringView title);
+  // The three texts and the key, here and below, belong to somebody else and must outlive the item: thousands of items
+  // may stand on one key.
+  MenuItem(MenuItem* parent, WideStringView name, WideStringView displayName, WideStringView title,
+           const config::ConfigKey* key = nullptr);
   ~MenuItem() override;
 
   // Makes the item that of another key; its children stay.
-  void Rename(WideStringView name, WideStringView displayName, WideStringView title);
+  void Rename(WideStringView name, WideStringView displayName, WideStringView title,
+              const config::ConfigKey* key = nullptr);
 
-  // The key behind the item: its name below the parent's (of the root item: its path), its full path, put together anew
+  // The key behind the item; null: none.
+  const config::ConfigKey* Key() const { return key_; }
+  // Its name below the parent's (of the root item: its path), its full path, put together anew
   // each time, and its display name as the key has it.
   WideStringView Name() const { return name_; }
   WideString Path() const;
@@ -39,7 +46,8 @@ class MenuItem final : public values::PropertyLine {
   MenuItem* Parent() const { return parent_; }  // null: the root
   const std::vector<std::unique_ptr<MenuItem>>& Children() const { return children_; }
   bool IsLeaf() const { return children_.empty(); }
-  MenuItem& AddChild(WideStringView name, WideStringView displayName, WideStringView title);
+  MenuItem& AddChild(WideStringView name, WideStringView displayName, WideStringView title,
+                     const config::ConfigKey* key = nullptr);
   void RemoveChildren();
 
   // The line reads: title, then suffix ("  <value>"). Setting the whole text clears the suffix; a suffix set after that
@@ -83,6 +91,7 @@ class MenuItem final : public values::PropertyLine {
   WideStringView name_;
   WideStringView displayName_;
   WideStringView title_;
+  const config::ConfigKey* key_;
   std::optional<WideString> wholeLine_;  // instead of title and suffix
   WideString suffix_;
   std::optional<char16_t> mark_;

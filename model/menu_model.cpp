@@ -37,7 +37,7 @@ const config::ConfigKey* MenuModel::StartFrom(std::shared_ptr<const config::PDat
   rootPath_ = rootPath;
   const config::ConfigKey* rootKey = FindKey(rootPath_);
   const WideStringView name = rootKey == nullptr ? WideStringView() : rootKey->Value(TextId::kDisplayName);
-  root_->Rename(rootPath_, name, environment_.symbols.ViewOf(name));
+  root_->Rename(rootPath_, name, environment_.symbols.ViewOf(name), rootKey);
   return rootKey;
 }
 
@@ -65,7 +65,7 @@ void MenuModel::AddTopLevel(const config::ConfigKey& rootKey) {
     const config::ConfigKey* key = FindChild(*tree_, rootKey, name);
     if (key == nullptr || IsCommand(*key)) continue;
     const WideStringView displayName = key->Value(TextId::kDisplayName);
-    root_->AddChild(name, displayName, environment_.symbols.ViewOf(displayName)).topLevel = true;
+    root_->AddChild(name, displayName, environment_.symbols.ViewOf(displayName), key).topLevel = true;
   }
 }
 
@@ -102,7 +102,7 @@ void MenuModel::WaitForDevice() const {
 
 MenuItem& MenuModel::AddItem(MenuItem& parent, WideStringView name, const config::ConfigKey& key) {
   const WideStringView displayName = key.Value(TextId::kDisplayName);
-  MenuItem& item = parent.AddChild(name, displayName, environment_.symbols.ViewOf(displayName));
+  MenuItem& item = parent.AddChild(name, displayName, environment_.symbols.ViewOf(displayName), &key);
   item.topLevel = parent.Parent() == nullptr;
   const WideStringView oid = OidOf(key);
   if (oid.empty()) return item;

@@ -16,7 +16,7 @@ constexpr char16_t kCheckMark = u'\u221A';
 
 bool Dependencies::EvaluateDependencies(model::MenuItem& item) {
   const auto tree = context_.model.Tree();  // stays while a message is shown
-  const config::ConfigKey* node = tree ? tree->Find(item.Path()) : nullptr;
+  const config::ConfigKey* node = item.Key();
   if (node == nullptr) return true;
   item.SetState(model::DisplayState::kNormal);
   return Evaluate(&item, *node);
@@ -63,7 +63,7 @@ bool Dependencies::EvaluateFlagRule(model::MenuItem* item, const config::ConfigK
 }
 
 void Dependencies::ExecuteRuleAction(model::MenuItem* item, WideStringView action) {
-  const config::ConfigKey* node = item == nullptr ? nullptr : context_.model.FindKey(item->Path());
+  const config::ConfigKey* node = item == nullptr ? nullptr : item->Key();
   if (node == nullptr) return;
   if (const auto choices = ReadChoicesAction(action)) {
     const Effect effect = Effect::kNothing;

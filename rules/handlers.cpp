@@ -25,13 +25,13 @@ bool AnyChanged(const model::MenuItem& menu) {
 // --- entering and leaving ---
 
 void Handlers::RunEnterHandler(const model::MenuItem& menu) {
-  const config::ConfigKey* node = context_.model.FindKey(menu.Path());
+  const config::ConfigKey* node = menu.Key();
   if (node != nullptr && base::EqualsIgnoringCase(node->Value(u"_OnEnter"), kVerify)) wireless_.VerifyNetUI();
 }
 
 std::vector<WideString> Handlers::ExitCommands(const model::MenuItem& item) const {
   std::vector<WideString> commands;
-  const config::ConfigKey* node = context_.model.FindKey(item.Path());
+  const config::ConfigKey* node = item.Key();
   if (node == nullptr) return commands;
   const WideStringView name = LoadText(TextId::kOnExit);
   WideStringView command = node->Value(name);
@@ -88,7 +88,7 @@ void Handlers::NoteNetworkSettings(WideStringView oid) {
 
 bool Handlers::RunItemCommand(model::MenuItem& item) {
   const auto tree = context_.model.Tree();  // stays while a message is shown
-  const config::ConfigKey* node = tree ? tree->Find(item.Path()) : nullptr;
+  const config::ConfigKey* node = item.Key();
   if (node == nullptr) return false;
   const WideStringView function = node->Value(TextId::kFunction);
   const WideStringView program = node->Value(TextId::kAppName);

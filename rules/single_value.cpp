@@ -18,7 +18,7 @@ ResultCode SingleValues::SetSingleValue(const WideString& oid, const WideString&
 }
 
 WideString SingleValues::GetErrorText(const model::MenuItem* item) const {
-  const config::ConfigKey* key = item == nullptr ? nullptr : context_.model.FindKey(item->Path());
+  const config::ConfigKey* key = item == nullptr ? nullptr : item->Key();
   if (key == nullptr) return {};
   const WideStringView text = key->Value(TextId::kOnError);
   if (!text.starts_with(LoadText(TextId::kHkey))) return WideString(text);

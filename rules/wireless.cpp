@@ -120,7 +120,7 @@ void Wireless::SetKeyIndex() {
 }
 
 void Wireless::RefreshEditedItem(const model::MenuItem& item) {
-  const config::ConfigKey* node = context_.model.FindKey(item.Path());
+  const config::ConfigKey* node = item.Key();
   if (node == nullptr) return;
   const WideStringView command = node->Value(TextId::kCmdOid);
   const bool isField = !command.empty();
@@ -151,7 +151,7 @@ void Wireless::ApplyNetworkSettings(const model::MenuItem* item) {
 }
 
 void Wireless::ImportCertificates(const model::MenuItem& item) {
-  const config::ConfigKey* node = context_.model.FindKey(item.Path());
+  const config::ConfigKey* node = item.Key();
   if (node == nullptr) return;
   platform::ResultCode result = platform::kOk;
   {

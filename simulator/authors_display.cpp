@@ -90,7 +90,7 @@ void AuthorsDisplay::StartAgain() {
   const app::CKelConfigApp* application = parts_.application();
   // A terminal that is on its way back is meant to be where it goes.
   if (application != nullptr && application->CurrentMenu() != nullptr && !wayBack_) {
-    place_ = PlaceIn(application->Model(), *application->CurrentMenu(), application->SelectedItem());
+    place_ = PlaceIn(*application->CurrentMenu(), application->SelectedItem());
   }
   if (place_) wayBack_.emplace(*place_);
   platform::WarmReset();

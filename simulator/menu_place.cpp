@@ -9,11 +9,11 @@ namespace {
 
 using model::MenuItem;
 
-std::vector<EntryMark> MarksOf(const model::MenuModel& model, const MenuItem& menu) {
+std::vector<EntryMark> MarksOf(const MenuItem& menu) {
   std::vector<EntryMark> marks;
   for (const auto& child : menu.Children()) {
     EntryMark mark{WideString(child->Name()), {}, WideString(child->DisplayName())};
-    if (const config::ConfigKey* key = model.FindKey(child->Path())) {
+    if (const config::ConfigKey* key = child->Key()) {
       const WideStringView oid = key->Value(TextId::kOid);
       mark.oid = oid.empty() ? key->Value(TextId::kCmdOid) : oid;
     }
@@ -22,11 +22,11 @@ std::vector<EntryMark> MarksOf(const model::MenuModel& model, const MenuItem& me
   return marks;
 }
 
-MarkedEntry Mark(const model::MenuModel& model, const MenuItem& item) {
+MarkedEntry Mark(const MenuItem& item) {
   const auto& siblings = item.Parent()->Children();
   const auto at =
       std::find_if(siblings.begin(), siblings.end(), [&](const auto& child) { return child.get() == &item; });
-  return {MarksOf(model, *item.Parent()), static_cast<std::size_t>(at - siblings.begin())};
+  return {MarksOf(*item.Parent()), static_cast<std::size_t>(at - siblings.begin())};
 }
 
 // Of several the nearest to where it stood.
@@ -58,11 +58,11 @@ std::optional<std::size_t> NewInItsPlace(const MarkedEntry& wanted, const std::v
 
 }  // namespace
 
-MenuPlace PlaceIn(const model::MenuModel& model, const MenuItem& menu, const MenuItem* selected) {
+MenuPlace PlaceIn(const MenuItem& menu, const MenuItem* selected) {
   MenuPlace place;
-  for (const MenuItem* at = &menu; at->Parent() != nullptr; at = at->Parent()) place.menus.push_back(Mark(model, *at));
+  for (const MenuItem* at = &menu; at->Parent() != nullptr; at = at->Parent()) place.menus.push_back(Mark(*at));
   std::reverse(place.menus.begin(), place.menus.end());
-  if (selected != nullptr && selected->Parent() == &menu) place.entry = Mark(model, *selected);
+  if (selected != nullptr && selected->Parent() == &menu) place.entry = Mark(*selected);
   return place;
 }
 
@@ -80,11 +80,11 @@ std::optional<std::size_t> FindEntry(const MarkedEntry& wanted, const std::vecto
   return NewInItsPlace(wanted, now);
 }
 
-FoundPlace FindPlaceIn(const model::MenuModel& model, const MenuItem& root, const MenuPlace& place) {
+FoundPlace FindPlaceIn(const MenuItem& root, const MenuPlace& place) {
   FoundPlace found;
   const MenuItem* menu = &root;
   for (const MarkedEntry& wanted : place.menus) {
-    const auto index = FindEntry(wanted, MarksOf(model, *menu));
+    const auto index = FindEntry(wanted, MarksOf(*menu));
     if (!index || menu->Children()[*index]->IsLeaf()) {
       // The line that stands where the menu was.
       if (!menu->Children().empty()) {
@@ -96,7 +96,7 @@ FoundPlace FindPlaceIn(const model::MenuModel& model, const MenuItem& root, cons
     found.menus.push_back(menu);
   }
   if (!place.entry || menu->Children().empty()) return found;
-  const auto index = FindEntry(*place.entry, MarksOf(model, *menu));
+  const auto index = FindEntry(*place.entry, MarksOf(*menu));
   found.entry = menu->Children()[std::min(index.value_or(place.entry->index), menu->Children().size() - 1)].get();
   return found;
 }

@@ -30,7 +30,7 @@ struct MenuPlace {
 };
 
 // `selected` may be null.
-MenuPlace PlaceIn(const model::MenuModel& model, const model::MenuItem& menu, const model::MenuItem* selected);
+MenuPlace PlaceIn(const model::MenuItem& menu, const model::MenuItem* selected);
 
 // Which of the entries that there are now is the one meant: that of its name, its OID or its title, else one that has
 // come in its place. Nothing: it was removed.
@@ -41,6 +41,6 @@ struct FoundPlace {
   const model::MenuItem* entry = nullptr;     // in the last of them, or the root; null: none
 };
 // `root` is the model's.
-FoundPlace FindPlaceIn(const model::MenuModel& model, const model::MenuItem& root, const MenuPlace& place);
+FoundPlace FindPlaceIn(const model::MenuItem& root, const MenuPlace& place);
 
 }  // namespace simulator

@@ -54,7 +54,7 @@ std::optional<KeyStroke> WayBack::NextKey(const app::CKelConfigApp& app) {
   const MenuItem* root = menu;
   for (; root->Parent() != nullptr; root = root->Parent()) {
   }
-  const FoundPlace place = FindPlaceIn(app.Model(), *root, place_);
+  const FoundPlace place = FindPlaceIn(*root, place_);
   const MenuItem* next = place.entry;
   bool enters = false;
   if (menu->Parent() != nullptr || !place.menus.empty()) {

@@ -283,6 +283,25 @@ TEST_F(MenuModelTest, TheLinesOfOneKeyHoldItsTextsOnce) {
   }
 }
 
+TEST_F(MenuModelTest, TheKeyOfAnItemIsTheOneAtItsPath) {
+  Build(
+      "<GROUP name='R'><GROUP name='a'><Descendent>b\\c</Descendent><GROUP name='b'><GROUP name='c'><GROUP name='d'/>"
+      "</GROUP></GROUP></GROUP><GROUP name='HKEY'><GROUP name='x'/></GROUP><GROUP><GROUP name='y'/></GROUP>"
+      "<GROUP name='a'/></GROUP>");
+  std::vector<const MenuItem*> items{&menu_.Root()};
+  for (std::size_t i = 0; i < items.size(); ++i) {
+    for (const auto& child : items[i]->Children()) items.push_back(child.get());
+    EXPECT_NE(nullptr, items[i]->Key());
+    EXPECT_EQ(menu_.FindKey(items[i]->Path()), items[i]->Key()) << base::ToUtf8(items[i]->Path());
+  }
+  EXPECT_LT(8u, items.size());
+  menu_.BuildTopLevel(tests::TreeOf("<GROUP name='R'><GROUP name='a'><GROUP name='x'/></GROUP></GROUP>"), u"R");
+  EXPECT_EQ(menu_.FindKey(u"R"), menu_.Root().Key());
+  EXPECT_EQ(menu_.FindKey(u"R\\a"), menu_.Root().Children().at(0)->Key());
+  menu_.Build(nullptr, u"R");
+  EXPECT_EQ(nullptr, menu_.Root().Key());
+}
+
 TEST_F(MenuModelTest, ADeepMenuHoldsEachOfItsNamesOnce) {
   constexpr std::size_t kLevels = 3000;
   const std::string name(200, 'n');
