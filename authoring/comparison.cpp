@@ -4,22 +4,53 @@
 #include "authoring/checks/check.h"
 #include "authoring/entries.h"
 #include "base/utf8.h"
+#include "config/path_table.h"
 #include "values/choice_format.h"
 
 #include <algorithm>
+#include <functional>
 #include <map>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 
 namespace authoring {
 namespace {
 
+// Numbers for paths below the root: a path is the one before it and a name more, which costs no more than that name
+// however deep it leads.
+class PathNumbers {
+ public:
+  static constexpr std::size_t kRoot = 0;
+
+  // `name` may be a path itself; it lives longer.
+  std::size_t Below(std::size_t path, WideStringView name) {
+    config::ForEachName(name, [&](WideStringView one) {
+      path = numbers_.try_emplace(std::pair(path, one), numbers_.size() + 1).first->second;
+    });
+    return path;
+  }
+
+ private:
+  struct Hash {
+    std::size_t operator()(const std::pair<std::size_t, WideStringView>& step) const {
+      constexpr std::size_t kFactor = 0x9E3779B97F4A7C15;
+      return step.first * kFactor ^ std::hash<WideStringView>()(step.second);
+    }
+  };
+  std::unordered_map<std::pair<std::size_t, WideStringView>, std::size_t, Hash> numbers_;
+};
+
 // The entries of one configuration; each key once.
 struct Side {
-  explicit Side(const Configuration& source) : configuration(source), entries(*source.Tree(), source.RootPath()) {
+  Side(const Configuration& source, PathNumbers& numbers)
+      : configuration(source), entries(*source.Tree(), source.RootPath()) {
     for (const Entry& entry : entries.All()) {
       if (entry.first != nullptr) continue;
-      byPath.emplace(Entries::PathOf(entry), &entry);
+      const std::size_t path =
+          entry.parent == nullptr ? PathNumbers::kRoot : numbers.Below(paths.at(entry.parent), entry.name);
+      paths.emplace(&entry, path);
+      byPath.emplace(path, &entry);
       if (entry.Oid().empty()) continue;
       // An OID that occurs twice tells nothing apart.
       const auto [place, isNew] = byOid.emplace(entry.Oid(), &entry);
@@ -32,13 +63,14 @@ struct Side {
 
   const Configuration& configuration;
   Entries entries;
-  std::unordered_map<WideString, const Entry*> byPath;
+  std::unordered_map<const Entry*, std::size_t> paths;
+  std::unordered_map<std::size_t, const Entry*> byPath;
   std::unordered_map<WideStringView, const Entry*> byOid;
 };
 
 class Comparer {
  public:
-  Comparer(const Configuration& before, const Configuration& after) : old_(before), new_(after) {}
+  Comparer(const Configuration& before, const Configuration& after) : old_(before, numbers_), new_(after, numbers_) {}
 
   std::vector<Change> Run() {
     Match();
@@ -73,7 +105,7 @@ class Comparer {
     }
     for (const Entry& entry : new_.entries.All()) {
       if (entry.first != nullptr || oldOf_.contains(&entry)) continue;
-      const auto there = old_.byPath.find(Entries::PathOf(entry));
+      const auto there = old_.byPath.find(new_.paths.at(&entry));
       if (there == old_.byPath.end() || matched_.contains(there->second)) continue;
       // A property that has become another one is another entry.
       const bool sameKind = there->second->Oid().empty() == entry.Oid().empty();
@@ -209,6 +241,7 @@ class Comparer {
     }
   }
 
+  PathNumbers numbers_;
   Side old_;
   Side new_;
   std::unordered_map<const Entry*, const Entry*> oldOf_;

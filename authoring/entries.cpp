@@ -1,6 +1,7 @@
 #include "authoring/entries.h"
 
 #include "authoring/checks/attributes.h"
+#include "authoring/shown_path.h"
 #include "model/child_key.h"
 #include "model/entry_kind.h"
 #include "model/ordered_menu_items.h"
@@ -58,14 +59,13 @@ Entries::Entries(const config::PDataStore& tree, WideStringView rootPath) {
 }
 
 WideString Entries::PathOf(const Entry& entry) {
-  std::vector<const Entry*> way;
-  for (const Entry* at = &entry; at->parent != nullptr; at = at->parent) way.push_back(at);
-  WideString path;
-  for (auto at = way.rbegin(); at != way.rend(); ++at) {
-    if (!path.empty()) path.push_back(u'\\');
-    path.append((*at)->name);
-  }
-  return path;
+  const Entry* at = &entry;
+  return ShownPath([&at]() -> std::optional<WideStringView> {
+    if (at->parent == nullptr) return std::nullopt;
+    const WideStringView name = at->name;
+    at = at->parent;
+    return name;
+  });
 }
 
 }  // namespace authoring

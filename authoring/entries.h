@@ -37,7 +37,7 @@ class Entries {
   // All of them, each before those below it, the root first.
   const std::deque<Entry>& All() const { return entries_; }
 
-  // "Network\Addresses": the names down to the entry, without the root's.
+  // "Network\Addresses": the names down to the entry, without the root's, as ShownPath() has them.
   static WideString PathOf(const Entry& entry);
 
  private:

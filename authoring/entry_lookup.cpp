@@ -2,6 +2,7 @@
 
 #include "authoring/items.h"
 #include "authoring/nearest_name.h"
+#include "model/child_key.h"
 
 #include <algorithm>
 #include <functional>
@@ -10,12 +11,33 @@ namespace authoring {
 namespace {
 
 using model::MenuItem;
+using Same = bool (*)(WideStringView, WideStringView);
 
 std::vector<MenuItem*> Matching(const std::vector<MenuItem*>& items, const std::function<bool(MenuItem&)>& matches) {
   std::vector<MenuItem*> found;
   std::copy_if(items.begin(), items.end(), std::back_inserter(found), [&](MenuItem* item) { return matches(*item); });
   return found;
 }
+
+// Whether a path leads to an item, from the root or, `isFull`, with the root's own. Name by name from the end, so that
+// the paths of deep menus are not put together for each of their items.
+bool LeadsTo(const MenuItem& item, WideStringView path, bool isFull, Same same) {
+  const auto isFirst = [isFull](const MenuItem& at) {
+    if (at.Parent() == nullptr) return true;
+    return isFull ? model::IsAbsoluteName(at.Name()) : at.Parent()->Parent() == nullptr;
+  };
+  const MenuItem* at = &item;
+  for (; !isFirst(*at); at = at->Parent()) {
+    const std::size_t length = at->Name().size();
+    if (path.size() <= length) return false;
+    const std::size_t backslash = path.size() - length - 1;
+    if (path[backslash] != u'\\' || !same(path.substr(backslash + 1), at->Name())) return false;
+    path = path.substr(0, backslash);
+  }
+  return same(path, at->Name());
+}
+
+bool IsSame(WideStringView a, WideStringView b) { return a == b; }
 
 bool AreKeys(WideStringView text) {
   return !text.empty() && text.find_first_not_of(u"123456789- ") == WideStringView::npos;
@@ -27,13 +49,13 @@ std::vector<MenuItem*> FindEntries(Trial& trial, WideStringView text) {
   if (AreKeys(text)) {
     if (MenuItem* item = trial.ItemAt(text)) return {item};
   }
-  const auto same = base::EqualsIgnoringCase;
+  const Same same = base::EqualsIgnoringCase;
   const std::function<bool(MenuItem&)> ways[] = {
-      [&](MenuItem& item) { return PathOf(item) == text || item.Path() == text; },
-      [&](MenuItem& item) { return OidOf(trial, item) == text; },
+      [&](MenuItem& item) { return LeadsTo(item, text, false, IsSame) || LeadsTo(item, text, true, IsSame); },
+      [&](MenuItem& item) { return OidOf(item) == text; },
       [&](MenuItem& item) { return item.DisplayName() == text || base::Trim(item.Title()) == text; },
       [&](MenuItem& item) {
-        return same(PathOf(item), text) || same(OidOf(trial, item), text) || same(base::Trim(item.Title()), text);
+        return LeadsTo(item, text, false, same) || same(OidOf(item), text) || same(base::Trim(item.Title()), text);
       },
   };
   if (text.empty()) return {};
@@ -54,8 +76,8 @@ EntrySuggestions SuggestEntries(Trial& trial, WideStringView text) {
   names.reserve(3 * items.size());
   for (MenuItem* item : items) {
     names.emplace_back(base::Trim(item->Title()));
-    names.emplace_back(PathOf(*item));
-    names.emplace_back(OidOf(trial, *item));
+    names.emplace_back(ShownPathOf(*item));
+    names.emplace_back(OidOf(*item));
     const bool contains = std::any_of(names.end() - 3, names.end(), [&](const WideString& name) {
       return base::ToUpper(name).find(wanted) != WideString::npos;
     });

@@ -67,7 +67,7 @@ std::vector<Verdict> HiddenLinesWhenShown(Trial& trial, RuleTrace& trace, MenuIt
   } else {
     trial.Open(menu);
   }
-  return HiddenLines(trial, trace, menu);
+  return HiddenLines(trace, menu);
 }
 
 }  // namespace
@@ -81,14 +81,14 @@ Explanation Explain(Trial& trial, RuleTrace& trace, const ItemPlace& place, cons
 
   RulesThatCount counting;
   explanation.look = LookAt(trial, *item, [&](const model::MenuItem& menu, bool canBeOpened) {
-    Verdict verdict = VerdictOf(trial, trace, menu);
+    Verdict verdict = VerdictOf(trace, menu);
     counting.Add(verdict);
     if (!canBeOpened) explanation.closedMenus.push_back(std::move(verdict));
   });
-  explanation.line = VerdictOf(trial, trace, *item);
+  explanation.line = VerdictOf(trace, *item);
   counting.Add(explanation.line);
-  explanation.oid = OidOf(trial, *item);
-  if (const auto* key = trial.Model().FindKey(item->Path())) explanation.type = key->Value(TextId::kType);
+  explanation.oid = OidOf(*item);
+  if (const auto* key = item->Key()) explanation.type = key->Value(TextId::kType);
   explanation.isMenu = !item->IsLeaf();
   explanation.remarks = RemarksOn(trial, *item, explanation);
 

@@ -70,6 +70,6 @@ Explanation Explain(Trial& trial, RuleTrace& trace, const ItemPlace& item, const
 void AddHiddenBeside(Trial& trial, RuleTrace& trace, const ItemPlace& item, Explanation& explanation);
 
 // The lines of a menu that are not shown now.
-std::vector<Verdict> HiddenLines(Trial& trial, RuleTrace& trace, model::MenuItem& menu);
+std::vector<Verdict> HiddenLines(RuleTrace& trace, model::MenuItem& menu);
 
 }  // namespace authoring

@@ -45,7 +45,7 @@ struct FollowedTrial {
   // Runs all rules of an item, which begins with the choices that the configuration gives it. `follower` follows them
   // instead of the present listener.
   void RunRules(model::MenuItem& item, rules::RuleListener& follower) {
-    const config::ConfigKey* key = trial.Model().FindKey(item.Path());
+    const config::ConfigKey* key = item.Key();
     const WideStringView choices = key == nullptr ? WideStringView() : key->Value(TextId::kChoiceFmt);
     if (item.Descriptor() != nullptr && !choices.empty()) item.Descriptor()->ReplaceChoices(WideString(choices));
     rules::RuleListener* const before = std::exchange(slot.listener, &follower);

@@ -73,7 +73,7 @@ void Goals::AddWirelessAlerts(const model::MenuModel& model) {
 }
 
 void Goals::AddItem(Trial& trial, const model::MenuItem& item) {
-  const config::ConfigKey* key = trial.Model().FindKey(item.Path());
+  const config::ConfigKey* key = item.Key();
   if (key == nullptr) return;
   Goal goal;
   goal.place = PlaceOf(item);

@@ -1,5 +1,6 @@
 #include "authoring/items.h"
 
+#include "authoring/shown_path.h"
 #include "model/entry_kind.h"
 
 #include <algorithm>
@@ -37,16 +38,28 @@ model::MenuItem* ItemAtPlace(model::MenuModel& model, const ItemPlace& place) {
 }
 
 WideString PathOf(const MenuItem& item) {
+  std::vector<const MenuItem*> way;
+  for (const MenuItem* at = &item; at->Parent() != nullptr; at = at->Parent()) way.push_back(at);
   WideString path;
-  for (const MenuItem* at = &item; at->Parent() != nullptr; at = at->Parent()) {
-    path = path.empty() ? WideString(at->Name()) : WideString(at->Name()) + u"\\" + path;
+  for (auto at = way.rbegin(); at != way.rend(); ++at) {
+    if (!path.empty()) path.push_back(u'\\');
+    path.append((*at)->Name());
   }
   return path;
 }
 
-WideStringView OidOf(const Trial& trial, const MenuItem& item) {
-  const config::ConfigKey* key = trial.Model().FindKey(item.Path());
-  return key == nullptr ? WideStringView() : model::OidOf(*key);
+WideString ShownPathOf(const MenuItem& item) {
+  const MenuItem* at = &item;
+  return ShownPath([&at]() -> std::optional<WideStringView> {
+    if (at->Parent() == nullptr) return std::nullopt;
+    const WideStringView name = at->Name();
+    at = at->Parent();
+    return name;
+  });
+}
+
+WideStringView OidOf(const MenuItem& item) {
+  return item.Key() == nullptr ? WideStringView() : model::OidOf(*item.Key());
 }
 
 WideString KeysInWords(WideStringView keys) {

@@ -18,8 +18,10 @@ model::MenuItem* ItemAtPlace(model::MenuModel& model, const ItemPlace& place);
 
 // The path below the root, "Network\Addresses"; empty for the root.
 WideString PathOf(const model::MenuItem& item);
+// The same for people, of one that is very long its end alone.
+WideString ShownPathOf(const model::MenuItem& item);
 // OID or command OID; empty: no property.
-WideStringView OidOf(const Trial& trial, const model::MenuItem& item);
+WideStringView OidOf(const model::MenuItem& item);
 
 // "2-9-3"
 WideString KeysInWords(WideStringView keys);

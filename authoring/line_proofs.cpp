@@ -111,7 +111,7 @@ LineProofs::LineProofs(const Survey& survey, FollowedTrial& trial) : survey_(sur
 }
 
 const Subject* LineProofs::SubjectOf(const MenuItem& item) const {
-  const auto found = subjects_.find(trial_.trial.Model().FindKey(item.Path()));
+  const auto found = subjects_.find(item.Key());
   return found == subjects_.end() ? nullptr : found->second;
 }
 

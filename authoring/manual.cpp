@@ -288,7 +288,7 @@ class Writer {
     return menu == nullptr || menu->empty() ? "once it is shown" : "keys " + KeysHtml(*menu) + ", once it is shown";
   }
 
-  const config::ConfigKey* KeyOf(const ManualEntry& entry) const { return trial_.Model().FindKey(entry.item->Path()); }
+  const config::ConfigKey* KeyOf(const ManualEntry& entry) const { return entry.item->Key(); }
 
   static std::string Capital(std::string text) {
     if (!text.empty()) text.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(text.front())));
@@ -367,7 +367,7 @@ class Writer {
     if (entry.item->Descriptor() != nullptr && !IsMenu(entry)) {
       if (HasHandler(key, u"PromptWarmBoot")) Term("After a change", "the terminal asks whether to restart");
       const MenuItem* menu = entry.item->Parent();
-      const config::ConfigKey* menuKey = menu == nullptr ? nullptr : trial_.Model().FindKey(menu->Path());
+      const config::ConfigKey* menuKey = menu == nullptr ? nullptr : menu->Key();
       if (menuKey != nullptr && HasHandler(key, u"FlagChanges") && HasHandlerThatBegins(*menuKey, u"IfChanges:")) {
         Term("Takes effect", "when the menu is left");
       }

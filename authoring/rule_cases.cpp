@@ -95,6 +95,7 @@ RuleCases::RuleCases(const Survey& survey, FollowedTrial& trial, const std::vect
 }
 
 void RuleCases::Read(model::MenuItem& item, bool ownValue) {
+  if (tooMany_) return;
   Reading reading;
   trial_.RunRules(item, reading);
   if (ownValue && item.Descriptor() != nullptr) {

@@ -114,7 +114,7 @@ std::string ValueInWords(const Trial& trial, WideStringView oid, WideStringView 
 
 std::vector<std::string> RulesInWords(const Trial& trial, const model::MenuItem& item) {
   std::vector<std::string> sentences;
-  const config::ConfigKey* key = trial.Model().FindKey(item.Path());
+  const config::ConfigKey* key = item.Key();
   if (key == nullptr) return sentences;
   int number = 0;
   for (const WideStringView text : RulesOf(*key)) {

@@ -19,15 +19,14 @@ class Searcher {
   Searcher(Trial& trial, WideStringView text) : trial_(trial), wanted_(base::ToUpper(text)) {}
 
   std::vector<Hit> Run() {
+    if (wanted_.empty()) return {};
     std::vector<MenuItem*> items{&trial_.Model().Root()};
     CollectBelow(trial_.Model().Root(), items);
     for (MenuItem* item : items) Look(*item);
     std::stable_sort(hits_.begin(), hits_.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
     std::vector<Hit> found;
-    for (auto& [rank, hit] : hits_) {
-      hit.keys = trial_.KeysTo(*hit.item);
-      found.push_back(std::move(hit));
-    }
+    found.reserve(hits_.size());
+    for (auto& [rank, hit] : hits_) found.push_back(std::move(hit));
     return found;
   }
 
@@ -46,10 +45,10 @@ class Searcher {
   bool Holds(WideStringView text) const { return base::ToUpper(text).find(wanted_) != WideString::npos; }
 
   void Look(MenuItem& item) {
-    const config::ConfigKey* key = trial_.Model().FindKey(item.Path());
+    const config::ConfigKey* key = item.Key();
     if (key == nullptr) return;
     Rank best = kNoMatch;
-    Hit hit{&item, key, {}, {}, {}};
+    Hit hit{&item, key, {}, {}};
     const auto take = [&](Rank rank, WideStringView matched, WideStringView text) {
       if (rank >= best) return;
       best = rank;
@@ -77,8 +76,12 @@ class Searcher {
 
 }  // namespace
 
-std::vector<Hit> Search(Trial& trial, WideStringView text) {
-  return text.empty() ? std::vector<Hit>() : Searcher(trial, text).Run();
+Hits Search(Trial& trial, WideStringView text) {
+  std::vector<Hit> hits = Searcher(trial, text).Run();
+  std::vector<MenuItem*> items;
+  items.reserve(hits.size());
+  for (const Hit& hit : hits) items.push_back(hit.item);
+  return {std::move(hits), MenuKeys(trial, items)};
 }
 
 }  // namespace authoring

@@ -8,7 +8,7 @@ namespace authoring {
 
 using model::DisplayState;
 
-Verdict VerdictOf(const Trial& trial, const RuleTrace& trace, const model::MenuItem& item) {
+Verdict VerdictOf(const RuleTrace& trace, const model::MenuItem& item) {
   Verdict verdict;
   verdict.path = PathOf(item);
   verdict.title = base::Trim(item.Title());
@@ -17,7 +17,7 @@ Verdict VerdictOf(const Trial& trial, const RuleTrace& trace, const model::MenuI
   for (std::size_t i = 0; i < verdict.rules.size(); ++i) {
     if (verdict.rules[i].state) verdict.winner = i;
   }
-  const WideStringView oid = OidOf(trial, item);
+  const WideStringView oid = OidOf(item);
   for (const SeenWireless& change : trace.Wireless()) {
     if (oid.empty() || change.oid != oid) continue;
     verdict.wireless.push_back(change);
@@ -33,12 +33,12 @@ void RulesThatCount::Add(const Verdict& verdict) {
   wireless = wireless || !verdict.wireless.empty();
 }
 
-std::vector<Verdict> HiddenLines(Trial& trial, RuleTrace& trace, model::MenuItem& menu) {
+std::vector<Verdict> HiddenLines(RuleTrace& trace, model::MenuItem& menu) {
   std::vector<Verdict> hidden;
   for (const auto& child : menu.Children()) {
     const DisplayState state = child->State();
     if (state == DisplayState::kNotDisplayed || state == DisplayState::kBlank) {
-      hidden.push_back(VerdictOf(trial, trace, *child));
+      hidden.push_back(VerdictOf(trace, *child));
     }
   }
   return hidden;

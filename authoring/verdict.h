@@ -5,7 +5,7 @@
 
 namespace authoring {
 
-Verdict VerdictOf(const Trial& trial, const RuleTrace& trace, const model::MenuItem& item);
+Verdict VerdictOf(const RuleTrace& trace, const model::MenuItem& item);
 
 // The rules of a line and of the menus above it. Those of an open menu count as well: another value may close it.
 struct RulesThatCount {

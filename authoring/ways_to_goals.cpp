@@ -45,11 +45,11 @@ class WayFinder {
     trace_.Clear();
     model::MenuItem* item = ItemAtPlace(trial_.Model(), place);
     if (item == nullptr) return;
-    const WideString oid(OidOf(trial_, *item));
+    const WideString oid(OidOf(*item));
     RulesThatCount counting;
-    const auto count = [&](const model::MenuItem& of, bool) { counting.Add(VerdictOf(trial_, trace_, of)); };
+    const auto count = [&](const model::MenuItem& of, bool) { counting.Add(VerdictOf(trace_, of)); };
     const Look look = LookAt(trial_, *item, count);
-    counting.Add(VerdictOf(trial_, trace_, *item));
+    counting.Add(VerdictOf(trace_, *item));
     std::vector<Aim> aims;
     std::vector<bool> isThere;
     for (const Goal& goal : goals) {

@@ -40,17 +40,17 @@ const struct {
     {"{802.1X method}", wireless::kMethod8021X},
 };
 
-bool Verifies(const Trial& trial, const model::MenuItem& item) {
+bool Verifies(const model::MenuItem& item) {
   const model::MenuItem* menu = item.Parent();
-  const config::ConfigKey* key = menu == nullptr ? nullptr : trial.Model().FindKey(menu->Path());
+  const config::ConfigKey* key = menu == nullptr ? nullptr : menu->Key();
   return key != nullptr && base::EqualsIgnoringCase(key->Value(u"_OnEnter"), u"VerifyNetUI");
 }
 
 }  // namespace
 
 std::string WirelessInWords(const Trial& trial, const model::MenuItem& item) {
-  const config::ConfigKey* key = trial.Model().FindKey(item.Path());
-  if (key == nullptr || !Verifies(trial, item)) return {};
+  const config::ConfigKey* key = item.Key();
+  if (key == nullptr || !Verifies(item)) return {};
   const WideStringView oid = key->Value(TextId::kOid);
   std::string words;
   for (const auto& sentence : kSentences) {

@@ -14,6 +14,7 @@ namespace tools {
 namespace {
 
 using authoring::Hit;
+using authoring::Hits;
 
 struct Options {
   SourceOptions source;
@@ -21,15 +22,17 @@ struct Options {
   Format format = Format::kText;
 };
 
-std::string KeysOf(const Hit& hit) {
-  if (!hit.keys) return "hidden";
-  return hit.keys->empty() ? "main menu" : base::ToUtf8(authoring::KeysInWords(*hit.keys));
+std::string InWords(const std::optional<WideString>& keys) {
+  if (!keys) return "hidden";
+  return keys->empty() ? "main menu" : base::ToUtf8(authoring::KeysInWords(*keys));
 }
 
-void PrintText(const std::vector<Hit>& hits, const Streams& streams) {
-  for (const Hit& hit : hits) {
-    streams.out << Coloured(KeysOf(hit), hit.keys ? "32" : "33", streams.colours) << "  "
-                << base::ToUtf8(base::Trim(hit.item->Title())) << "  " << base::ToUtf8(authoring::PathOf(*hit.item));
+void PrintText(const Hits& hits, const Streams& streams) {
+  for (const Hit& hit : hits.all) {
+    const auto keys = hits.keys.To(*hit.item);
+    streams.out << Coloured(InWords(keys), keys ? "32" : "33", streams.colours) << "  "
+                << base::ToUtf8(base::Trim(hit.item->Title())) << "  "
+                << base::ToUtf8(authoring::ShownPathOf(*hit.item));
     if (!model::OidOf(*hit.key).empty()) streams.out << "  " << base::ToUtf8(model::OidOf(*hit.key));
     const bool isSaid = hit.matched == LoadText(TextId::kDisplayName) || hit.text == model::OidOf(*hit.key);
     if (!isSaid) streams.out << "\n    " << base::ToUtf8(hit.matched) << ": " << base::ToUtf8(hit.text);
@@ -37,14 +40,15 @@ void PrintText(const std::vector<Hit>& hits, const Streams& streams) {
   }
 }
 
-void PrintJson(const authoring::Configuration& configuration, const std::vector<Hit>& hits, const Streams& streams) {
+void PrintJson(const authoring::Configuration& configuration, const Hits& hits, const Streams& streams) {
   auto list = nlohmann::ordered_json::array();
-  for (const Hit& hit : hits) {
+  for (const Hit& hit : hits.all) {
+    const auto keys = hits.keys.To(*hit.item);
     nlohmann::ordered_json json;
-    json["path"] = base::ToUtf8(authoring::PathOf(*hit.item));
+    json["path"] = base::ToUtf8(authoring::ShownPathOf(*hit.item));
     json["name"] = base::ToUtf8(hit.item->Title());
     json["oid"] = base::ToUtf8(model::OidOf(*hit.key));
-    json["keys"] = hit.keys ? nlohmann::ordered_json(base::ToUtf8(authoring::KeysInWords(*hit.keys))) : nullptr;
+    json["keys"] = keys ? nlohmann::ordered_json(base::ToUtf8(authoring::KeysInWords(*keys))) : nullptr;
     json["matched"] = base::ToUtf8(hit.matched);
     json["text"] = base::ToUtf8(hit.text);
     const authoring::Position position = configuration.PositionOf(*hit.key);
@@ -59,13 +63,13 @@ int Run(const Options& options, Streams& streams) {
   const auto configuration = LoadWellFormed(options.source, streams);
   if (!configuration) return kUnusable;
   authoring::Trial trial(*configuration);
-  const std::vector<Hit> hits = authoring::Search(trial, base::FromUtf8(options.text));
+  const Hits hits = authoring::Search(trial, base::FromUtf8(options.text));
   if (options.format == Format::kJson) {
     PrintJson(*configuration, hits, streams);
   } else {
     PrintText(hits, streams);
   }
-  return hits.empty() ? kFound : kFine;
+  return hits.all.empty() ? kFound : kFine;
 }
 
 }  // namespace

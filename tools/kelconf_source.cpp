@@ -12,7 +12,7 @@ namespace {
 void List(const std::vector<model::MenuItem*>& items, const Streams& streams) {
   constexpr std::size_t kMost = 20;
   for (std::size_t i = 0; i < items.size() && i < kMost; ++i) {
-    const WideString path = authoring::PathOf(*items[i]);
+    const WideString path = authoring::ShownPathOf(*items[i]);
     streams.errors << "  " << base::ToUtf8(path.empty() ? WideStringView(items[i]->Path()) : path) << "  "
                    << base::ToUtf8(base::Trim(items[i]->Title())) << '\n';
   }

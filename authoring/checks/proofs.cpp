@@ -106,7 +106,7 @@ class Prover {
   Prover(const Survey& survey, FollowedTrial& trial, Findings& findings)
       : survey_(survey), trial_(trial), findings_(findings) {
     for (MenuItem* item : ItemsOf(trial.trial.Model())) {
-      if (const config::ConfigKey* key = trial.trial.Model().FindKey(item->Path())) items_.emplace(key, item);
+      if (const config::ConfigKey* key = item->Key()) items_.emplace(key, item);
     }
   }
 
