@@ -7,5 +7,5 @@ cd "$(dirname "$0")/.."
 
 mode=(--dry-run --Werror)
 [ "${1:-}" != --fix ] || mode=(-i)
-find app authoring base bench config model platform rules simulator tests tools ui values -name '*.h' -o -name '*.cpp' | sort |
+find app authoring base bench config model platform rules simulator snmp tests tools ui values -name '*.h' -o -name '*.cpp' | sort |
   xargs clang-format-14 "${mode[@]}"

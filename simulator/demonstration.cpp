@@ -55,7 +55,9 @@ fs::path DemonstrationOriginal() {
   std::error_code error;
   const fs::path folder = fs::read_symlink("/proc/self/exe", error).parent_path();
   if (error) return {};
-  for (const fs::path& candidate : {folder / "share", folder.parent_path() / "share"}) {
+  // Beside kelterm, as built; where programs are installed; beside kelterm again, for a program of a folder next to it.
+  for (const fs::path& candidate :
+       {folder / "share", folder.parent_path() / "share", folder.parent_path() / "simulator" / "share"}) {
     const fs::path original = candidate / "kelterm" / "terminal";
     if (fs::is_directory(original, error)) return original;
   }

@@ -2,7 +2,6 @@
 
 #include "base/utf8.h"
 #include "simulator/columns.h"
-#include "simulator/text_file.h"
 
 #include <algorithm>
 #include <charconv>
@@ -94,6 +93,19 @@ DeviceStore::~DeviceStore() {
   if (superseded_ > 0) Compact();
 }
 
+void DeviceStore::SyncWith(SyncFile sync) {
+  const std::lock_guard lock(mutex_);
+  sync_ = std::move(sync);
+}
+
+std::vector<DeviceLine> DeviceStore::AllLines() {
+  const std::lock_guard lock(mutex_);
+  std::vector<DeviceLine> lines;
+  lines.reserve(lines_.size());
+  for (const auto& [oid, line] : lines_) lines.push_back(line);
+  return lines;
+}
+
 void DeviceStore::ShareFile() {
   const std::lock_guard lock(mutex_);
   shared_ = true;
@@ -150,20 +162,46 @@ platform::ResultCode DeviceStore::Get(const WideString& oid, std::optional<WideS
 }
 
 platform::ResultCode DeviceStore::Set(const WideString& oid, const WideString& value) {
+  return Set({Change{oid, value}});
+}
+
+platform::ResultCode DeviceStore::Set(const std::vector<Change>& changes) {
   const std::lock_guard lock(mutex_);
-  const auto found = lines_.find(oid);
-  if (found == lines_.end()) return platform::kFailed;
-  const DeviceOptions& options = found->second.options;
-  Pass(options.delayMs);
-  if (options.readOnly) return platform::kAccessDenied;
-  const platform::ResultCode code = options.set.value_or(platform::kOk);
-  if (code < 0) return code;
-  DeviceLine changed = found->second;
-  changed.value = value;
-  if (!Append(changed)) return platform::kFailed;
-  found->second = std::move(changed);
+  platform::ResultCode result = platform::kOk;
+  std::vector<DeviceLine> changed;
+  changed.reserve(changes.size());
+  for (const Change& change : changes) {
+    const auto found = lines_.find(change.oid);
+    if (found == lines_.end()) return platform::kFailed;
+    const DeviceOptions& options = found->second.options;
+    Pass(options.delayMs);
+    if (options.readOnly) return platform::kAccessDenied;
+    const platform::ResultCode code = options.set.value_or(platform::kOk);
+    if (code < 0) return code;
+    if (result == platform::kOk) result = code;
+    changed.push_back(found->second);
+    changed.back().value = change.value;
+  }
+  if (!Write(changed)) return platform::kFailed;
+  for (DeviceLine& line : changed) lines_.find(line.oid)->second = std::move(line);
   if (superseded_ > kMaxSuperseded + lines_.size()) Compact();
-  return code;
+  return result;
+}
+
+bool DeviceStore::Write(const std::vector<DeviceLine>& changed) {
+  if (changed.empty()) return true;
+  if (!(changed.size() == 1 ? Append(changed.front()) : Rewrite(changed))) return false;
+  superseded_ += changed.size();
+  return true;
+}
+
+// Several lines cannot be made to count at once where they stand: the file is replaced by one that has them.
+bool DeviceStore::Rewrite(const std::vector<DeviceLine>& changed) {
+  auto bytes = ReadTextFile(file_);
+  if (!bytes) return false;
+  if (!bytes->empty() && !bytes->ends_with('\n')) bytes->push_back('\n');
+  for (const DeviceLine& line : changed) bytes->append(FormatDeviceLine(line)).push_back('\n');
+  return ReplaceTextFile(file_, *bytes, sync_);
 }
 
 // The new line is appended as a comment, its first character hidden by a "#". Putting that one character in its place
@@ -183,15 +221,16 @@ bool DeviceStore::Append(const DeviceLine& line) {
   output.seekp(0, std::ios::end);
   if (last != '\n') output.put('\n');
   output.put('#').write(text.data() + 1, static_cast<std::streamsize>(text.size() - 1)).flush();
-  if (output) output.seekp(start).put(text.front()).flush();
-  const bool written = output.good();
+  // The rest is on disk before the character that makes it count.
+  bool written = output && IsOnDisk();
+  if (written) output.seekp(start).put(text.front()).flush();
+  written = written && output.good() && IsOnDisk();
   output.close();
   if (!written) {
     std::error_code error;
     std::filesystem::resize_file(file_, static_cast<std::uintmax_t>(oldSize), error);
     return false;
   }
-  ++superseded_;
   return true;
 }
 
@@ -213,7 +252,7 @@ void DeviceStore::Compact() {
     }
     return true;
   });
-  ReplaceTextFile(file_, tidy);
+  ReplaceTextFile(file_, tidy, sync_);
 }
 
 void DeviceStore::Pass(int delayMs) const {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/device.h"
+#include "simulator/text_file.h"
 
 #include <filesystem>
 #include <functional>
@@ -10,6 +11,7 @@
 #include <optional>
 #include <string>
 #include <unordered_map>
+#include <vector>
 
 namespace simulator {
 
@@ -45,6 +47,11 @@ class DeviceStore {
     std::unique_ptr<DeviceStore> store;  // null when the file cannot be read or has a broken line
     std::string problem;                 // then: one line that names the file
   };
+  struct Change {
+    WideString oid;
+    WideString value;
+  };
+
   // A missing file is a device without values.
   static Opened Open(const std::filesystem::path& file, Wait wait = {});
 
@@ -58,6 +65,12 @@ class DeviceStore {
   // Another process has the file as well: from now on it is only added to.
   void ShareFile();
 
+  // From now on Set returns when not even a loss of power undoes it.
+  void SyncWith(SyncFile sync);
+
+  // All values, in no order.
+  std::vector<DeviceLine> AllLines();
+
   // Whether the file says what this device has; not so when somebody has edited it.
   bool IsAsInFile();
 
@@ -66,18 +79,24 @@ class DeviceStore {
   // Returns when the value is on disk; on any failure nothing has changed. Whenever the process is killed, the file
   // holds the state before this call or after it.
   platform::ResultCode Set(const WideString& oid, const WideString& value);
+  // The same for several in one step. Fails as the first that fails, and then none is changed.
+  platform::ResultCode Set(const std::vector<Change>& changes);
 
  private:
   using Lines = std::unordered_map<WideString, DeviceLine>;
   static std::string Parse(std::string_view bytes, Lines& lines, std::size_t& superseded);
   std::string Read();
   bool AreIn(const std::optional<std::string>& bytes) const;
+  bool Write(const std::vector<DeviceLine>& changed);
   bool Append(const DeviceLine& line);
+  bool Rewrite(const std::vector<DeviceLine>& changed);
+  bool IsOnDisk() const { return !sync_ || sync_(file_); }
   void Compact();
   void Pass(int delayMs) const;
 
   const std::filesystem::path file_;
   const Wait wait_;
+  SyncFile sync_;
   std::mutex mutex_;
   Lines lines_;
   std::size_t superseded_ = 0;  // lines of the file that a later one replaces

@@ -30,7 +30,7 @@ std::filesystem::perms RightsFor(const std::filesystem::path& file) {
 
 }  // namespace
 
-bool ReplaceTextFile(const std::filesystem::path& file, std::string_view bytes) {
+bool ReplaceTextFile(const std::filesystem::path& file, std::string_view bytes, const SyncFile& sync) {
   std::filesystem::path fresh = file;
   fresh += ".new";
   std::error_code error;
@@ -40,15 +40,19 @@ bool ReplaceTextFile(const std::filesystem::path& file, std::string_view bytes) 
     std::filesystem::permissions(fresh, RightsFor(file), error);
     output.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     output.close();
-    if (output.fail()) {
+    if (output.fail() || (sync && !sync(fresh))) {
       std::filesystem::remove(fresh, error);
       return false;
     }
   }
   std::filesystem::rename(fresh, file, error);
-  if (!error) return true;
-  std::filesystem::remove(fresh, error);
-  return false;
+  if (error) {
+    std::filesystem::remove(fresh, error);
+    return false;
+  }
+  // The file has its new bytes whatever comes of this; which of the two would be found after the power failed is open.
+  if (sync) sync(file.has_parent_path() ? file.parent_path() : ".");
+  return true;
 }
 
 bool ForEachLine(std::string_view bytes, const std::function<bool(std::size_t number, std::string_view line)>& visit) {

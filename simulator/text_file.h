@@ -12,8 +12,12 @@ namespace simulator {
 // Nothing when there is no such file, or it cannot be read.
 std::optional<std::string> ReadTextFile(const std::filesystem::path& file);
 
-// True once the file holds exactly `bytes`; until then, and on failure, it is what it was.
-bool ReplaceTextFile(const std::filesystem::path& file, std::string_view bytes);
+// Returns when what was written to a file or folder cannot be lost with the power; false when it may be.
+using SyncFile = std::function<bool(const std::filesystem::path& file)>;
+
+// True once the file holds exactly `bytes`, after `sync` if there is one; until then, and on failure, it is what it
+// was.
+bool ReplaceTextFile(const std::filesystem::path& file, std::string_view bytes, const SyncFile& sync = {});
 
 // Calls `visit` with the number, from 1, of each line and the line without its end, until one call answers false; a
 // byte order mark is passed over. Returns whether every call answered true.

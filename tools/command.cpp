@@ -16,6 +16,18 @@ bool HasCommand(const Program& program, const std::string& name) {
                      [&name](const CommandRow& row) { return row.name == name; });
 }
 
+// Of several commands one has to come first, if nothing is asked of the program itself.
+bool NamesACommand(const Program& program, const std::vector<std::string>& arguments, std::ostream& errors) {
+  const bool isNamed = !arguments.empty() && !arguments.front().starts_with('-');
+  if (!arguments.empty() && (!isNamed || HasCommand(program, arguments.front()))) return true;
+  errors << program.name << ": "
+         << (isNamed ? "there is no command \"" + arguments.front() + "\"" : std::string("a command is missing"))
+         << "; there are";
+  for (const CommandRow& row : program.commands) errors << ' ' << row.name;
+  errors << "\nRun with --help for more information.\n";
+  return false;
+}
+
 }  // namespace
 
 void Command::Text(const std::string& names, std::string& value, const std::string& help) {
@@ -59,19 +71,12 @@ void Command::Do(std::function<int()> run) {
 int RunCommandLine(const Program& program, const std::vector<std::string>& arguments, std::ostream& out,
                    std::ostream& errors) {
   CLI::App app(program.description, program.name);
-  app.require_subcommand(1);
+  if (!program.commands.empty()) app.require_subcommand(1);
   app.set_version_flag("--version", program.version);
   app.footer(program.remarks);
   int status = kFine;
-  const bool isNamed = !arguments.empty() && !arguments.front().starts_with('-');
-  if (arguments.empty() || (isNamed && !HasCommand(program, arguments.front()))) {
-    errors << program.name << ": "
-           << (isNamed ? "there is no command \"" + arguments.front() + "\"" : std::string("a command is missing"))
-           << "; there are";
-    for (const CommandRow& row : program.commands) errors << ' ' << row.name;
-    errors << "\nRun with --help for more information.\n";
-    return kUnusable;
-  }
+  if (!program.commands.empty() && !NamesACommand(program, arguments, errors)) return kUnusable;
+  if (program.describe) program.describe(Command(app, status));
   for (const CommandRow& row : program.commands) {
     row.describe(Command(*app.add_subcommand(row.name, row.description), status));
   }

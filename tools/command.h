@@ -1,4 +1,4 @@
-// How a program of several commands describes them, their arguments and options, and what they do.
+// How a program, or each of its commands, describes its arguments and options, and what it does.
 //
 // Only command.cpp sees the library that reads command lines: it takes longer to compile than the commands themselves.
 #pragma once
@@ -60,10 +60,11 @@ struct Program {
   const char* version;
   const char* remarks;  // below the commands in --help
   std::vector<CommandRow> commands;
+  std::function<void(Command)> describe = {};
 };
 
-// Runs the command that the arguments name and returns its exit status; kUnusable, after it was said on `errors` why,
-// when they name none or cannot be read.
+// Runs the command that the arguments name, or the program itself when it has no commands and `describe` says what it
+// does. Returns the exit status; kUnusable, after it was said on `errors` why, when the arguments cannot be used.
 int RunCommandLine(const Program& program, const std::vector<std::string>& arguments, std::ostream& out,
                    std::ostream& errors);
 

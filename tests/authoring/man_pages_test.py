@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""man_pages_test.py KELCONF KELTERM: the manual pages are well written and say what --help says."""
+"""man_pages_test.py KELCONF KELTERM [KELAGENT]: the manual pages are well written and say what --help says."""
 
 import os
 import pathlib
@@ -20,7 +20,7 @@ def run(*command):
 def helps():
     """The program that each page is about, with what its --help says."""
     commands = re.findall(r"^  ([a-z]+)  ", run(KELCONF, "--help").stdout, re.MULTILINE)
-    programs = {"kelterm": [KELTERM], "kelconf": [KELCONF]}
+    programs = {"kelterm": [KELTERM], "kelconf": [KELCONF], **({"kelagent": [KELAGENT]} if KELAGENT else {})}
     programs.update({f"kelconf-{command}": [KELCONF, command] for command in commands})
     return {name: run(*program, "--help").stdout for name, program in programs.items()}
 
@@ -43,6 +43,8 @@ class ManPages(unittest.TestCase):
     def setUp(self):
         self.helps = helps()
         self.pages = {path.stem: path.read_text(encoding="utf-8") for path in MAN.glob("*.1")}
+        if not KELAGENT:  # it is not built everywhere
+            self.pages.pop("kelagent")
 
     def test_every_program_and_command_has_a_page(self):
         self.assertEqual(set(self.helps), set(self.pages))
@@ -83,6 +85,7 @@ class ManPages(unittest.TestCase):
 
 
 if __name__ == "__main__":
+    KELAGENT = pathlib.Path(sys.argv.pop(3)).resolve() if len(sys.argv) > 3 else None
     KELTERM = pathlib.Path(sys.argv.pop(2)).resolve()
     KELCONF = pathlib.Path(sys.argv.pop(1)).resolve()
     unittest.main()

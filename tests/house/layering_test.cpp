@@ -198,11 +198,19 @@ struct Annex {
 };
 const std::vector<Annex> kAnnexes = {
     {"authoring", {"authoring", "simulator"}, {"nlohmann/"}},
-    {"tools", {"tools", "authoring", "simulator"}, {"nlohmann/", "CLI/"}},
+    {"snmp", {"snmp", "simulator"}, {}},
+    {"tools", {"tools", "authoring", "simulator", "snmp"}, {"nlohmann/", "CLI/"}},
 };
+
+// The only sources that see net-snmp's library, and with it the sockets.
+const std::set<std::string> kOfNetSnmp = {"snmp/pdu_translation.cpp", "snmp/pdu_translation.h", "snmp/responder.cpp"};
+
+// Of the simulator, what is on the network needs the device's store alone, and the files it is kept in.
+const std::set<std::string> kStoreOfTheDevice = {"simulator/device_store.h", "simulator/text_file.h"};
 
 std::string WrongInAnnex(const Include& include, const Annex& annex) {
   if (include.isSystem) {
+    if (kOfNetSnmp.contains(include.file)) return "";
     const auto isOf = [&](const std::string& library) { return StartsWith(include.header, library); };
     const bool allowed =
         kStandardHeaders.contains(include.header) || std::any_of(annex.libraries.begin(), annex.libraries.end(), isOf);
@@ -211,6 +219,11 @@ std::string WrongInAnnex(const Include& include, const Annex& annex) {
   }
   const std::string folder = FolderOf(include.header);
   const bool isFloor = std::find(kFloors.begin(), kFloors.end(), folder) != kFloors.end();
+  if (annex.folder == "snmp" && folder == "simulator" && !kStoreOfTheDevice.contains(include.header)) {
+    return "more of the simulator than the device's store";
+  }
+  if (annex.folder == "snmp" && isFloor && folder != "base" && folder != "platform")
+    return "a floor above the platform";
   return isFloor || annex.folders.contains(folder) ? "" : "a folder it does not stand on";
 }
 
@@ -229,6 +242,17 @@ TEST(Layering, WhatIsForAuthorsStandsOnTheFloorsAndOnStandardHeaders) {
   const Include ofTheSystem{"authoring/x.cpp", "", "unistd.h", true};
   EXPECT_EQ("a folder it does not stand on", WrongInAnnex(upwards, kAnnexes[0]));
   EXPECT_EQ("a header of the system", WrongInAnnex(ofTheSystem, kAnnexes[0]));
+  const struct {
+    Include include;
+    const char* wrong;
+  } cases[] = {
+      {{"snmp/x.cpp", "", "simulator/device_store.h", false}, ""},
+      {{"snmp/x.cpp", "", "simulator/terminal.h", false}, "more of the simulator than the device's store"},
+      {{"snmp/x.cpp", "", "model/menu_item.h", false}, "a floor above the platform"},
+      {{"snmp/x.cpp", "", "net-snmp/net-snmp-includes.h", true}, "a header of the system"},
+      {{"snmp/responder.cpp", "", "net-snmp/net-snmp-includes.h", true}, ""},
+  };
+  for (const auto& c : cases) EXPECT_EQ(c.wrong, WrongInAnnex(c.include, kAnnexes[1])) << c.include.header;
 }
 
 TEST(Layering, SharedCodeDoesNotAskForThePlatform) {

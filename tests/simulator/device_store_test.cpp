@@ -154,6 +154,72 @@ TEST(DeviceStore, AFileThatIsGoneRefusesTheSet) {
   EXPECT_EQ(u"5", Answer(*device, u"1.2"));
 }
 
+TEST(DeviceStore, SeveralChangesAreOneStep) {
+  const Root root;
+  root.Write("device.txt", "# kept\n1.2\tInteger\t5\tdelay=1\n1.3\tHex\tab");
+  const auto device = Open(root);
+  EXPECT_EQ(platform::kOk, device->Set({{u"1.3", u"cd"}, {u"1.2", u"6"}, {u"1.3", u"ef"}}));
+  EXPECT_EQ("# kept\n1.2\tInteger\t5\tdelay=1\n1.3\tHex\tab\n1.3\tHex\tcd\n1.2\tInteger\t6\tdelay=1\n1.3\tHex\tef\n",
+            root.Read("device.txt"));
+  EXPECT_EQ(u"6", Answer(*device, u"1.2"));
+  EXPECT_EQ(u"ef", Answer(*device, u"1.3"));
+  EXPECT_EQ(platform::kOk, device->Set(std::vector<DeviceStore::Change>{}));
+}
+
+TEST(DeviceStore, SeveralChangesFailAsTheFirstThatFailsAndNoneIsMade) {
+  const Root root;
+  const std::string before =
+      "1\tInteger\t5\nro\tInteger\t5\treadonly\nset\tInteger\t5\tset=0x80041234\nodd\tHex\tab\tset=0x00000001\n";
+  root.Write("device.txt", before);
+  const auto device = Open(root);
+  EXPECT_EQ(platform::kAccessDenied, device->Set({{u"1", u"6"}, {u"ro", u"6"}, {u"set", u"6"}}));
+  EXPECT_EQ(kMade, device->Set({{u"1", u"6"}, {u"set", u"6"}, {u"ro", u"6"}}));
+  EXPECT_EQ(platform::kFailed, device->Set({{u"1", u"6"}, {u"none", u"6"}, {u"ro", u"6"}}));
+  EXPECT_EQ(before, root.Read("device.txt"));
+  EXPECT_EQ(u"5", Answer(*device, u"1"));
+  EXPECT_EQ(1, device->Set({{u"1", u"6"}, {u"odd", u"cd"}}));
+  std::filesystem::remove(root.Path() / "device.txt");
+  EXPECT_EQ(platform::kFailed, device->Set({{u"1", u"7"}, {u"odd", u"ef"}}));
+  EXPECT_EQ(u"6", Answer(*device, u"1"));
+}
+
+TEST(DeviceStore, ALineIsOnDiskBeforeItCountsAndASetBeforeItReturns) {
+  const Root root;
+  const std::string before = "1.2\tInteger\t5\n1.3\tInteger\t5\n";
+  root.Write("device.txt", before);
+  std::vector<std::string> synced;
+  const auto device = Open(root);
+  device->SyncWith([&](const std::filesystem::path& file) {
+    synced.push_back(file.filename().string() + ":" +
+                     (is_directory(file) ? "" : root.Read(file.filename()).substr(before.size())));
+    return true;
+  });
+  EXPECT_EQ(platform::kOk, device->Set(u"1.2", u"6"));
+  EXPECT_EQ((std::vector<std::string>{"device.txt:#.2\tInteger\t6\n", "device.txt:1.2\tInteger\t6\n"}), synced);
+  synced.clear();
+  EXPECT_EQ(platform::kOk, device->Set({{u"1.2", u"7"}, {u"1.3", u"7"}}));
+  const std::string lines = "1.2\tInteger\t6\n1.2\tInteger\t7\n1.3\tInteger\t7\n";
+  EXPECT_EQ((std::vector<std::string>{"device.txt.new:" + lines, root.Path().filename().string() + ":"}), synced);
+}
+
+TEST(DeviceStore, ADiskThatFailsRefusesTheSetAndChangesNothing) {
+  const Root root;
+  const std::string before = "1.2\tInteger\t5\n1.3\tInteger\t5\n";
+  root.Write("device.txt", before);
+  const auto device = Open(root);
+  for (int good = 0; good < 2; ++good) {
+    int left = good;
+    device->SyncWith([&left](const std::filesystem::path&) { return left-- > 0; });
+    EXPECT_EQ(platform::kFailed, device->Set(u"1.2", u"6")) << good;
+    EXPECT_EQ(before, root.Read("device.txt")) << good;
+  }
+  device->SyncWith([](const std::filesystem::path&) { return false; });
+  EXPECT_EQ(platform::kFailed, device->Set({{u"1.2", u"6"}, {u"1.3", u"6"}}));
+  EXPECT_EQ(before, root.Read("device.txt"));
+  EXPECT_FALSE(root.Has("device.txt.new"));
+  EXPECT_EQ(u"5", Answer(*device, u"1.2"));
+}
+
 TEST(DeviceStore, OfTwoLinesForOneOidTheLastCounts) {
   const Root root;
   root.Write("device.txt", "1.2\tInteger\t5\treadonly\n1.3\tInteger\t1\n1.2\tHex\t6\n");

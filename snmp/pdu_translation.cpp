@@ -1,0 +1,87 @@
+#include "snmp/pdu_translation.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace snmp {
+namespace {
+
+const std::pair<int, Command> kCommands[] = {
+    {SNMP_MSG_GET, Command::kGet},
+    {SNMP_MSG_GETNEXT, Command::kGetNext},
+    {SNMP_MSG_GETBULK, Command::kGetBulk},
+    {SNMP_MSG_SET, Command::kSet},
+};
+
+Value ValueOf(const netsnmp_variable_list& from) {
+  Value value{static_cast<ValueType>(from.type), 0, {}};
+  switch (value.type) {
+    case ValueType::kInteger:
+    case ValueType::kCounter32:
+    case ValueType::kGauge32:
+    case ValueType::kTimeTicks: value.number = *from.val.integer; break;
+    case ValueType::kOctets:
+    case ValueType::kOpaque:
+    case ValueType::kIpAddress:
+      if (from.val_len > 0) value.bytes.assign(reinterpret_cast<const char*>(from.val.string), from.val_len);
+      break;
+    default: break;
+  }
+  return value;
+}
+
+// Adds behind `last`, which is null at first, and returns what is last then; null: there is no memory.
+netsnmp_variable_list* Append(const Variable& variable, netsnmp_pdu& pdu, netsnmp_variable_list* last) {
+  std::array<oid, MAX_OID_LEN> name = {};
+  const std::size_t length = std::min(variable.oid.size(), name.size());
+  std::copy_n(variable.oid.begin(), length, name.begin());
+  const auto type = static_cast<u_char>(variable.value.type);
+  netsnmp_variable_list** list = last == nullptr ? &pdu.variables : &last->next_variable;
+  const auto add = [&](const void* bytes, std::size_t size) {
+    return snmp_varlist_add_variable(list, name.data(), length, type, bytes, size);
+  };
+  switch (variable.value.type) {
+    case ValueType::kInteger:
+    case ValueType::kCounter32:
+    case ValueType::kGauge32:
+    case ValueType::kTimeTicks: {
+      const long number = variable.value.number;
+      return add(&number, sizeof number);
+    }
+    default: return add(variable.value.bytes.data(), variable.value.bytes.size());
+  }
+}
+
+}  // namespace
+
+std::optional<Request> RequestOf(const netsnmp_pdu& pdu) {
+  const auto* const known = std::find_if(std::begin(kCommands), std::end(kCommands),
+                                         [&pdu](const auto& command) { return command.first == pdu.command; });
+  if (known == std::end(kCommands)) return std::nullopt;
+  Request request{known->second, pdu.non_repeaters, pdu.max_repetitions, {}};
+  for (const netsnmp_variable_list* from = pdu.variables; from != nullptr; from = from->next_variable) {
+    Variable& variable = request.variables.emplace_back();
+    for (std::size_t i = 0; i < from->name_length; ++i) {
+      variable.oid.push_back(static_cast<std::uint32_t>(from->name[i]));
+    }
+    variable.value = ValueOf(*from);
+  }
+  return request;
+}
+
+void MakeResponse(const Response& response, netsnmp_pdu& copy) {
+  const bool givesBack = copy.command == SNMP_MSG_SET || response.status != ErrorStatus::kNoError;
+  copy.command = SNMP_MSG_RESPONSE;
+  copy.errstat = static_cast<long>(response.status);
+  copy.errindex = static_cast<long>(response.index);
+  if (givesBack && response.status != ErrorStatus::kTooBig) return;
+  snmp_free_varbind(std::exchange(copy.variables, nullptr));
+  netsnmp_variable_list* last = nullptr;
+  for (const Variable& variable : response.variables) {
+    last = Append(variable, copy, last);
+    if (last == nullptr) return;
+  }
+}
+
+}  // namespace snmp

@@ -1,0 +1,214 @@
+#include "snmp/responder.h"
+
+#include "snmp/pdu_translation.h"
+
+#include <netinet/in.h>
+#include <poll.h>
+#include <sys/socket.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+namespace snmp {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+// Requests whose time has not come; more than these are lost, as datagrams may be.
+constexpr std::size_t kMaxHeld = 256;
+
+// The library's state, one a process. It reads no file of its own accord and says nothing on the console.
+class Library {
+ public:
+  Library() {
+    // Numbers need none of the standard modules' files.
+    netsnmp_set_mib_directory("");
+    netsnmp_ds_set_boolean(NETSNMP_DS_LIBRARY_ID, NETSNMP_DS_LIB_DONT_READ_CONFIGS, 1);
+    netsnmp_ds_set_boolean(NETSNMP_DS_LIBRARY_ID, NETSNMP_DS_LIB_DONT_PERSIST_STATE, 1);
+    // It would make a folder for certificates, which nothing here has.
+    netsnmp_ds_set_string(NETSNMP_DS_LIBRARY_ID, NETSNMP_DS_LIB_PERSISTENT_DIR, "/dev/null");
+    netsnmp_register_loghandler(NETSNMP_LOGHANDLER_NONE, LOG_DEBUG);
+    init_snmp("kelagent");
+  }
+  ~Library() { snmp_shutdown("kelagent"); }
+  Library(const Library&) = delete;
+  Library& operator=(const Library&) = delete;
+};
+
+class UdpResponder : public Responder {
+ public:
+  UdpResponder(Credentials credentials, RequestHandler& handler)
+      : credentials_(std::move(credentials)), handler_(handler) {}
+  ~UdpResponder() override {
+    if (session_ != nullptr) snmp_sess_close(session_);
+  }
+  UdpResponder(const UdpResponder&) = delete;
+  UdpResponder& operator=(const UdpResponder&) = delete;
+
+  // Empty, or what is wrong.
+  std::string Open(const Endpoint& endpoint);
+  Endpoint Where() const override { return where_; }
+  void Serve(int stop) override;
+
+ private:
+  struct Held {
+    Clock::time_point due;
+    OwnPdu request;
+  };
+
+  static int Received(int operation, netsnmp_session*, int, netsnmp_pdu* pdu, void* responder);
+  void Take(const netsnmp_pdu& pdu);
+  void Hold(OwnPdu request, std::chrono::milliseconds delay);
+  void AnswerThoseDue();
+  void Answer(const Request& request, Rights rights, OwnPdu copy);
+  bool Send(OwnPdu& response);
+  std::optional<Rights> RightsOf(const netsnmp_pdu& pdu) const;
+  int MillisecondsToNextDue() const;
+
+  Library library_;
+  const Credentials credentials_;
+  RequestHandler& handler_;
+  void* session_ = nullptr;
+  int socket_ = -1;
+  Endpoint where_;
+  std::vector<Held> held_;
+};
+
+std::uint16_t PortOf(int socket) {
+  sockaddr_storage address = {};
+  socklen_t size = sizeof address;
+  if (getsockname(socket, reinterpret_cast<sockaddr*>(&address), &size) != 0) return 0;
+  const in_port_t port = address.ss_family == AF_INET6 ? reinterpret_cast<const sockaddr_in6&>(address).sin6_port
+                                                       : reinterpret_cast<const sockaddr_in&>(address).sin_port;
+  return ntohs(port);
+}
+
+std::string UdpResponder::Open(const Endpoint& endpoint) {
+  errno = 0;
+  const std::string address = (endpoint.isV6 ? "udp6:" : "udp:") + ToText(endpoint);
+  netsnmp_transport* transport = netsnmp_transport_open_server("kelagent", address.c_str());
+  const std::error_code reason(errno, std::generic_category());
+  if (transport == nullptr) return "cannot listen on " + ToText(endpoint) + (reason ? ": " + reason.message() : "");
+  socket_ = transport->sock;
+  netsnmp_session session;
+  snmp_sess_init(&session);
+  session.version = SNMP_DEFAULT_VERSION;
+  session.callback = Received;
+  session.callback_magic = this;
+  session.isAuthoritative = SNMP_SESS_AUTHORITATIVE;
+  session_ = snmp_sess_add(&session, transport, nullptr, nullptr);  // has the transport now, whatever comes
+  if (session_ == nullptr) return "cannot listen on " + ToText(endpoint);
+  where_ = endpoint;
+  where_.port = PortOf(socket_);
+  return {};
+}
+
+void UdpResponder::Serve(int stop) {
+  for (;;) {
+    pollfd waits[] = {{socket_, POLLIN, 0}, {stop, POLLIN, 0}};
+    if (poll(waits, std::size(waits), MillisecondsToNextDue()) < 0 && errno != EINTR) return;
+    if (waits[1].revents != 0) return;
+    AnswerThoseDue();
+    if (waits[0].revents == 0) continue;
+    fd_set readable;
+    FD_ZERO(&readable);
+    FD_SET(socket_, &readable);
+    snmp_sess_read(session_, &readable);
+  }
+}
+
+int UdpResponder::Received(int operation, netsnmp_session*, int, netsnmp_pdu* pdu, void* responder) {
+  if (operation == NETSNMP_CALLBACK_OP_RECEIVED_MESSAGE && pdu != nullptr) {
+    static_cast<UdpResponder*>(responder)->Take(*pdu);
+  }
+  return 1;
+}
+
+std::optional<Rights> UdpResponder::RightsOf(const netsnmp_pdu& pdu) const {
+  if (pdu.version != SNMP_VERSION_2c || pdu.community_len == 0) return std::nullopt;
+  const std::string_view word(reinterpret_cast<const char*>(pdu.community), pdu.community_len);
+  if (word == credentials_.writeCommunity) return Rights{.write = true, .secrets = false};
+  if (word == credentials_.community) return Rights{};
+  return std::nullopt;
+}
+
+void UdpResponder::Take(const netsnmp_pdu& pdu) {
+  const auto rights = RightsOf(pdu);
+  const auto request = rights ? RequestOf(pdu) : std::nullopt;
+  if (!request) return;
+  // The library frees the request itself.
+  OwnPdu copy(snmp_clone_pdu(const_cast<netsnmp_pdu*>(&pdu)));
+  if (!copy) return;
+  const auto delay = handler_.DelayOf(*request, *rights);
+  if (delay.count() > 0) {
+    Hold(std::move(copy), delay);
+  } else {
+    Answer(*request, *rights, std::move(copy));
+  }
+}
+
+bool AreTheSame(const netsnmp_pdu& a, const netsnmp_pdu& b) {
+  const auto sender = [](const netsnmp_pdu& pdu) {
+    return std::string_view(static_cast<const char*>(pdu.transport_data),
+                            static_cast<std::size_t>(pdu.transport_data_length));
+  };
+  return a.reqid == b.reqid && a.command == b.command && sender(a) == sender(b);
+}
+
+// A manager that has no patience asks again: one answer serves both.
+void UdpResponder::Hold(OwnPdu request, std::chrono::milliseconds delay) {
+  const bool isHeld = std::any_of(held_.begin(), held_.end(),
+                                  [&request](const Held& held) { return AreTheSame(*held.request, *request); });
+  if (!isHeld && held_.size() < kMaxHeld) held_.push_back({Clock::now() + delay, std::move(request)});
+}
+
+void UdpResponder::AnswerThoseDue() {
+  const auto now = Clock::now();
+  const auto firstDue = std::stable_partition(held_.begin(), held_.end(), [now](const Held& h) { return h.due > now; });
+  std::vector<Held> due(std::make_move_iterator(firstDue), std::make_move_iterator(held_.end()));
+  held_.erase(firstDue, held_.end());
+  for (Held& held : due) {
+    const auto rights = RightsOf(*held.request);
+    const auto request = RequestOf(*held.request);
+    if (rights && request) Answer(*request, *rights, std::move(held.request));
+  }
+}
+
+void UdpResponder::Answer(const Request& request, Rights rights, OwnPdu copy) {
+  MakeResponse(handler_.Answer(request, rights), *copy);
+  if (Send(copy)) return;
+  MakeResponse({ErrorStatus::kTooBig, 0, {}}, *copy);
+  Send(copy);
+}
+
+// The library frees what it has sent.
+bool UdpResponder::Send(OwnPdu& response) {
+  const bool sent = snmp_sess_send(session_, response.get()) != 0;
+  if (sent) [[maybe_unused]]
+    netsnmp_pdu* const gone = response.release();
+  return sent;
+}
+
+int UdpResponder::MillisecondsToNextDue() const {
+  if (held_.empty()) return -1;
+  const auto first =
+      std::min_element(held_.begin(), held_.end(), [](const Held& a, const Held& b) { return a.due < b.due; });
+  const auto left = std::chrono::ceil<std::chrono::milliseconds>(first->due - Clock::now());
+  return static_cast<int>(std::max<std::int64_t>(left.count(), 0));
+}
+
+}  // namespace
+
+std::unique_ptr<Responder> OpenResponder(const Endpoint& endpoint, Credentials credentials, RequestHandler& handler,
+                                         std::string& problem) {
+  auto responder = std::make_unique<UdpResponder>(std::move(credentials), handler);
+  problem = responder->Open(endpoint);
+  if (!problem.empty()) return nullptr;
+  return responder;
+}
+
+}  // namespace snmp

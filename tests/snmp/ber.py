@@ -1,0 +1,45 @@
+"""As much of SNMPv2c's octets as tests need that ask faster than programs can be started."""
+
+
+def _tlv(tag, content):
+    size = len(content)
+    length = bytes([size]) if size < 128 else bytes([0x82, size >> 8, size & 0xFF])
+    return bytes([tag]) + length + content
+
+
+def _integer(number):
+    return _tlv(2, number.to_bytes(number.bit_length() // 8 + 1, "big", signed=True))
+
+
+def _oid(text):
+    numbers = [int(number) for number in text.split(".")]
+    content = bytearray()
+    for number in [numbers[0] * 40 + numbers[1]] + numbers[2:]:
+        octets = [number & 0x7F]
+        while number := number >> 7:
+            octets.append(number & 0x7F | 0x80)
+        content += bytes(reversed(octets))
+    return _tlv(6, bytes(content))
+
+
+def set_request(community, request_id, values):
+    """A Set of integers by OID."""
+    variables = b"".join(_tlv(0x30, _oid(oid) + _integer(value)) for oid, value in values)
+    pdu = _tlv(0xA3, _integer(request_id) + _integer(0) + _integer(0) + _tlv(0x30, variables))
+    return _tlv(0x30, _integer(1) + _tlv(4, community.encode()) + pdu)
+
+
+def _parts(content):
+    while content:
+        size, start = content[1], 2
+        if size & 0x80:
+            start += size & 0x7F
+            size = int.from_bytes(content[2:start], "big")
+        yield content[start : start + size]
+        content = content[start + size :]
+
+
+def response(datagram):
+    """The request's number, the error status and the error index."""
+    pdu = list(_parts(next(_parts(datagram))))[2]
+    return tuple(int.from_bytes(number, "big", signed=True) for number in list(_parts(pdu))[:3])
