@@ -1,6 +1,7 @@
 // What every screen of the two layouts looks like: one table, which the templates, the fonts, the places and the
 // colours of the whole program have to give.
 #include "tests/support/look.h"
+#include "tests/app/every_screen.h"
 #include "tests/app/utility_run.h"
 #include "tests/platform/temporary_root.h"
 
@@ -8,16 +9,6 @@
 
 namespace tests {
 namespace {
-
-constexpr const char* kConfiguration = R"(<GROUP name="R"><DisplayName>Main Menu</DisplayName>
-<GROUP name="Text"><DisplayName>Text</DisplayName><OID>1.1</OID><Type>Integer</Type><Range>1,9</Range></GROUP>
-<GROUP name="Choice"><DisplayName>Choice</DisplayName><ShortDesc>Which</ShortDesc><OID>1.2</OID><Type>Integer</Type>
-<ChoiceFmt>1#One|2#Two|3#Three|4#Four</ChoiceFmt></GROUP>
-<GROUP name="Date"><DisplayName>Date</DisplayName><OID>1.3</OID><Type>Integer</Type><SubType>Date</SubType></GROUP>
-<GROUP name="Address"><DisplayName>Address</DisplayName><OID>1.4</OID><Type>IP Address</Type></GROUP>
-<GROUP name="Summary"><DisplayName>Summary</DisplayName><Function>Summary</Function></GROUP>
-<GROUP name="Restore"><DisplayName>Restore</DisplayName><Function>RestoreDefaults</Function></GROUP></GROUP>)";
-constexpr const char* kDevice = "1.1\tInteger\t5\n1.2\tInteger\t2\n1.3\tInteger\t20240315\n1.4\tIP Address\t10.0.0.1\n";
 
 struct Scene {
   const char* name;
@@ -183,8 +174,8 @@ class LookTest : public testing::TestWithParam<bool> {};
 TEST_P(LookTest, OfEveryScreenIsTheTables) {
   const bool isLarge = GetParam();
   const TemporaryRoot root;
-  root.Write("Windows/ovu.xml", kConfiguration);
-  root.Write("device.txt", kDevice);
+  root.Write("Windows/ovu.xml", kEveryScreen);
+  root.Write("device.txt", kEveryScreensDevice);
   Keypad keypad;
   keypad.answersBoxes = false;
   for (const Scene& scene : kScenes) {
