@@ -1,4 +1,5 @@
 // Keys that are pressed while the worker still builds the full tree.
+#include "base/utf8.h"
 #include "platform/host/desktop.h"
 #include "tests/app/utility_run.h"
 #include "tests/platform/temporary_root.h"
@@ -27,7 +28,7 @@ void StartAndPressAtOnce(std::string_view keys) {
 }
 
 // Until the full tree is there the first menu shows entries whose rules have not run. The many keys keep the worker
-// busy meanwhile.
+// busy meanwhile; when it is sooner ready all the same, the digit means the entry behind.
 TEST(StartUp, WhatTheRulesHideDoesNotOpen) {
   const TemporaryRoot root;
   std::string menu =
@@ -46,7 +47,8 @@ TEST(StartUp, WhatTheRulesHideDoesNotOpen) {
     keypad.Then([&] {
       const auto list = platform::host::ListStateOf(platform::ControlOf(platform::ActiveWindow(), ui::kMenuListId));
       ASSERT_TRUE(list);
-      EXPECT_EQ(u"1  Shown", list->lines.front());
+      const WideString first = list->lines.front();
+      EXPECT_TRUE(first == u"1  Shown" || first == u"1  Mode  <5>") << base::ToUtf8(first);
     });
     ASSERT_EQ("", RunUtilityOn({root.Path()}, keypad));
   }
