@@ -2,6 +2,7 @@
 
 #include "base/format.h"
 #include "base/string_table.h"
+#include "model/entry_kind.h"
 #include "rules/rule_tokens.h"
 #include "values/choice_format.h"
 #include "values/shown_value.h"
@@ -98,9 +99,7 @@ void Dependencies::Mark(model::MenuItem& item, char16_t mark) {
 // A line of the first menu, which shows no value before the whole model is there: only then it is known what may be
 // shown.
 bool Dependencies::AwaitsItsProperty(const model::MenuItem& item) const {
-  if (item.Descriptor() != nullptr) return false;
-  const config::ConfigKey* node = context_.model.FindKey(item.Path());
-  return node != nullptr && !(node->Value(TextId::kOid).empty() && node->Value(TextId::kCmdOid).empty());
+  return item.Descriptor() == nullptr && item.Key() != nullptr && !model::OidOf(*item.Key()).empty();
 }
 
 void Dependencies::Refresh(model::MenuItem& item, const Reading& reading) {
