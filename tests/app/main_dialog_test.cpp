@@ -8,6 +8,8 @@
 #include "tests/support/scripted_terminal.h"
 #include "ui/private_messages.h"
 
+#include <stdexcept>
+
 namespace {
 
 using platform::WindowHandle;
@@ -95,6 +97,21 @@ TEST_F(MainDialogTest, ASecondEditWhileOneRunsIsIgnored) {
   Run();
   EXPECT_EQ(2, first);
   EXPECT_EQ(0, second);
+}
+
+TEST_F(MainDialogTest, AnEditThatBreaksDownLeavesRoomForTheNext) {
+  int second = 0;
+  terminal_.display.Then([&] {
+    EXPECT_THROW(dialog_.RunEdit([](WindowHandle) -> bool { throw std::runtime_error("no memory"); }),
+                 std::runtime_error);
+    dialog_.RunEdit([&](WindowHandle) {
+      ++second;
+      return false;
+    });
+  });
+  terminal_.display.Press("{Esc}");
+  Run();
+  EXPECT_EQ(1, second);
 }
 
 // A dialog that Esc closes.
