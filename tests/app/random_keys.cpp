@@ -36,6 +36,7 @@ std::string ProblemOfTheList(WindowHandle list) {
   if (!state) return "there is no list";
   const auto lines = static_cast<int>(state->lines.size());
   if (lines == 0) return "the list is empty";
+  if (state->lines == std::vector<WideString>{u"(no items)"}) return {};  // a line that cannot be selected
   return state->selected < 0 || state->selected >= lines ? "nothing is selected" : "";
 }
 
