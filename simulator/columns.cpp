@@ -100,8 +100,11 @@ std::string JoinColumns(const std::vector<WideString>& columns) {
     if (i > 0) line.push_back('\t');
     line += Escape(columns[i]);
   }
-  if (line.starts_with('#')) line = "\\u0023" + line.substr(1);
-  return line;
+  // A blank that begins a line is none of the tabs between the columns.
+  if (!IsComment(line) || columns.front().empty()) return line;
+  std::string escaped;
+  AppendUnitEscape(escaped, columns.front().front());
+  return escaped + line.substr(1);
 }
 
 }  // namespace simulator

@@ -15,7 +15,7 @@ namespace {
 using authoring::Finding;
 using authoring::Severity;
 
-struct Options {
+struct CheckOptions {
   std::vector<std::string> paths;
   std::string source;
   std::string format = "text";
@@ -29,13 +29,13 @@ void ListChecks(const Streams& streams) {
   }
 }
 
-void Print(const Options& options, const std::vector<Finding>& findings, const Streams& streams) {
+void Print(const CheckOptions& options, const std::vector<Finding>& findings, const Streams& streams) {
   if (options.format == "json") return authoring::PrintJson(findings, streams.out);
   if (options.format == "sarif") return authoring::PrintSarif(findings, streams.out);
   authoring::PrintText(findings, streams.colours, streams.out);
 }
 
-int Run(const Options& options, Streams& streams) {
+int Run(const CheckOptions& options, Streams& streams) {
   if (options.list) {
     ListChecks(streams);
     return kFine;
@@ -60,7 +60,7 @@ int Run(const Options& options, Streams& streams) {
 }  // namespace
 
 void DescribeCheck(Command command, Streams& streams) {
-  const auto options = std::make_shared<Options>();
+  const auto options = std::make_shared<CheckOptions>();
   command.Remarks(
       "Exit status: 0 nothing or notes only, 1 warnings or errors, 2 unusable arguments or files.\n"
       "docs/checks.md says what each finding means, and how a comment allows it.\n"

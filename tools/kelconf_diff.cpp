@@ -13,7 +13,7 @@ namespace {
 
 using authoring::Change;
 
-struct Options {
+struct DiffOptions {
   std::string before;
   std::string after;
   std::string source;
@@ -42,7 +42,7 @@ void PrintJson(const std::vector<Change>& changes, const Streams& streams) {
   authoring::WriteJson(list, streams.out);
 }
 
-int Run(const Options& options, Streams& streams) {
+int Run(const DiffOptions& options, Streams& streams) {
   const auto before = LoadWellFormed({options.before, options.source}, streams);
   const auto after = before ? LoadWellFormed({options.after, options.source}, streams) : nullptr;
   if (!after) return kUnusable;
@@ -58,7 +58,7 @@ int Run(const Options& options, Streams& streams) {
 }  // namespace
 
 void DescribeDiff(Command command, Streams& streams) {
-  const auto options = std::make_shared<Options>();
+  const auto options = std::make_shared<DiffOptions>();
   command.Remarks(
       "Exit status: 0 nothing changed, 1 something did, 2 unusable arguments or files.\n"
       "Example: kelconf diff examples/terminal/Windows/ovu.xml examples/terminal/registry.reg");

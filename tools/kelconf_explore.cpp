@@ -22,7 +22,7 @@ using authoring::Exploration;
 using authoring::GoalKind;
 using nlohmann::ordered_json;
 
-struct Options {
+struct ExploreOptions {
   SourceOptions source;
   Format format = Format::kText;
   std::string scripts;
@@ -127,7 +127,7 @@ int Compare(const Configuration& configuration, const std::string& folder, Strea
   return different == 0 ? kFine : kFound;
 }
 
-int Run(const Options& options, Streams& streams) {
+int Run(const ExploreOptions& options, Streams& streams) {
   const auto configuration = LoadWellFormed(options.source, streams);
   if (!configuration) return kUnusable;
   if (!options.expect.empty()) return Compare(*configuration, options.expect, streams);
@@ -152,7 +152,7 @@ int Run(const Options& options, Streams& streams) {
 }  // namespace
 
 void DescribeExplore(Command command, Streams& streams) {
-  const auto options = std::make_shared<Options>();
+  const auto options = std::make_shared<ExploreOptions>();
   command.Remarks(
       "Exit status: 0 all was seen that can be, 1 something was not, or differs, 2 unusable arguments or files.\n"
       "Example: kelconf explore examples/small --scripts tests/screens");

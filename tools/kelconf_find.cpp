@@ -16,7 +16,7 @@ namespace {
 using authoring::Hit;
 using authoring::Hits;
 
-struct Options {
+struct FindOptions {
   SourceOptions source;
   std::string text;
   Format format = Format::kText;
@@ -59,7 +59,7 @@ void PrintJson(const authoring::Configuration& configuration, const Hits& hits, 
   authoring::WriteJson(list, streams.out);
 }
 
-int Run(const Options& options, Streams& streams) {
+int Run(const FindOptions& options, Streams& streams) {
   const auto configuration = LoadWellFormed(options.source, streams);
   if (!configuration) return kUnusable;
   authoring::Trial trial(*configuration);
@@ -75,7 +75,7 @@ int Run(const Options& options, Streams& streams) {
 }  // namespace
 
 void DescribeFind(Command command, Streams& streams) {
-  const auto options = std::make_shared<Options>();
+  const auto options = std::make_shared<FindOptions>();
   command.Remarks(
       "The keys are those to press from the main menu with the device's present values; \"hidden\": a rule hides a "
       "line\n"

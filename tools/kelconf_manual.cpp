@@ -11,14 +11,14 @@
 namespace tools {
 namespace {
 
-struct Options {
+struct ManualOptions {
   SourceOptions source;
   std::string output;
   authoring::ManualTerms terms;
   bool plain = false;
 };
 
-int Run(Options& options, Streams& streams) {
+int Run(ManualOptions& options, Streams& streams) {
   const auto configuration = LoadWellFormed(options.source, streams);
   if (!configuration) return kUnusable;
   Progress progress(streams.errors, "pictures", streams.watched);
@@ -42,7 +42,7 @@ int Run(Options& options, Streams& streams) {
 }  // namespace
 
 void DescribeManual(Command command, Streams& streams) {
-  const auto options = std::make_shared<Options>();
+  const auto options = std::make_shared<ManualOptions>();
   command.Remarks(
       "Exit status: 0 the manual was written, 2 unusable arguments or files.\n"
       "Example: kelconf manual examples/small -o manual.html");

@@ -16,7 +16,7 @@ using authoring::Configuration;
 using authoring::Entries;
 using authoring::Entry;
 
-struct Options {
+struct TreeOptions {
   SourceOptions source;
   Format format = Format::kText;
 };
@@ -80,7 +80,7 @@ nlohmann::ordered_json ToJson(const Configuration& configuration, const Entry& e
   return json;
 }
 
-int Run(const Options& options, Streams& streams) {
+int Run(const TreeOptions& options, Streams& streams) {
   const auto configuration = LoadWellFormed(options.source, streams);
   if (!configuration) return kUnusable;
   const Entries entries(*configuration->Tree(), configuration->RootPath());
@@ -97,7 +97,7 @@ int Run(const Options& options, Streams& streams) {
 }  // namespace
 
 void DescribeTree(Command command, Streams& streams) {
-  const auto options = std::make_shared<Options>();
+  const auto options = std::make_shared<TreeOptions>();
   command.Remarks(
       "Exit status: 0 the menus were printed, 2 unusable arguments or files.\n"
       "Example: kelconf tree examples/small");

@@ -13,7 +13,7 @@
 namespace tools {
 namespace {
 
-struct Options {
+struct WhyOptions {
   SourceOptions source;
   std::string entry;
   Format format = Format::kText;
@@ -34,7 +34,7 @@ void Print(const std::vector<authoring::TextLine>& lines, const Streams& streams
   }
 }
 
-int Run(const Options& options, Streams& streams) {
+int Run(const WhyOptions& options, Streams& streams) {
   const auto configuration = LoadWellFormed(options.source, streams);
   if (!configuration) return kUnusable;
   authoring::RuleTrace trace;
@@ -58,7 +58,7 @@ int Run(const Options& options, Streams& streams) {
 }  // namespace
 
 void DescribeWhy(Command command, Streams& streams) {
-  const auto options = std::make_shared<Options>();
+  const auto options = std::make_shared<WhyOptions>();
   command.Remarks(
       "ENTRY is a display name, an OID, a key path, or the keys to press (2-3-1).\n"
       "Where there is none, those that contain it are listed, or the nearest.\n"

@@ -280,6 +280,13 @@ TEST(DeviceStore, EveryTextComesBackAsItWas) {
   }
 }
 
+TEST(DeviceStore, WhatIsBlankThroughoutIsKeptToo) {
+  const Root root;
+  root.Write("device.txt", "\\u0020\t \t5\n");
+  EXPECT_EQ(platform::kOk, Open(root)->Set(u" ", u"  "));
+  EXPECT_EQ(u"  ", Answer(*Open(root), u" "));
+}
+
 TEST(DeviceStore, ABrokenLineIsOneMessageWithFileAndLine) {
   const std::string columns = ": a line is OID, type, value and options, separated by tabs";
   const std::string options =

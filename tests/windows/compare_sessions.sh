@@ -2,14 +2,14 @@
 # compare_sessions.sh BUILD KELTERM [COUNT [FIRST_SEED [KEYS]]]
 #
 # Plays sessions of random keys on the demonstration terminal, in the simulated terminal and in the real program, and
-# compares what both print and how they end. COUNT is 200 unless KEL_SESSIONS or the argument says otherwise. A session
+# compares what both print and how they end. COUNT is 100 unless KEL_SESSIONS or the argument says otherwise. A session
 # that runs out of time says so and is played again alone, with five times as much of it. The last lines name the seeds
 # that differ and those that took too long even so; random_session.py makes their scripts again.
 set -u
 
 build=$(cd "$1" && pwd)
 kelterm=$2
-count=${3:-${KEL_SESSIONS:-200}}
+count=${3:-${KEL_SESSIONS:-100}}
 first=${4:-1}
 keys=${5:-40}
 home=$(cd "$(dirname "$0")/../.." && pwd)
