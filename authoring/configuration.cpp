@@ -53,6 +53,12 @@ Argument Take(const fs::path& path, WideStringView commandLine) {
 // Of the terminal in force, as it is on disk.
 std::string FileOf(WideStringView path) { return platform::host::FindPlace(path).fullName; }
 
+// Names that are not UTF-8 can differ on disk and read the same.
+bool IsOther(const fs::path& file, const fs::path& taken) {
+  std::error_code error;
+  return fs::exists(taken, error) && !fs::equivalent(file, taken, error) && !error;
+}
+
 // The reader takes every byte for a character, and so breaks somewhere in the middle of what is no such text.
 std::string MendOf(const std::string& file) {
   constexpr std::size_t kEnough = 64;
@@ -82,6 +88,11 @@ Configuration::Loaded Configuration::Load(const fs::path& path, WideStringView c
 
 std::string Configuration::LoadSource(const WideString& commandLine, const fs::path& given) {
   const InTerminal environment(*this);
+  const bool isDocument = !fs::is_directory(given) && !HasExtension(given, u".reg");
+  if (isDocument && IsOther(given, FileOf(commandLine))) {
+    return given.string() + ": another file's name reads the same in the terminal, which takes that one: " +
+           FileOf(commandLine);
+  }
   commandLine_ = commandLine;
   config::SelectedSource selected = config::SelectSource(commandLine);
   for (const config::SourceRefusal& refusal : selected.refusals) {

@@ -3,6 +3,7 @@
 #include "authoring/goals.h"
 #include "authoring/manual_pictures.h"
 #include "authoring/manual_words.h"
+#include "authoring/menu_keys.h"
 #include "authoring/rule_words.h"
 #include "authoring/screen_svg.h"
 #include "authoring/units.h"
@@ -15,6 +16,8 @@
 #include <algorithm>
 #include <cctype>
 #include <map>
+#include <optional>
+#include <unordered_map>
 #include <vector>
 
 namespace authoring {
@@ -52,7 +55,6 @@ struct ManualEntry {
   const MenuItem* item = nullptr;
   std::string id;  // of its section; that of the first one when the entry stands in several menus
   std::string title;
-  std::string path;
   bool isFirst = true;
 };
 
@@ -116,45 +118,45 @@ class Writer {
  private:
   static bool IsMenu(const ManualEntry& entry) { return !entry.item->IsLeaf() || entry.item->Parent() == nullptr; }
 
-  // In the order of the menus, each menu before what stands in it.
   void Collect() {
-    const auto keys = KeysByPlace();
+    const auto keys = KeysInOrder();
     trial_.Rebuild();  // what rules have narrowed on the way is whole again
-    std::vector<const MenuItem*> open{&trial_.Model().Root()};
-    std::map<WideString, std::string> known;
-    while (!open.empty()) {
-      const MenuItem* item = open.back();
-      open.pop_back();
-      ManualEntry entry{item, "e" + std::to_string(entries_.size()), base::ToUtf8(base::Trim(item->Title())),
-                        PathText(*item), true};
+    std::unordered_map<const config::ConfigKey*, std::string> known;
+    for (const MenuItem* item : ItemsInOrder()) {
+      ManualEntry entry{item, "e" + std::to_string(entries_.size()), base::ToUtf8(base::Trim(item->Title())), true};
       if (entry.title.empty()) entry.title = "(no name)";
       entry.title = Shortened(entry.title, kMostOfATitle);
-      const auto [place, isNew] = known.emplace(item->Path(), entry.id);
+      const auto [place, isNew] = known.emplace(item->Key(), entry.id);
       entry.id = place->second;
       entry.isFirst = isNew;
+      if (const auto& found = keys.at(entries_.size())) keys_[item] = *found;
       byItem_[item] = entries_.size();
-      if (const auto found = keys.find(PlaceOf(*item)); found != keys.end()) keys_[item] = found->second;
       entries_.push_back(std::move(entry));
-      for (auto child = item->Children().rbegin(); child != item->Children().rend(); ++child)
-        open.push_back(child->get());
     }
   }
 
-  // Opening the menus gives the keys; what is hidden now has none.
-  std::map<ItemPlace, WideString> KeysByPlace() {
-    std::map<ItemPlace, WideString> keys;
-    std::vector<MenuItem*> menus{&trial_.Model().Root()};
-    for (std::size_t i = 0; i < menus.size(); ++i) {
-      MenuItem& menu = *menus[i];
-      const auto toMenu = trial_.KeysTo(menu);
-      if (menu.Parent() != nullptr && toMenu) trial_.Open(menu);
-      const auto lines = toMenu ? trial_.KeysOfLines(menu) : std::vector<std::pair<MenuItem*, WideString>>();
-      for (const auto& [line, key] : lines) keys[PlaceOf(*line)] = *toMenu + key;
-      for (const auto& child : menu.Children()) {
-        if (!child->IsLeaf()) menus.push_back(child.get());
-      }
+  // All items, each menu before what stands in it.
+  std::vector<MenuItem*> ItemsInOrder() {
+    std::vector<MenuItem*> items;
+    std::vector<MenuItem*> open{&trial_.Model().Root()};
+    while (!open.empty()) {
+      MenuItem* item = open.back();
+      open.pop_back();
+      items.push_back(item);
+      for (auto child = item->Children().rbegin(); child != item->Children().rend(); ++child)
+        open.push_back(child->get());
     }
-    return keys;
+    return items;
+  }
+
+  // In that order. Opening the menus gives the keys; what is hidden now has none.
+  std::vector<std::optional<WideString>> KeysInOrder() {
+    const std::vector<MenuItem*> items = ItemsInOrder();
+    const MenuKeys keys(trial_, items);
+    std::vector<std::optional<WideString>> all;
+    all.reserve(items.size());
+    for (const MenuItem* item : items) all.push_back(keys.To(*item));
+    return all;
   }
 
   void Add(const std::string& text) { html_ += text; }
@@ -236,7 +238,7 @@ class Writer {
       Add("<p>When the menu is left, the terminal warns of a network key that is missing.</p>\n");
     }
     Add("<div class=\"menu\">\n");
-    const auto pictures = pictures_.menus.find(entry.path);
+    const auto pictures = pictures_.menus.find(PathText(*entry.item));
     if (pictures != pictures_.menus.end()) {
       for (const std::string& picture : pictures->second) Add("<div>" + picture + "</div>\n");
     }
@@ -319,7 +321,7 @@ class Writer {
     AfterChange(entry, *key);
     html_.swap(terms);
     if (!terms.empty()) Add("<dl>\n" + terms + "</dl>\n");
-    const auto picture = pictures_.editors.find(entry.path);
+    const auto picture = pictures_.editors.find(PathText(*entry.item));
     if (picture != pictures_.editors.end()) {
       Add("<details><summary>How it is edited</summary>\n<div>" + picture->second + "</div></details>\n");
     }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <bit>
 #include <functional>
+#include <utility>
 
 namespace authoring {
 namespace {
@@ -21,16 +22,29 @@ void SubjectIndex::Add(WideStringView text, const Subject& subject) {
   places_.push_back({HashOf(text), text, &subject});
 }
 
+void SubjectIndex::GatherBuckets() {
+  std::vector<std::size_t> next(starts_.begin(), starts_.end() - 1);
+  std::vector<Place> gathered(places_.size());
+  for (const Place& place : places_) gathered[next[BucketOf(place.hash)]++] = place;
+  places_ = std::move(gathered);
+}
+
 void SubjectIndex::Sort() {
   const int bits = std::max(1, static_cast<int>(std::bit_width(places_.size())));
   shift_ = 64 - bits;
   starts_.assign((std::size_t{1} << bits) + 1, 0);
   for (const Place& place : places_) ++starts_[BucketOf(place.hash) + 1];
   for (std::size_t bucket = 1; bucket < starts_.size(); ++bucket) starts_[bucket] += starts_[bucket - 1];
+  GatherBuckets();
   const auto isEarlier = [](const Place& a, const Place& b) {
     return ComesBefore(a, b) || (!ComesBefore(b, a) && std::less<>()(a.subject, b.subject));
   };
-  std::sort(places_.begin(), places_.end(), isEarlier);
+  // With so many buckets one rarely holds more than a text or two: the time is that of going through them once.
+  for (std::size_t bucket = 0; bucket + 1 < starts_.size(); ++bucket) {
+    const auto first = places_.begin() + static_cast<std::ptrdiff_t>(starts_[bucket]);
+    const auto last = places_.begin() + static_cast<std::ptrdiff_t>(starts_[bucket + 1]);
+    if (last - first > 1) std::sort(first, last, isEarlier);
+  }
   subjects_.reserve(places_.size());
   for (const Place& place : places_) subjects_.push_back(place.subject);
   for (std::size_t first = 0, end = 0; first < places_.size(); first = end) {

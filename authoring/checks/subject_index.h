@@ -28,12 +28,13 @@ class SubjectIndex {
 
  private:
   struct Place {
-    std::uint64_t hash;
+    std::uint64_t hash = 0;
     WideStringView text;
-    const Subject* subject;
+    const Subject* subject = nullptr;
   };
   static bool ComesBefore(const Place& a, const Place& b);
   std::size_t BucketOf(std::uint64_t hash) const;
+  void GatherBuckets();
 
   std::vector<Place> places_;             // by their hashes
   std::vector<std::size_t> starts_;       // where among them the hashes of each beginning start, and the end

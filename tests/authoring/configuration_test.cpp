@@ -45,6 +45,20 @@ TEST(Configuration, WhatCannotBeUsedIsNamedInOneLine) {
   EXPECT_NE("", Configuration::Load(folder.Path() / "nothing").problem);
 }
 
+TEST(Configuration, AFileWhoseNameIsNotUtf8IsLoadedUnlessAnotherReadsTheSame) {
+  StorageFolder folder;
+  const auto load = [&folder](const char* name) { return Configuration::Load(folder.Path() / name); };
+  folder.Write("k\xE4se.xml", "<GROUP name=\"R\"><DisplayName>Cheese</DisplayName></GROUP>");
+  ASSERT_EQ("", load("k\xE4se.xml").problem);
+  EXPECT_EQ((folder.Path() / "k\xE4se.xml").string(), load("k\xE4se.xml").configuration->File());
+  folder.Write("k\xE3se.xml", "<GROUP name=\"R\"><DisplayName>Other</DisplayName></GROUP>");
+  EXPECT_EQ(u"Other", load("k\xE3se.xml").configuration->Root().Value(TextId::kDisplayName));
+  EXPECT_EQ((folder.Path() / "k\xE4se.xml").string() +
+                ": another file's name reads the same in the terminal, which takes that one: " +
+                (folder.Path() / "k\xE3se.xml").string(),
+            load("k\xE4se.xml").problem);
+}
+
 TEST(Configuration, ADocumentThatIsNotWellFormedIsReportedInTheReadersWords) {
   StorageFolder folder;
   folder.Write("Windows/ovu.xml", "<GROUP name=\"R\">\n  <GROUP name=\"A\">\n</GRUOP></GROUP>");
