@@ -90,8 +90,8 @@ std::string Configuration::LoadSource(const WideString& commandLine, const fs::p
   const InTerminal environment(*this);
   const bool isDocument = !fs::is_directory(given) && !HasExtension(given, u".reg");
   if (isDocument && IsOther(given, FileOf(commandLine))) {
-    return given.string() + ": another file's name reads the same in the terminal, which takes that one: " +
-           FileOf(commandLine);
+    return given.string() +
+           ": another file's name reads the same in the terminal, which takes that one: " + FileOf(commandLine);
   }
   commandLine_ = commandLine;
   config::SelectedSource selected = config::SelectSource(commandLine);
@@ -118,19 +118,34 @@ std::string Configuration::LoadSource(const WideString& commandLine, const fs::p
   return {};
 }
 
-Position Configuration::PositionAt(std::size_t offset) const {
-  if (!document_) return {file_, 0, 0};
+void Configuration::SetMarks() const {
+  constexpr std::size_t kStretch = 4096;
   const WideStringView text = document_->Index().Text().View();
-  if (lineStarts_.empty()) {
-    lineStarts_.push_back(0);
-    for (std::size_t end = text.find(u'\n'); end != WideStringView::npos; end = text.find(u'\n', end + 1)) {
-      lineStarts_.push_back(end + 1);
+  Mark mark{0, 1, 1};
+  while (mark.offset < text.size()) {
+    marks_.push_back(mark);
+    const WideStringView stretch = text.substr(mark.offset, kStretch);
+    const std::size_t end = stretch.find(u'\n');
+    if (end != WideStringView::npos) {
+      mark = {mark.offset + end + 1, mark.line + 1, 1};
+    } else {
+      mark = {mark.offset + stretch.size(), mark.line, ColumnIn(text, mark, mark.offset + stretch.size())};
     }
   }
-  const auto after = std::upper_bound(lineStarts_.begin() + 1, lineStarts_.end(), offset);
-  const std::size_t start = *(after - 1);
-  const auto line = static_cast<std::size_t>(after - lineStarts_.begin());
-  return {file_, line, config::PlaceIn(text.substr(start), offset - start).column};
+  marks_.push_back(mark);
+}
+
+std::size_t Configuration::ColumnIn(WideStringView text, const Mark& mark, std::size_t offset) {
+  return mark.column + config::PlaceIn(text.substr(mark.offset), offset - mark.offset).column - 1;
+}
+
+Position Configuration::PositionAt(std::size_t offset) const {
+  if (!document_) return {file_, 0, 0};
+  if (marks_.empty()) SetMarks();
+  const auto after = std::upper_bound(marks_.begin() + 1, marks_.end(), offset,
+                                      [](std::size_t place, const Mark& mark) { return place < mark.offset; });
+  const Mark& mark = *(after - 1);
+  return {file_, mark.line, ColumnIn(document_->Index().Text().View(), mark, offset)};
 }
 
 Position Configuration::PositionOf(const config::ConfigKey& key) const {

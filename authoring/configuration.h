@@ -69,7 +69,17 @@ class Configuration {
   Position PositionOf(const config::ConfigKey& key, WideStringView valueName, std::size_t offset) const;
 
  private:
+  // A place in the text that is known: each line's start, and some within a long one, so that no place is far from one.
+  struct Mark {
+    std::size_t offset = 0;
+    std::size_t line = 0;
+    std::size_t column = 0;
+  };
+
   Configuration() = default;
+
+  void SetMarks() const;
+  static std::size_t ColumnIn(WideStringView text, const Mark& mark, std::size_t offset);
 
   std::string LoadSource(const WideString& commandLine, const std::filesystem::path& given);
   std::uint32_t ValueElement(const config::ConfigKey& key, WideStringView valueName) const;
@@ -82,7 +92,7 @@ class Configuration {
   values::SymbolTable symbols_;
   std::string file_;
   WideString commandLine_;
-  mutable std::vector<std::size_t> lineStarts_;  // made when a line is first asked for
+  mutable std::vector<Mark> marks_;  // made when a place is first asked for
 };
 
 // While it lives, the configuration's terminal is the environment in force: tables, registry and files are found.

@@ -6,6 +6,7 @@
 #include "model/entry_kind.h"
 #include "model/ordered_menu_items.h"
 
+#include <algorithm>
 #include <unordered_map>
 
 namespace authoring {
@@ -33,7 +34,8 @@ Entries::Entries(const config::PDataStore& tree, WideStringView rootPath) {
       parent->children.push_back(&entry);
     }
     const auto [place, isNew] = known.emplace(&key, &entry);
-    entry.number = isNew ? known.size() - 1 : place->second->number;
+    entry.number = isNew ? static_cast<std::uint32_t>(known.size() - 1) : place->second->number;
+    entry.end = entry.number + 1;
     if (!isNew) {
       entry.first = place->second;
     } else if (!key.Subkeys().empty()) {
@@ -49,6 +51,7 @@ Entries::Entries(const config::PDataStore& tree, WideStringView rootPath) {
   while (!open.empty()) {
     OpenMenu& menu = open.back();
     if (menu.next == menu.names.size()) {
+      menu.menu->end = static_cast<std::uint32_t>(known.size());
       open.pop_back();
       continue;
     }
@@ -56,6 +59,27 @@ Entries::Entries(const config::PDataStore& tree, WideStringView rootPath) {
     const config::ConfigKey* key = model::FindChild(tree, *menu.menu->key, name);
     if (key != nullptr) add(*key, menu.menu, name);
   }
+  NoteShared();
+}
+
+void Entries::NoteShared() {
+  for (const Entry& entry : entries_) {
+    if (entry.first != nullptr) shared_.emplace_back(entry.first->number, entry.first->end);
+  }
+  // Of menus one within the other the outer one comes first: it alone is needed.
+  std::sort(shared_.begin(), shared_.end(),
+            [](const auto& a, const auto& b) { return a.first != b.first ? a.first < b.first : a.second > b.second; });
+  std::size_t kept = 0;
+  for (const auto& numbers : shared_) {
+    if (kept == 0 || shared_[kept - 1].second <= numbers.first) shared_[kept++] = numbers;
+  }
+  shared_.resize(kept);
+}
+
+bool Entries::StandsElsewhere(const Entry& entry) const {
+  const auto after = std::upper_bound(shared_.begin(), shared_.end(), entry.number,
+                                      [](std::uint32_t number, const auto& numbers) { return number < numbers.first; });
+  return after != shared_.begin() && entry.number < (after - 1)->second;
 }
 
 WideString Entries::PathOf(const Entry& entry) {

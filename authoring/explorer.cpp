@@ -109,7 +109,7 @@ class Explorer {
         const model::MenuItem* item = player.ItemAt(child);
         if (item == nullptr) break;
         if (!item->IsLeaf()) {
-          if (!start.empty()) open.push_back(child);
+          if (!start.empty() && child.size() <= kDeepestGoal) open.push_back(child);
         } else if (IsOpen(GoalKind::kEditor, *item) && player.Activate(child)) {
           player.Settle();
           player.CloseEditor();
@@ -245,6 +245,7 @@ class Explorer {
       if (budget_.keys == 0) unreached.reason = "the keys did not suffice";
       result_.unreached.push_back(std::move(unreached));
     }
+    result_.tooDeep = goals_->TooDeep();
     result_.usedUp = budget_.keys == 0;
     result_.keys = terms_.mostKeys - budget_.keys;
   }
@@ -260,7 +261,7 @@ class Explorer {
 }  // namespace
 
 bool Exploration::IsComplete() const {
-  return problem.empty() &&
+  return problem.empty() && tooDeep == 0 &&
          std::all_of(unreached.begin(), unreached.end(), [](const Unreached& one) { return one.impossible; });
 }
 

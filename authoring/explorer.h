@@ -36,11 +36,12 @@ struct Exploration {
   std::array<std::size_t, kGoalKinds> reached{};
   std::array<std::size_t, kGoalKinds> all{};
   std::vector<Unreached> unreached;
+  std::size_t tooDeep = 0;  // entries that lie deeper than is played
   std::vector<PlayedScript> scripts;
   std::size_t keys = 0;
   bool usedUp = false;  // the keys did not suffice
 
-  // Of what is not proven to be impossible.
+  // Of all that is not proven to be impossible.
   bool IsComplete() const;
 };
 

@@ -4,6 +4,7 @@
 #include "authoring/trial.h"
 #include "rules/rule_listener.h"
 
+#include <cstddef>
 #include <utility>
 
 namespace authoring {
@@ -48,6 +49,7 @@ struct FollowedTrial {
     const config::ConfigKey* key = item.Key();
     const WideStringView choices = key == nullptr ? WideStringView() : key->Value(TextId::kChoiceFmt);
     if (item.Descriptor() != nullptr && !choices.empty()) item.Descriptor()->ReplaceChoices(WideString(choices));
+    ++runs;
     rules::RuleListener* const before = std::exchange(slot.listener, &follower);
     trial.Rules().dependencies.EvaluateDependencies(item);
     slot.listener = before;
@@ -55,6 +57,7 @@ struct FollowedTrial {
 
   ListenerSlot slot;
   Trial trial;
+  std::size_t runs = 0;  // of an item's rules, so far
 };
 
 }  // namespace authoring

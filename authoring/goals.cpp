@@ -27,6 +27,12 @@ std::vector<WideString> ChoiceListsOf(const config::ConfigKey& key) {
   return lists;
 }
 
+bool LiesTooDeep(const model::MenuItem& item) {
+  std::size_t level = 0;
+  for (const model::MenuItem* at = item.Parent(); at != nullptr && level <= kDeepestGoal; at = at->Parent()) ++level;
+  return level > kDeepestGoal;
+}
+
 }  // namespace
 
 const char* NameOf(GoalKind kind) {
@@ -45,7 +51,13 @@ std::string PathText(const model::MenuItem& item) { return base::ToUtf8(PathOf(i
 
 Goals::Goals(Trial& trial) {
   AddWirelessAlerts(trial.Model());
-  for (const model::MenuItem* item : ItemsOf(trial.Model())) AddItem(trial, *item);
+  for (const model::MenuItem* item : ItemsOf(trial.Model())) {
+    if (LiesTooDeep(*item)) {
+      ++tooDeep_;
+    } else {
+      AddItem(trial, *item);
+    }
+  }
 }
 
 // What the wireless rules say when they correct a setting that the configuration has. The goal's place is that of the
@@ -60,7 +72,7 @@ void Goals::AddWirelessAlerts(const model::MenuModel& model) {
   for (const auto& [oid, rows] : tables) {
     const auto* property = model.FindDescriptor(oid);
     const model::MenuItem* item = property == nullptr ? nullptr : model.ItemOf(*property);
-    if (item == nullptr) continue;
+    if (item == nullptr || LiesTooDeep(*item)) continue;
     for (const Coupling& row : rows) {
       if (row.alert.empty()) continue;
       Goal goal;

@@ -16,6 +16,10 @@ enum class GoalKind { kMenu, kLine, kEditor, kChoice, kSave, kCommand, kRule, kA
 inline constexpr std::size_t kGoalKinds = 8;
 const char* NameOf(GoalKind kind);  // "menu", "line" ...
 
+// Nobody walks through more menus, one within the other. What lies deeper is not gone for: the ways to all of it would
+// need far more room than the menus themselves.
+inline constexpr std::size_t kDeepestGoal = 100;
+
 struct Goal {
   GoalKind kind = GoalKind::kMenu;
   ItemPlace place;    // of the item; of kAlert the setting that it is about, if any
@@ -41,6 +45,8 @@ class Goals {
   // It is on the list.
   bool IsKnown(const Goal& goal) const { return known_.contains(goal.Id()); }
   std::size_t ReachedCount() const { return reached_.size(); }
+  // How many entries lie too deep to be goals.
+  std::size_t TooDeep() const { return tooDeep_; }
 
   // Marks the goal as reached; one that was not on the list is put there. True: that is new.
   bool Reach(const Goal& goal);
@@ -53,6 +59,7 @@ class Goals {
   std::vector<Goal> goals_;
   std::set<std::string> known_;
   std::set<std::string> reached_;
+  std::size_t tooDeep_ = 0;
 };
 
 // The rules' outcomes, as they happen.

@@ -55,12 +55,17 @@ struct ManualEntry {
   const MenuItem* item = nullptr;
   std::string id;  // of its section; that of the first one when the entry stands in several menus
   std::string title;
+  std::size_t level = 0;  // of the main menu 0
   bool isFirst = true;
 };
 
 // The terminal itself cuts what is longer, in bytes.
 constexpr std::size_t kMostOfATitle = 120;
 constexpr std::size_t kMostOfAValue = 300;
+// Where menus lie deeper than anybody walks, what is said of each entry does not grow with its depth.
+constexpr std::size_t kMostOfKeys = 40;
+constexpr std::size_t kDeepestContents = 16;
+constexpr std::size_t kMostMenusAbove = 12;
 
 std::string Shortened(const std::string& text, std::size_t most) {
   if (text.size() <= most) return text;
@@ -123,7 +128,8 @@ class Writer {
     trial_.Rebuild();  // what rules have narrowed on the way is whole again
     std::unordered_map<const config::ConfigKey*, std::string> known;
     for (const MenuItem* item : ItemsInOrder()) {
-      ManualEntry entry{item, "e" + std::to_string(entries_.size()), base::ToUtf8(base::Trim(item->Title())), true};
+      ManualEntry entry{item, "e" + std::to_string(entries_.size()), base::ToUtf8(base::Trim(item->Title()))};
+      if (item->Parent() != nullptr) entry.level = entries_[byItem_.at(item->Parent())].level + 1;
       if (entry.title.empty()) entry.title = "(no name)";
       entry.title = Shortened(entry.title, kMostOfATitle);
       const auto [place, isNew] = known.emplace(item->Key(), entry.id);
@@ -196,8 +202,7 @@ class Writer {
     std::size_t depth = 0;
     for (const ManualEntry& entry : entries_) {
       if (!entry.isFirst || !IsMenu(entry)) continue;
-      std::size_t level = 1;
-      for (const MenuItem* at = entry.item->Parent(); at != nullptr; at = at->Parent()) ++level;
+      const std::size_t level = std::min(entry.level + 1, kDeepestContents);
       const bool goesDown = level > depth;
       for (; depth < level; ++depth) Add("\n<ul><li>");
       for (; depth > level; --depth) Add("</li></ul>");
@@ -208,11 +213,19 @@ class Writer {
     Add("\n<p><a href=\"#by-name\">Index by name</a>, <a href=\"#by-oid\">index by OID</a></p>\n</nav>\n");
   }
 
+  // Null: none was taken.
+  template <typename Pictures>
+  static const typename Pictures::mapped_type* PictureOf(const ManualEntry& entry, const Pictures& pictures) {
+    if (entry.level > kDeepestGoal) return nullptr;
+    const auto found = pictures.find(PathText(*entry.item));
+    return found == pictures.end() ? nullptr : &found->second;
+  }
+
   static std::string KeysHtml(WideStringView keys) {
     std::string html;
-    for (const char16_t key : keys)
+    for (const char16_t key : keys.substr(0, kMostOfKeys))
       html += (html.empty() ? "<kbd>" : " <kbd>") + base::ToUtf8(WideString(1, key)) + "</kbd>";
-    return html;
+    return keys.size() > kMostOfKeys ? html + " &#8230;" : html;
   }
   // Null while the item cannot be reached.
   const WideString* KeysOf(const MenuItem* item) const {
@@ -238,9 +251,8 @@ class Writer {
       Add("<p>When the menu is left, the terminal warns of a network key that is missing.</p>\n");
     }
     Add("<div class=\"menu\">\n");
-    const auto pictures = pictures_.menus.find(PathText(*entry.item));
-    if (pictures != pictures_.menus.end()) {
-      for (const std::string& picture : pictures->second) Add("<div>" + picture + "</div>\n");
+    if (const auto* pictures = PictureOf(entry, pictures_.menus)) {
+      for (const std::string& picture : *pictures) Add("<div>" + picture + "</div>\n");
     }
     Add("<ol class=\"lines\">\n");
     const WideString* toMenu = KeysOf(entry.item);
@@ -275,7 +287,12 @@ class Writer {
 
   void Where(const ManualEntry& entry) {
     std::string path;
+    std::size_t menus = 0;
     for (const MenuItem* at = entry.item->Parent(); at != nullptr; at = at->Parent()) {
+      if (menus++ == kMostMenusAbove) {
+        path = "&#8230; &#8250; " + path;
+        break;
+      }
       const std::string link = Link(entries_[byItem_.at(at)]);
       path = path.empty() ? link : link + " &#8250; " + path;
     }
@@ -321,9 +338,8 @@ class Writer {
     AfterChange(entry, *key);
     html_.swap(terms);
     if (!terms.empty()) Add("<dl>\n" + terms + "</dl>\n");
-    const auto picture = pictures_.editors.find(PathText(*entry.item));
-    if (picture != pictures_.editors.end()) {
-      Add("<details><summary>How it is edited</summary>\n<div>" + picture->second + "</div></details>\n");
+    if (const std::string* picture = PictureOf(entry, pictures_.editors)) {
+      Add("<details><summary>How it is edited</summary>\n<div>" + *picture + "</div></details>\n");
     }
   }
 

@@ -73,7 +73,7 @@ class Photographer {
         const model::MenuItem* item = player_.ItemAt(child);
         if (item == nullptr) break;
         if (!item->IsLeaf()) {
-          open.push_back(child);
+          if (child.size() <= kDeepestGoal) open.push_back(child);
         } else if (CanBeEdited(*item) && !pictures_.editors.contains(PathText(*item)) && player_.Activate(child)) {
           TakeEditor(PathText(*item));
         }

@@ -17,14 +17,14 @@ void RuleTrace::Clear() {
   wireless_.clear();
 }
 
-const std::vector<SeenRule>& RuleTrace::RulesOf(const WideString& path) const {
+const std::vector<SeenRule>& RuleTrace::RulesOf(const config::ConfigKey* key) const {
   static const std::vector<SeenRule> kNone;
-  const auto found = rules_.find(path);
+  const auto found = rules_.find(key);
   return found == rules_.end() ? kNone : found->second;
 }
 
 void RuleTrace::OnNode(const config::ConfigKey& node, const model::MenuItem*) {
-  current_ = &rules_[node.FullPath()];
+  current_ = &rules_[&node];
   current_->clear();
   wireless_.clear();  // the wireless rules run after those of a menu's lines
 }

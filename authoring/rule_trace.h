@@ -3,8 +3,8 @@
 
 #include "rules/rule_listener.h"
 
-#include <map>
 #include <optional>
+#include <unordered_map>
 #include <vector>
 
 namespace authoring {
@@ -57,8 +57,8 @@ class RuleTrace final : public rules::RuleListener {
  public:
   void Clear();
 
-  // Of the item at this path, empty when its rules have not run.
-  const std::vector<SeenRule>& RulesOf(const WideString& path) const;
+  // Of the item of this key, empty when its rules have not run.
+  const std::vector<SeenRule>& RulesOf(const config::ConfigKey* key) const;
   // What the wireless rules did since the rules of a line last ran.
   const std::vector<SeenWireless>& Wireless() const { return wireless_; }
 
@@ -74,7 +74,7 @@ class RuleTrace final : public rules::RuleListener {
  private:
   SeenRule* Current() { return current_ == nullptr || current_->empty() ? nullptr : &current_->back(); }
 
-  std::map<WideString, std::vector<SeenRule>> rules_;
+  std::unordered_map<const config::ConfigKey*, std::vector<SeenRule>> rules_;
   std::vector<SeenRule>* current_ = nullptr;
   SeenOperand operand_;
   std::vector<SeenWireless> wireless_;

@@ -10,10 +10,10 @@ using model::DisplayState;
 
 Verdict VerdictOf(const RuleTrace& trace, const model::MenuItem& item) {
   Verdict verdict;
-  verdict.path = PathOf(item);
+  verdict.path = ShownPathOf(item);
   verdict.title = base::Trim(item.Title());
   verdict.state = item.State();
-  verdict.rules = trace.RulesOf(item.Path());
+  verdict.rules = trace.RulesOf(item.Key());
   for (std::size_t i = 0; i < verdict.rules.size(); ++i) {
     if (verdict.rules[i].state) verdict.winner = i;
   }

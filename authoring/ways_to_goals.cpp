@@ -104,7 +104,7 @@ class WayFinder {
       case GoalKind::kRule:
         return [this, goal](const Look& look) {
           const model::MenuItem* item = ItemAtPlace(trial_.Model(), goal.place);
-          const auto& rules = trace_.RulesOf(item->Path());
+          const auto& rules = trace_.RulesOf(item->Key());
           const auto number = static_cast<std::size_t>(goal.rule);
           return look.reachable && number < rules.size() && rules[number].holds == goal.outcome;
         };

@@ -39,6 +39,10 @@ void PrintText(const Exploration& exploration, const Streams& streams) {
   for (const auto& one : exploration.unreached) {
     streams.out << (one.impossible ? "impossible: " : "not reached: ") << one.goal.Id() << "  (" << one.reason << ")\n";
   }
+  if (exploration.tooDeep > 0) {
+    streams.out << "not played: " << exploration.tooDeep << " entries behind more than " << authoring::kDeepestGoal
+                << " menus\n";
+  }
   streams.out << exploration.keys << " keys, " << exploration.scripts.size() << " scripts\n";
 }
 
@@ -61,6 +65,7 @@ ordered_json ToJson(const Exploration& exploration) {
   for (const auto& script : exploration.scripts) {
     json["scripts"].push_back({{"name", script.name}, {"found", script.findings}});
   }
+  json["tooDeep"] = exploration.tooDeep;
   json["keys"] = exploration.keys;
   json["complete"] = exploration.IsComplete();
   return json;

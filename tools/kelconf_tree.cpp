@@ -5,6 +5,7 @@
 #include "tools/console.h"
 #include "tools/kelconf_source.h"
 
+#include <algorithm>
 #include <memory>
 #include <ostream>
 #include <unordered_map>
@@ -25,6 +26,15 @@ std::string NameOf(const Configuration& configuration, const Entry& entry) {
   return base::ToUtf8(configuration.Symbols().TextOf(entry.DisplayName()));
 }
 
+// So deep the lines are indented; where menus lie deeper, each line says how deep instead.
+constexpr std::uint32_t kDeepestIndent = 40;
+
+std::string IndentOf(const Entry& entry) {
+  std::string indent(2 * std::size_t{std::min(entry.depth, kDeepestIndent)}, ' ');
+  if (entry.depth > kDeepestIndent) indent += "(" + std::to_string(entry.depth) + ") ";
+  return indent;
+}
+
 // What stands behind the name: type and OID of a property, what a command runs.
 std::string KindOf(const Entry& entry) {
   std::string text;
@@ -43,11 +53,11 @@ std::string KindOf(const Entry& entry) {
 void PrintText(const Configuration& configuration, const Entries& entries, const Streams& streams) {
   std::unordered_map<const Entry*, std::size_t> numbers;  // of the last line of each menu
   for (const Entry& entry : entries.All()) {
-    const std::string indent(entry.depth * 2, ' ');
     if (entry.parent == nullptr) {
       streams.out << NameOf(configuration, entry) << '\n';
       continue;
     }
+    const std::string indent = IndentOf(entry);
     streams.out << indent << ++numbers[entry.parent] << "  " << NameOf(configuration, entry);
     if (const std::string kind = KindOf(entry); !kind.empty()) {
       streams.out << "  " << Coloured("[" + kind + "]", "36", streams.colours);

@@ -82,12 +82,14 @@ void ProfileValueMissing(const Subject& subject, Findings& findings) {
 }
 
 void DeviceTypeDiffers(const Subject& subject, Findings& findings) {
-  if (!IsAsked(subject)) return;
+  const WideStringView type = subject.Get(Attribute::kType);
+  // A type that there is not is a slip by itself.
+  if (!IsAsked(subject) || !IsTypeName(type)) return;
   const DeviceEntry* entry = subject.OnDevice();
-  if (entry == nullptr || entry->line.type == subject.Get(Attribute::kType)) return;
+  if (entry == nullptr || entry->line.type == type) return;
   findings.Add(subject, Attribute::kType,
-               "The device holds a " + Quoted(entry->line.type) + InFile(subject) + " and is asked for a " +
-                   Quoted(subject.Get(Attribute::kType)) + ".",
+               "The device's value is of the type " + Quoted(entry->line.type) + InFile(subject) +
+                   " and is asked for as " + Quoted(type) + ".",
                "Make both the same.");
 }
 

@@ -171,10 +171,8 @@ void DescendentNowhere(const Subject& subject, Findings& findings) {
 
 void DescendentCircle(const Subject& subject, Findings& findings) {
   for (const Entry* child : subject.MenuEntry().children) {
-    if (!IsDescendent(*child)) continue;
-    const Entry* above = child->parent;
-    while (above != nullptr && above->key != child->key) above = above->parent;
-    if (above == nullptr) continue;
+    const bool leadsBack = child->first != nullptr && Entries::IsWithin(subject.MenuEntry(), *child->first);
+    if (!leadsBack || !IsDescendent(*child)) continue;
     findings.Add(subject, Attribute::kDescendent, "It leads back to a menu that is open already, and is left out.",
                  "Leave the Descendent out.");
   }

@@ -31,6 +31,7 @@ void DescendentCircle(const Subject& subject, Findings& findings);
 void NumberGap(const Subject& subject, Findings& findings);
 
 // properties.cpp
+bool IsTypeName(WideStringView text);  // in this very case
 void TypeMissing(const Subject& subject, Findings& findings);
 void TypeUnknown(const Subject& subject, Findings& findings);
 void TypeMiscased(const Subject& subject, Findings& findings);

@@ -18,6 +18,11 @@ namespace {
 using model::DisplayState;
 using model::MenuItem;
 
+// So many menus with rules, one within the other, are gone through for each that can be empty.
+constexpr std::size_t kMostMenusAbove = 16;
+
+constexpr const char* kEmptyMenu = "all its lines can be hidden at once";
+
 bool IsHidden(DisplayState state) { return state == DisplayState::kNotDisplayed; }
 
 // What the rules of one line did in one case.
@@ -108,13 +113,19 @@ class Prover {
     for (MenuItem* item : ItemsOf(trial.trial.Model())) {
       if (const config::ConfigKey* key = item->Key()) items_.emplace(key, item);
     }
+    // Each menu stands before what is in it.
+    for (const Subject& subject : survey.Subjects()) {
+      const Entry* parent = subject.MenuEntry().parent;
+      const bool isRuled = parent != nullptr && subject.Has(Attribute::kDependency);
+      ruled_.push_back(isRuled ? &subject : parent == nullptr ? nullptr : ruled_[parent->number]);
+    }
   }
 
   void ProveLine(const Subject& subject) {
     MenuItem* item = ItemOf(subject);
     if (item == nullptr || std::none_of(subject.Rules().begin(), subject.Rules().end(), Runs)) return;
     RuleCases cases(survey_, trial_, {item}, HasFallback(subject));
-    if (!IsDecidable(subject, cases, "its rules")) return;
+    if (!IsDecidable(subject, cases, "its rules do what they say")) return;
     std::vector<RuleOutcomes> outcomes(subject.Rules().size());
     bool everShown = false;
     WayBack wayBack(subject, cases);
@@ -155,21 +166,18 @@ class Prover {
     for (const Entry* child : children) {
       if (!canHide_.contains(&survey_.Of(*child))) return;
     }
-    std::vector<const Subject*> way;
-    for (const Entry* entry = &subject.MenuEntry(); entry->parent != nullptr; entry = entry->parent) {
-      way.push_back(&survey_.Of(*entry));
-    }
+    const Way way = WayTo(subject);
     std::vector<const Subject*> lines;
     lines.reserve(children.size());
     for (const Entry* child : children) lines.push_back(&survey_.Of(*child));
     std::vector<MenuItem*> items;
-    for (const auto& group : {way, lines}) {
+    for (const auto& group : {way.menus, lines}) {
       for (const Subject* line : group) {
         if (MenuItem* item = ItemOf(*line)) items.push_back(item);
       }
     }
     RuleCases cases(survey_, trial_, items, false);
-    if (!IsDecidable(subject, cases, "all its lines can be hidden at once")) return;
+    if (!IsDecidable(subject, cases, kEmptyMenu)) return;
     const auto shown = [&](const Subject* line) {
       MenuItem* item = ItemOf(*line);
       if (item == nullptr) return false;
@@ -177,10 +185,15 @@ class Prover {
       return !IsHidden(item->State());
     };
     cases.ForEach([&] {
-      const bool isOpen = std::all_of(way.begin(), way.end(), [&](const Subject* menu) {
+      const bool isOpen = std::all_of(way.menus.begin(), way.menus.end(), [&](const Subject* menu) {
         return shown(menu) && ItemOf(*menu)->State() != DisplayState::kBlank;
       });
       if (!isOpen || std::any_of(lines.begin(), lines.end(), shown)) return true;
+      if (!way.isWhole) {
+        NotDecided(subject, kEmptyMenu,
+                   "the rules of more than " + std::to_string(kMostMenusAbove) + " menus above it");
+        return false;
+      }
       Begin("menu-can-be-empty");
       findings_.Add(
           subject, "All lines of this menu are hidden at once, for " + cases.Said() + ": it then reads \"(no items)\".",
@@ -221,6 +234,24 @@ class Prover {
   }
 
  private:
+  // What decides whether a menu can be entered: itself and those above it, as far as they have rules, the nearest
+  // first.
+  struct Way {
+    std::vector<const Subject*> menus;
+    bool isWhole = true;  // else there are more
+  };
+  Way WayTo(const Subject& menu) const {
+    Way way;
+    for (const Subject* at = NearestRuled(menu); at != nullptr;
+         at = NearestRuled(survey_.Of(*at->MenuEntry().parent))) {
+      if (way.menus.size() == kMostMenusAbove) return {std::move(way.menus), false};
+      way.menus.push_back(at);
+    }
+    return way;
+  }
+  // Of the menu and those above it but the main menu; null: none has rules.
+  const Subject* NearestRuled(const Subject& menu) const { return ruled_[menu.MenuEntry().number]; }
+
   MenuItem* ItemOf(const Subject& subject) const {
     const auto found = items_.find(&subject.Key());
     return found == items_.end() ? nullptr : found->second;
@@ -230,12 +261,14 @@ class Prover {
 
   bool IsDecidable(const Subject& subject, const RuleCases& cases, const char* what) {
     if (cases.Count(kMostCases) <= kMostCases) return true;
+    NotDecided(subject, what, cases.TooManySaid(kMostCases));
+    return false;
+  }
+
+  void NotDecided(const Subject& subject, const char* what, const std::string& reason) {
     Begin("not-decided");
     findings_.Add(subject, Attribute::kDependency,
-                  "Not decided: whether " + std::string(what) + " do what they say depends on " +
-                      cases.TooManySaid(kMostCases) + ".",
-                  "");
-    return false;
+                  "Not decided: whether " + std::string(what) + " depends on " + reason + ".", "");
   }
 
   // The line's rules on the present values; what they did is in record_.
@@ -340,6 +373,7 @@ class Prover {
   CaseRecord record_;
   std::unordered_map<const config::ConfigKey*, MenuItem*> items_;
   std::unordered_set<const Subject*> canHide_;
+  std::vector<const Subject*> ruled_;  // by the number of the entry
 };
 
 }  // namespace

@@ -37,6 +37,8 @@ bool IsInAnyCase(WideStringView text, const std::vector<WideStringView>& names) 
 
 }  // namespace
 
+bool IsTypeName(WideStringView text) { return IsExactly(text, TypeNames()); }
+
 void TypeMissing(const Subject& subject, Findings& findings) {
   if (subject.Has(Attribute::kType)) return;
   findings.Add(subject, "A property without a Type shows no value and cannot be edited.", "Give it a Type.");

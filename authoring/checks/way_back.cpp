@@ -2,29 +2,8 @@
 
 #include "base/utf8.h"
 
-#include <algorithm>
-
 namespace authoring {
 namespace {
-
-bool StandsBehind(const Subject& property, const Subject& line) {
-  for (const Entry* entry = &property.MenuEntry(); entry != nullptr; entry = entry->parent) {
-    if (entry->key == &line.Key()) return true;
-  }
-  return false;
-}
-
-// A menu further down shows it too, or a menu that it stands in.
-bool HasOtherPlace(const Subject& property) {
-  const auto& all = property.All().Menus().All();
-  return std::any_of(all.begin(), all.end(), [&](const auto& entry) {
-    if (entry.first == nullptr) return false;
-    for (const Entry* at = &property.MenuEntry(); at != nullptr; at = at->parent) {
-      if (at->key == entry.key) return true;
-    }
-    return false;
-  });
-}
 
 // A person can give the property this value.
 bool CanBeSaved(const Subject& property, const WideString& value) {
@@ -40,7 +19,7 @@ WayBack::WayBack(const Subject& line, const RuleCases& cases) : line_(line), cas
     // What stands in several places can be edited in another one.
     if (properties.size() != 1) continue;
     const Subject& property = *properties.front();
-    if (!property.IsEditable() || !StandsBehind(property, line)) continue;
+    if (!property.IsEditable() || !Entries::IsWithin(property.MenuEntry(), line.MenuEntry())) continue;
     settings_.push_back({i, &property, std::vector<bool>(cases.Variables()[i].values.size())});
   }
 }
@@ -59,7 +38,7 @@ std::vector<std::string> WayBack::Traps() const {
            (setting.everShown[trap] || !CanBeSaved(*setting.property, variable.values[trap]))) {
       ++trap;
     }
-    if (trap == variable.values.size() || HasOtherPlace(*setting.property)) continue;
+    if (trap == variable.values.size() || line_.All().Menus().StandsElsewhere(setting.property->MenuEntry())) continue;
     const bool isItself = &setting.property->Key() == &line_.Key();
     traps.push_back("Once " + variable.name + " is saved as " + variable.Said(variable.values[trap]) + ", " +
                     (isItself ? "its line is hidden" : "this menu is hidden, and with it that line") +

@@ -237,6 +237,23 @@ TEST(Proofs, AMenuThatIsHiddenWithItsLinesIsNeverEmpty) {
             Ids(a + "<GROUP name=\"M\"><Dependency>IF A EQ 1 THEN NoDisplay</Dependency>" + lines + "</GROUP>"));
 }
 
+TEST(Proofs, AMenuBehindMoreMenusWithRulesThanAreGoneThroughIsNotSaidToBeEmpty) {
+  // Each is hidden by a setting of its own, but for the line, which is hidden by another.
+  const auto menus = [](int count, const std::string& line) {
+    std::string text = Property("A", "<Type>Bool</Type>") + Property("B", "<Type>Bool</Type>");
+    for (int i = 0; i < count; ++i) {
+      text += "<GROUP name=\"M\"><DisplayName>M" + std::to_string(i) +
+              "</DisplayName><Dependency>IF B EQ 1 THEN NoDisplay</Dependency>";
+    }
+    text += Property("C", "<Type>Bool</Type><Dependency>IF " + line + " EQ 1 THEN NoDisplay</Dependency>");
+    for (int i = 0; i < count; ++i) text += "</GROUP>";
+    return Ids(text);
+  };
+  EXPECT_EQ(Lines{"menu-can-be-empty"}, menus(16, "A"));
+  EXPECT_EQ(Lines{"not-decided"}, menus(17, "A"));
+  EXPECT_EQ(Lines{}, menus(17, "B"));
+}
+
 TEST(Proofs, FallbacksOfTwoPropertiesThatFollowEachOtherAreFound) {
   const std::string choices = "<Type>Integer</Type><ChoiceFmt>1#One|2#Two</ChoiceFmt>";
   const auto follows = [&](const std::string& own, const std::string& other, const std::string& one,

@@ -1,6 +1,7 @@
 #include "authoring/configuration.h"
 
 #include "base/utf8.h"
+#include "config/text_place.h"
 #include "tests/authoring/storage_folder.h"
 
 namespace {
@@ -57,6 +58,25 @@ TEST(Configuration, AFileWhoseNameIsNotUtf8IsLoadedUnlessAnotherReadsTheSame) {
                 ": another file's name reads the same in the terminal, which takes that one: " +
                 (folder.Path() / "k\xE3se.xml").string(),
             load("k\xE4se.xml").problem);
+}
+
+TEST(Configuration, PlacesInShortAndLongLinesAreThoseOfTheReader) {
+  std::string wide;
+  for (int i = 0; i < 900; ++i) wide += i % 7 == 0 ? "\xF0\x9F\x98\x80\xC3\xA9" : "<A>b</A>\t";
+  std::string lines;
+  for (int i = 0; i < 300; ++i) lines += std::string(static_cast<std::size_t>(i % 5), ' ') + "<B/>\n";
+  StorageFolder folder;
+  for (const std::string& text :
+       {"<GROUP name=\"R\">" + wide + "</GROUP>", "\xEF\xBB\xBF<GROUP name=\"R\">" + lines + wide + "</GROUP>\n",
+        "<GROUP name=\"R\">" + wide + "\n" + wide + lines + "</GROUP>"}) {
+    const auto configuration = folder.Write("Windows/ovu.xml", text).Load();
+    ASSERT_NE(nullptr, configuration);
+    const WideStringView read = configuration->Index()->Text().View();
+    for (std::size_t at = 0; at <= read.size(); at += at + 5 < read.size() ? 5 : 1) {
+      const config::TextPlace place = config::PlaceIn(read, at);
+      EXPECT_EQ((Position{configuration->File(), place.line, place.column}), configuration->PositionAt(at)) << at;
+    }
+  }
 }
 
 TEST(Configuration, ADocumentThatIsNotWellFormedIsReportedInTheReadersWords) {
