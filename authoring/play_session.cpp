@@ -28,7 +28,7 @@ void FixSurroundings(host::Environment& environment) {
 class PlaySession::Impl final : private host::Display {
  public:
   Impl(const PlayTerms& terms, rules::RuleListener* listener) : terms_(terms) {
-    problem_ = simulator::OpenStorage(terms.root, {}, storage_);
+    problem_ = simulator::OpenStorage(terms.root, storage_);
     if (!problem_.empty()) return;
     listener_ = listener;
     turn_ = Turn::kProgram;

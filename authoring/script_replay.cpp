@@ -32,7 +32,7 @@ Replay PlayScript(const PlayTerms& terms, const std::string& script, const std::
   }
   GiveDevice(terms.root, script);
   simulator::Storage storage;
-  replay.problem = simulator::OpenStorage(terms.root, {}, storage);
+  replay.problem = simulator::OpenStorage(terms.root, storage);
   if (!replay.problem.empty()) return replay;
   simulator::InstanceLock instance(terms.root);
   simulator::LineLog effects(true);

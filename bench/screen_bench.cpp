@@ -222,7 +222,7 @@ Result Measured(int properties) {
   {
     simulator::InstanceLock instance(root);
     simulator::Storage storage;
-    const std::string problem = simulator::OpenStorage(root, {}, storage);
+    const std::string problem = simulator::OpenStorage(root, storage);
     if (!problem.empty()) {
       std::fprintf(stderr, "%s\n", problem.c_str());
       std::exit(2);

@@ -5,11 +5,11 @@
 # "test" (the default) what all tests take besides. Does nothing, and needs no rights, when all is there.
 set -eu
 
-packages=(cmake g++ libcli11-dev libncurses-dev ninja-build nlohmann-json3-dev pkg-config)
+packages=(cmake g++ libcli11-dev libncurses-dev libsnmp-dev ninja-build nlohmann-json3-dev pkg-config)
 if [ "${1:-test}" = test ]; then
   packages+=(ccache chromium clang-14 clang-format-14 clang-tidy-14 file fonts-wine googletest imagemagick libbenchmark-dev libclang-rt-14-dev
-    libgtest-dev libpugixml-dev libsnmp-dev man-db mandoc mingw-w64-tools g++-mingw-w64-i686-posix g++-mingw-w64-x86-64-posix python3
-    python3-jsonschema snmp tidy tmux wine wine64 xvfb)
+    libgtest-dev libpugixml-dev man-db mandoc mingw-w64-tools g++-mingw-w64-i686-posix g++-mingw-w64-x86-64-posix python3
+    python3-jsonschema python3-pysnmp4 snmp tidy tmux wine wine64 xvfb)
 fi
 
 missing=()

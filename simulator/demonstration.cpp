@@ -40,15 +40,20 @@ std::string CopyFresh(const fs::path& original, const fs::path& fresh) {
 
 }  // namespace
 
-fs::path DemonstrationRoot() {
+fs::path StateFolder() {
   const auto variable = [](const char* name) -> fs::path {
     const char* text = std::getenv(name);
     return text == nullptr ? "" : text;
   };
   const fs::path state = variable("XDG_STATE_HOME");
-  if (state.is_absolute()) return state / "kelterm" / "terminal";
+  if (state.is_absolute()) return state / "kelterm";
   const fs::path home = variable("HOME");
-  return home.empty() ? fs::path() : home / ".local" / "state" / "kelterm" / "terminal";
+  return home.empty() ? fs::path() : home / ".local" / "state" / "kelterm";
+}
+
+fs::path DemonstrationRoot() {
+  const fs::path folder = StateFolder();
+  return folder.empty() ? fs::path() : folder / "terminal";
 }
 
 fs::path DemonstrationOriginal() {

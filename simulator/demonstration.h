@@ -6,8 +6,11 @@
 
 namespace simulator {
 
-// Where the user's copy lives: kelterm/terminal under $XDG_STATE_HOME, else under ~/.local/state. Empty when neither
+// What is kept for the user between runs: kelterm under $XDG_STATE_HOME, else under ~/.local/state. Empty when neither
 // that nor $HOME is set.
+std::filesystem::path StateFolder();
+
+// Where the user's copy lives in it.
 std::filesystem::path DemonstrationRoot();
 
 // The original that came with the executable; empty when there is none.

@@ -80,10 +80,10 @@ std::string FormatDeviceLine(const DeviceLine& line) {
   return JoinColumns(columns);
 }
 
-DeviceStore::DeviceStore(std::filesystem::path file, Wait wait) : file_(std::move(file)), wait_(std::move(wait)) {}
+DeviceStore::DeviceStore(std::filesystem::path file) : file_(std::move(file)) {}
 
-DeviceStore::Opened DeviceStore::Open(const std::filesystem::path& file, Wait wait) {
-  auto store = std::make_unique<DeviceStore>(file, std::move(wait));
+DeviceStore::Opened DeviceStore::Open(const std::filesystem::path& file) {
+  auto store = std::make_unique<DeviceStore>(file);
   std::string problem = store->Read();
   if (!problem.empty()) return {nullptr, std::move(problem)};
   return {std::move(store), {}};
@@ -149,13 +149,18 @@ bool DeviceStore::IsAsInFile() {
   return AreIn(ReadTextFile(file_));
 }
 
+int DeviceStore::DelayMs(const WideString& oid) {
+  const std::lock_guard lock(mutex_);
+  const auto found = lines_.find(oid);
+  return found == lines_.end() ? 0 : found->second.options.delayMs;
+}
+
 platform::ResultCode DeviceStore::Get(const WideString& oid, std::optional<WideString>& value) {
   const std::lock_guard lock(mutex_);
   value.reset();
   const auto found = lines_.find(oid);
   if (found == lines_.end()) return platform::kFailed;
   const DeviceLine& line = found->second;
-  Pass(line.options.delayMs);
   const platform::ResultCode code = line.options.get.value_or(platform::kOk);
   if (code >= 0 && !line.options.null) value = line.value;
   return code;
@@ -174,7 +179,6 @@ platform::ResultCode DeviceStore::Set(const std::vector<Change>& changes) {
     const auto found = lines_.find(change.oid);
     if (found == lines_.end()) return platform::kFailed;
     const DeviceOptions& options = found->second.options;
-    Pass(options.delayMs);
     if (options.readOnly) return platform::kAccessDenied;
     const platform::ResultCode code = options.set.value_or(platform::kOk);
     if (code < 0) return code;
@@ -253,10 +257,6 @@ void DeviceStore::Compact() {
     return true;
   });
   ReplaceTextFile(file_, tidy, sync_);
-}
-
-void DeviceStore::Pass(int delayMs) const {
-  if (delayMs > 0 && wait_) wait_(delayMs);
 }
 
 }  // namespace simulator

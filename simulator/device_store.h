@@ -1,4 +1,5 @@
-// The simulated device's values, kept in device.txt: one a line, OID, type, value and options in columns.
+// The simulated device's values, kept in device.txt: one a line, OID, type, value and options in columns. Any thread
+// may read and set them.
 #pragma once
 
 #include "platform/device.h"
@@ -40,9 +41,6 @@ std::string FormatDeviceLine(const DeviceLine& line);
 
 class DeviceStore {
  public:
-  // Lets the time of a delay= pass.
-  using Wait = std::function<void(int milliseconds)>;
-
   struct Opened {
     std::unique_ptr<DeviceStore> store;  // null when the file cannot be read or has a broken line
     std::string problem;                 // then: one line that names the file
@@ -53,10 +51,10 @@ class DeviceStore {
   };
 
   // A missing file is a device without values.
-  static Opened Open(const std::filesystem::path& file, Wait wait = {});
+  static Opened Open(const std::filesystem::path& file);
 
   // A device without values; Open() makes one that has them.
-  DeviceStore(std::filesystem::path file, Wait wait);
+  explicit DeviceStore(std::filesystem::path file);
   // Puts the file in order: one line for each OID.
   ~DeviceStore();
   DeviceStore(const DeviceStore&) = delete;
@@ -73,6 +71,9 @@ class DeviceStore {
 
   // Whether the file says what this device has; not so when somebody has edited it.
   bool IsAsInFile();
+
+  // What a delay= asks for, which its users let pass: nobody else waits meanwhile. 0 for an OID that is not there.
+  int DelayMs(const WideString& oid);
 
   platform::ResultCode Get(const WideString& oid, std::optional<WideString>& value);
 
@@ -92,10 +93,8 @@ class DeviceStore {
   bool Rewrite(const std::vector<DeviceLine>& changed);
   bool IsOnDisk() const { return !sync_ || sync_(file_); }
   void Compact();
-  void Pass(int delayMs) const;
 
   const std::filesystem::path file_;
-  const Wait wait_;
   SyncFile sync_;
   std::mutex mutex_;
   Lines lines_;

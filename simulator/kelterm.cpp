@@ -4,6 +4,7 @@
 #include "base/utf8.h"
 #include "simulator/authors_display.h"
 #include "simulator/demonstration.h"
+#include "simulator/disk_sync.h"
 #include "simulator/folder_watch.h"
 #include "simulator/instance_lock.h"
 #include "simulator/options.h"
@@ -14,12 +15,15 @@
 #include "simulator/text_display.h"
 #include "simulator/text_file.h"
 #include "simulator/usage.h"
+#include "snmp/agent.h"
 
 #include <clocale>
 #include <cstdio>
+#include <cstdlib>
 #include <fstream>
 #include <iostream>
 #include <iterator>
+#include <utility>
 
 namespace simulator {
 namespace {
@@ -97,6 +101,28 @@ class ForPeople {
   std::string problem_;
 };
 
+// Empty, or why nobody on the network can be answered.
+std::string PlanAgent(const Options& options, std::optional<snmp::AgentPlan>& plan) {
+  if (!options.agent) return {};
+  const auto variable = [](const char* name) -> const char* { return std::getenv(name); };
+  const std::string place = options.agent->empty() ? snmp::kUsualPlace : *options.agent;
+  return snmp::PlanAgent("--agent", place, options.credentials, variable, plan.emplace());
+}
+
+// The same. From then on the network and the person at the terminal have the same values.
+std::string ServeNetwork(DeviceStore& store, const std::filesystem::path& root, snmp::AgentPlan plan,
+                         std::optional<snmp::AgentThread>& serving) {
+  store.SyncWith(SyncToDisk);
+  plan.engineFile = snmp::EngineFileOf(root, StateFolder());
+  plan.sync = SyncToDisk;
+  std::string problem;
+  auto agent = snmp::Agent::Open(store, plan, problem);
+  if (!agent) return problem;
+  std::cerr << "kelterm: " << root.string() << " answers at " << ToText(agent->Where()) << std::endl;
+  serving.emplace(std::move(agent));
+  return {};
+}
+
 int Run(const Options& options, Outcome& outcome) {
   std::string problem;
   const auto scriptText = ReadScript(options.script);
@@ -106,6 +132,10 @@ int Run(const Options& options, Outcome& outcome) {
   if (script.brokenLine != 0) {
     return Complain(kUnusable, scriptName + ":" + std::to_string(script.brokenLine) + ": " + script.problem);
   }
+
+  std::optional<snmp::AgentPlan> plan;
+  problem = PlanAgent(options, plan);
+  if (!problem.empty()) return Complain(kUnusable, problem);
 
   const auto root = options.root.empty() ? Demonstration(options.reset, problem) : options.root;
   if (!problem.empty()) return Complain(kUnusable, problem);
@@ -124,7 +154,7 @@ int Run(const Options& options, Outcome& outcome) {
   const auto wait = [&display](int milliseconds) { display.Pause(std::chrono::milliseconds(milliseconds)); };
   const auto open = [&] {
     Storage fresh;
-    std::string refused = OpenStorage(root, wait, fresh);
+    std::string refused = OpenStorage(root, fresh);
     if (refused.empty()) storage = std::move(fresh);
     if (refused.empty() && instance.Other() != 0) storage.device->ShareFile();
     return refused;
@@ -135,7 +165,9 @@ int Run(const Options& options, Outcome& outcome) {
   if (!options.log.empty() && !debug.WriteTo(options.log)) {
     return Complain(kUnusable, options.log + ": cannot be written");
   }
-  if (people) problem = people->Start();
+  std::optional<snmp::AgentThread> serving;
+  if (plan && instance.Other() == 0) problem = ServeNetwork(*storage.device, root, *plan, serving);
+  if (people && problem.empty()) problem = people->Start();
   if (!problem.empty()) return Complain(kUnusable, problem);
 
   const auto watcher = [&running](const app::CKelConfigApp* application) { running = application; };
@@ -143,7 +175,7 @@ int Run(const Options& options, Outcome& outcome) {
     outcome.report = app::RunUtility(commandLine, watcher);
     return 0;
   };
-  Terminal::Parts parts{storage, instance, effects, debug, display};
+  Terminal::Parts parts{storage, instance, effects, debug, display, wait};
   // What cannot be opened now changes once more, and stays as it was until then.
   if (options.watch) parts.beforeStartingAgain = open;
   Terminal terminal(std::move(parts), options.screenWidthPx, options.screenHeightPx, utility);

@@ -50,6 +50,16 @@ std::string SetLog(Options& options, const std::string& text) {
   return text.empty() ? "--log takes a file" : "";
 }
 
+std::string SetAgent(Options& options, const std::string& text) {
+  options.agent = text;
+  return {};
+}
+
+std::string SetCredentials(Options& options, const std::string& text) {
+  options.credentials = text;
+  return text.empty() ? "--credentials takes a file" : "";
+}
+
 std::string SetReset(Options& options, const std::string&) {
   options.reset = true;
   return {};
@@ -76,10 +86,16 @@ const struct {
   int hasArgument;
   std::string (*set)(Options& options, const std::string& argument);
 } kOptions[] = {
-    {"root", 0, required_argument, SetRoot},       {"screen", 0, required_argument, SetScreen},
-    {"display", 0, required_argument, SetDisplay}, {"script", 0, required_argument, SetScript},
-    {"log", 0, required_argument, SetLog},         {"reset", 0, no_argument, SetReset},
-    {"watch", 0, no_argument, SetWatch},           {"version", 0, no_argument, SetVersion},
+    {"root", 0, required_argument, SetRoot},
+    {"screen", 0, required_argument, SetScreen},
+    {"display", 0, required_argument, SetDisplay},
+    {"script", 0, required_argument, SetScript},
+    {"log", 0, required_argument, SetLog},
+    {"reset", 0, no_argument, SetReset},
+    {"watch", 0, no_argument, SetWatch},
+    {"agent", 0, optional_argument, SetAgent},
+    {"credentials", 0, required_argument, SetCredentials},
+    {"version", 0, no_argument, SetVersion},
     {"help", 'h', no_argument, SetHelp},
 };
 constexpr int kOptionCount = static_cast<int>(std::size(kOptions));
@@ -121,6 +137,10 @@ std::optional<Options> ParseOptions(int count, char* const* arguments, std::stri
   if (problem.empty() && options.watch && !options.HasTextDisplay()) {
     problem = "--watch is for people: it cannot go with --script or --display none";
   }
+  if (problem.empty() && options.watch && options.agent) {
+    problem = "--agent cannot go with --watch: each start would take the device away from those who ask";
+  }
+  if (problem.empty() && !options.credentials.empty() && !options.agent) problem = "--credentials goes with --agent";
   if (!problem.empty()) return std::nullopt;
   for (int i = optind; i < count; ++i) {
     if (i > optind) options.commandLine += u" ";

@@ -16,8 +16,10 @@ struct Options {
   int screenWidthPx = 240;
   int screenHeightPx = 320;
   DisplayKind display = DisplayKind::kText;
-  std::string script;  // empty: none; "-": standard input
-  std::string log;     // empty: none
+  std::string script;                // empty: none; "-": standard input
+  std::string log;                   // empty: none
+  std::optional<std::string> agent;  // answers the network; the text: at this place, where there is one
+  std::string credentials;           // the file that says who may ask; empty: none
   bool reset = false;
   bool watch = false;
   bool version = false;

@@ -1,5 +1,7 @@
 #include "simulator/simulated_device.h"
 
+#include <utility>
+
 namespace simulator {
 namespace {
 
@@ -9,7 +11,8 @@ constexpr auto kUnknownServer = static_cast<ResultCode>(0x800401F3);
 
 class SimulatedDevice : public platform::ISnmpConfig {
  public:
-  SimulatedDevice(DeviceStore& store, LineLog& effects) : store_(store), effects_(effects) {}
+  SimulatedDevice(DeviceStore& store, LineLog& effects, DeviceWait wait)
+      : store_(store), effects_(effects), wait_(std::move(wait)) {}
 
   ResultCode Set(const WideString& oid, const WideString& type, const WideString& value) override {
     return SetBy(Operation::kOrdinary, oid, type, value);
@@ -26,6 +29,7 @@ class SimulatedDevice : public platform::ISnmpConfig {
 
  private:
   ResultCode SetBy(Operation operation, const WideString& oid, const WideString& type, const WideString& value) {
+    LetPass(oid);
     const ResultCode code = store_.Set(oid, value);
     effects_.Add(SetLine(operation, oid, type, value, code));
     return code;
@@ -33,19 +37,26 @@ class SimulatedDevice : public platform::ISnmpConfig {
 
   ResultCode GetBy(Operation operation, const WideString& oid, const WideString& type,
                    std::optional<WideString>& value) {
+    LetPass(oid);
     const ResultCode code = store_.Get(oid, value);
     effects_.Add(GetLine(operation, oid, type, code, value));
     return code;
   }
 
+  void LetPass(const WideString& oid) const {
+    const int delayMs = wait_ ? store_.DelayMs(oid) : 0;
+    if (delayMs > 0) wait_(delayMs);
+  }
+
   DeviceStore& store_;
   LineLog& effects_;
+  const DeviceWait wait_;
 };
 
 }  // namespace
 
-std::unique_ptr<platform::ISnmpConfig> MakeSimulatedDevice(DeviceStore& store, LineLog& effects) {
-  return std::make_unique<SimulatedDevice>(store, effects);
+std::unique_ptr<platform::ISnmpConfig> MakeSimulatedDevice(DeviceStore& store, LineLog& effects, DeviceWait wait) {
+  return std::make_unique<SimulatedDevice>(store, effects, std::move(wait));
 }
 
 platform::TableAnswer AnswerTableValue(const PropertyTables& tables, LineLog& effects, const WideString& progId,

@@ -22,12 +22,12 @@ std::string ReadRegistry(const std::filesystem::path& file, Storage& storage) {
 
 }  // namespace
 
-std::string OpenStorage(const std::filesystem::path& root, DeviceStore::Wait wait, Storage& storage) {
+std::string OpenStorage(const std::filesystem::path& root, Storage& storage) {
   std::error_code error;
   if (!std::filesystem::is_directory(root, error)) return root.string() + ": no such folder";
   storage.root = root;
   if (auto problem = ReadRegistry(root / "registry.reg", storage); !problem.empty()) return problem;
-  auto opened = DeviceStore::Open(root / "device.txt", std::move(wait));
+  auto opened = DeviceStore::Open(root / "device.txt");
   storage.device = std::move(opened.store);
   if (!opened.problem.empty()) return opened.problem;
   return storage.tables.Read(root / "tables.txt");

@@ -20,6 +20,6 @@ struct Storage {
 
 // Empty, or one line that names what cannot be used; then `storage` is not to be used either. Files that are missing
 // are empty ones.
-std::string OpenStorage(const std::filesystem::path& root, DeviceStore::Wait wait, Storage& storage);
+std::string OpenStorage(const std::filesystem::path& root, Storage& storage);
 
 }  // namespace simulator

@@ -1,7 +1,6 @@
 #include "simulator/terminal.h"
 
 #include "platform/host/desktop.h"
-#include "simulator/simulated_device.h"
 
 #include <algorithm>
 #include <utility>
@@ -85,7 +84,8 @@ platform::host::Environment Terminal::MakeEnvironment(platform::host::Display& d
   environment.root = parts_.storage.root;
   environment.registry = parts_.storage.registry;
   environment.connectDevice = [this] {
-    return std::make_unique<DeviceUntilReset>(MakeSimulatedDevice(*parts_.storage.device, parts_.effects), resetting_);
+    return std::make_unique<DeviceUntilReset>(
+        MakeSimulatedDevice(*parts_.storage.device, parts_.effects, parts_.deviceWait), resetting_);
   };
   environment.tableValue = [this](const WideString& progId, const WideString& table, const WideString& key) {
     return AnswerTableValue(parts_.storage.tables, parts_.effects, progId, table, key);

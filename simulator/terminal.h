@@ -5,6 +5,7 @@
 #include "simulator/debug_log.h"
 #include "simulator/effects.h"
 #include "simulator/instance_lock.h"
+#include "simulator/simulated_device.h"
 #include "simulator/storage.h"
 
 #include <functional>
@@ -19,6 +20,7 @@ class Terminal : private platform::host::Observer {
     LineLog& effects;
     DebugLog& debug;
     platform::host::Display& display;
+    DeviceWait deviceWait = {};
     std::function<void()> beforeStartingAgain = {};  // between two runs: nothing refers to the storage then
   };
   // The program: takes its command line, runs to its end, answers its status.

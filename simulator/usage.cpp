@@ -17,6 +17,8 @@ Options:
   --log FILE           debug output; default: nowhere
   --reset              put the demonstration terminal back to its first state, then start
   --watch              start the utility again when a file of the storage changes, and go back to the same line
+  --agent[=ADDR:PORT]  answer SNMP meanwhile, on the same values; default 127.0.0.1:1161, as kelagent does
+  --credentials FILE   who may ask the agent; only its owner may read it
   --version            the program's name and version
   -h, --help           this text
 
@@ -30,6 +32,7 @@ Environment:
   NO_COLOR             if set, no colours
   ESCDELAY             how many milliseconds Esc waits for the rest of another key; default 40, more for a slow line
   XDG_STATE_HOME       where the demonstration terminal lies; default: ~/.local/state
+  KEL_SNMP_COMMUNITY and others: who may ask the agent, as kelagent(1) says
 
 Exit status:
   0    the utility ran to its end, or this terminal already runs and was rung
@@ -40,6 +43,7 @@ Exit status:
 Examples:
   kelterm --root my-terminal
   kelterm --watch --root my-terminal
+  KEL_SNMP_COMMUNITY=look kelterm --agent
   kelterm --screen 160x160 '\Windows\ovu.xml'
   printf 'wait\nkey 1\ndump\n' | kelterm --script -
 )";

@@ -58,6 +58,7 @@ enum class ErrorStatus : int {
   kWrongValue = 10,
   kNoCreation = 11,
   kCommitFailed = 14,
+  kAuthorizationError = 16,
   kNotWritable = 17,
 };
 

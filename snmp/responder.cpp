@@ -1,10 +1,14 @@
 #include "snmp/responder.h"
 
+#include "snmp/net_snmp_library.h"
+#include "snmp/net_snmp_user.h"
 #include "snmp/pdu_translation.h"
 
 #include <netinet/in.h>
 #include <poll.h>
+#include <sys/eventfd.h>
 #include <sys/socket.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -21,30 +25,13 @@ using Clock = std::chrono::steady_clock;
 // Requests whose time has not come; more than these are lost, as datagrams may be.
 constexpr std::size_t kMaxHeld = 256;
 
-// The library's state, one a process. It reads no file of its own accord and says nothing on the console.
-class Library {
- public:
-  Library() {
-    // Numbers need none of the standard modules' files.
-    netsnmp_set_mib_directory("");
-    netsnmp_ds_set_boolean(NETSNMP_DS_LIBRARY_ID, NETSNMP_DS_LIB_DONT_READ_CONFIGS, 1);
-    netsnmp_ds_set_boolean(NETSNMP_DS_LIBRARY_ID, NETSNMP_DS_LIB_DONT_PERSIST_STATE, 1);
-    // It would make a folder for certificates, which nothing here has.
-    netsnmp_ds_set_string(NETSNMP_DS_LIBRARY_ID, NETSNMP_DS_LIB_PERSISTENT_DIR, "/dev/null");
-    netsnmp_register_loghandler(NETSNMP_LOGHANDLER_NONE, LOG_DEBUG);
-    init_snmp("kelagent");
-  }
-  ~Library() { snmp_shutdown("kelagent"); }
-  Library(const Library&) = delete;
-  Library& operator=(const Library&) = delete;
-};
-
 class UdpResponder : public Responder {
  public:
-  UdpResponder(Credentials credentials, RequestHandler& handler)
-      : credentials_(std::move(credentials)), handler_(handler) {}
+  UdpResponder(Credentials credentials, const Engine* self, RequestHandler& handler)
+      : library_(self), credentials_(std::move(credentials)), handler_(handler) {}
   ~UdpResponder() override {
     if (session_ != nullptr) snmp_sess_close(session_);
+    if (stopped_ >= 0) close(stopped_);
   }
   UdpResponder(const UdpResponder&) = delete;
   UdpResponder& operator=(const UdpResponder&) = delete;
@@ -53,6 +40,7 @@ class UdpResponder : public Responder {
   std::string Open(const Endpoint& endpoint);
   Endpoint Where() const override { return where_; }
   void Serve(int stop) override;
+  void Stop() override { eventfd_write(stopped_, 1); }
 
  private:
   struct Held {
@@ -65,15 +53,18 @@ class UdpResponder : public Responder {
   void Hold(OwnPdu request, std::chrono::milliseconds delay);
   void AnswerThoseDue();
   void Answer(const Request& request, Rights rights, OwnPdu copy);
+  void Reply(const Response& response, OwnPdu copy);
   bool Send(OwnPdu& response);
   std::optional<Rights> RightsOf(const netsnmp_pdu& pdu) const;
+  std::optional<Rights> RightsOfUser(const netsnmp_pdu& pdu) const;
   int MillisecondsToNextDue() const;
 
-  Library library_;
+  const NetSnmpLibrary library_;
   const Credentials credentials_;
   RequestHandler& handler_;
   void* session_ = nullptr;
   int socket_ = -1;
+  const int stopped_ = eventfd(0, EFD_CLOEXEC);
   Endpoint where_;
   std::vector<Held> held_;
 };
@@ -88,6 +79,9 @@ std::uint16_t PortOf(int socket) {
 }
 
 std::string UdpResponder::Open(const Endpoint& endpoint) {
+  for (const User& user : credentials_.users) {
+    if (!AddOwnUser(user)) return "net-snmp's library lacks the protocols of one of the users";
+  }
   errno = 0;
   const std::string address = (endpoint.isV6 ? "udp6:" : "udp:") + ToText(endpoint);
   netsnmp_transport* transport = netsnmp_transport_open_server("kelagent", address.c_str());
@@ -109,9 +103,9 @@ std::string UdpResponder::Open(const Endpoint& endpoint) {
 
 void UdpResponder::Serve(int stop) {
   for (;;) {
-    pollfd waits[] = {{socket_, POLLIN, 0}, {stop, POLLIN, 0}};
+    pollfd waits[] = {{socket_, POLLIN, 0}, {stop, POLLIN, 0}, {stopped_, POLLIN, 0}};
     if (poll(waits, std::size(waits), MillisecondsToNextDue()) < 0 && errno != EINTR) return;
-    if (waits[1].revents != 0) return;
+    if (waits[1].revents != 0 || waits[2].revents != 0) return;
     AnswerThoseDue();
     if (waits[0].revents == 0) continue;
     fd_set readable;
@@ -129,6 +123,7 @@ int UdpResponder::Received(int operation, netsnmp_session*, int, netsnmp_pdu* pd
 }
 
 std::optional<Rights> UdpResponder::RightsOf(const netsnmp_pdu& pdu) const {
+  if (pdu.version == SNMP_VERSION_3) return RightsOfUser(pdu);
   if (pdu.version != SNMP_VERSION_2c || pdu.community_len == 0) return std::nullopt;
   const std::string_view word(reinterpret_cast<const char*>(pdu.community), pdu.community_len);
   if (word == credentials_.writeCommunity) return Rights{.write = true, .secrets = false};
@@ -136,13 +131,22 @@ std::optional<Rights> UdpResponder::RightsOf(const netsnmp_pdu& pdu) const {
   return std::nullopt;
 }
 
+// The library has seen that it is this user, at the message's level.
+std::optional<Rights> UdpResponder::RightsOfUser(const netsnmp_pdu& pdu) const {
+  if (pdu.securityModel != SNMP_SEC_MODEL_USM || pdu.securityName == nullptr) return std::nullopt;
+  const User* user = credentials_.Find({pdu.securityName, pdu.securityNameLen});
+  if (user == nullptr || pdu.securityLevel < static_cast<int>(user->LeastLevel())) return std::nullopt;
+  return Rights{.write = user->mayWrite, .secrets = pdu.securityLevel == SNMP_SEC_LEVEL_AUTHPRIV};
+}
+
 void UdpResponder::Take(const netsnmp_pdu& pdu) {
   const auto rights = RightsOf(pdu);
-  const auto request = rights ? RequestOf(pdu) : std::nullopt;
-  if (!request) return;
+  const auto request = RequestOf(pdu);
+  if (!request || (!rights && pdu.version != SNMP_VERSION_3)) return;
   // The library frees the request itself.
   OwnPdu copy(snmp_clone_pdu(const_cast<netsnmp_pdu*>(&pdu)));
   if (!copy) return;
+  if (!rights) return Reply({ErrorStatus::kAuthorizationError, 0, {}}, std::move(copy));
   const auto delay = handler_.DelayOf(*request, *rights);
   if (delay.count() > 0) {
     Hold(std::move(copy), delay);
@@ -159,11 +163,15 @@ bool AreTheSame(const netsnmp_pdu& a, const netsnmp_pdu& b) {
   return a.reqid == b.reqid && a.command == b.command && sender(a) == sender(b);
 }
 
-// A manager that has no patience asks again: one answer serves both.
+// A manager that has no patience asks again: one answer serves both, that to what it asked last.
 void UdpResponder::Hold(OwnPdu request, std::chrono::milliseconds delay) {
-  const bool isHeld = std::any_of(held_.begin(), held_.end(),
-                                  [&request](const Held& held) { return AreTheSame(*held.request, *request); });
-  if (!isHeld && held_.size() < kMaxHeld) held_.push_back({Clock::now() + delay, std::move(request)});
+  const auto held = std::find_if(held_.begin(), held_.end(),
+                                 [&request](const Held& one) { return AreTheSame(*one.request, *request); });
+  if (held != held_.end()) {
+    held->request = std::move(request);
+  } else if (held_.size() < kMaxHeld) {
+    held_.push_back({Clock::now() + delay, std::move(request)});
+  }
 }
 
 void UdpResponder::AnswerThoseDue() {
@@ -179,7 +187,11 @@ void UdpResponder::AnswerThoseDue() {
 }
 
 void UdpResponder::Answer(const Request& request, Rights rights, OwnPdu copy) {
-  MakeResponse(handler_.Answer(request, rights), *copy);
+  Reply(handler_.Answer(request, rights), std::move(copy));
+}
+
+void UdpResponder::Reply(const Response& response, OwnPdu copy) {
+  MakeResponse(response, *copy);
   if (Send(copy)) return;
   MakeResponse({ErrorStatus::kTooBig, 0, {}}, *copy);
   Send(copy);
@@ -203,9 +215,10 @@ int UdpResponder::MillisecondsToNextDue() const {
 
 }  // namespace
 
-std::unique_ptr<Responder> OpenResponder(const Endpoint& endpoint, Credentials credentials, RequestHandler& handler,
+std::unique_ptr<Responder> OpenResponder(const Endpoint& endpoint, Credentials credentials,
+                                         const std::optional<Engine>& self, RequestHandler& handler,
                                          std::string& problem) {
-  auto responder = std::make_unique<UdpResponder>(std::move(credentials), handler);
+  auto responder = std::make_unique<UdpResponder>(std::move(credentials), self ? &*self : nullptr, handler);
   problem = responder->Open(endpoint);
   if (!problem.empty()) return nullptr;
   return responder;

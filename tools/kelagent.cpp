@@ -5,19 +5,18 @@
 #include "simulator/disk_sync.h"
 #include "simulator/ending_signals.h"
 #include "simulator/instance_lock.h"
-#include "snmp/responder.h"
+#include "snmp/agent.h"
 #include "tools/command.h"
 
 #include <cstdlib>
 #include <iostream>
-#include <optional>
 
 namespace tools {
 namespace {
 
 struct Options {
   std::string root;
-  std::string listen = "127.0.0.1:1161";
+  std::string listen = snmp::kUsualPlace;
   std::string credentials;
 };
 
@@ -34,22 +33,13 @@ std::filesystem::path Demonstration(std::string& problem) {
   return root;
 }
 
-std::string ReadCredentials(const Options& options, snmp::Credentials& credentials) {
-  const auto variable = [](const char* name) -> const char* { return std::getenv(name); };
-  std::string problem = snmp::ReadCredentials(options.credentials, variable, credentials);
-  if (problem.empty() && credentials.IsEmpty()) {
-    problem = "nobody may ask yet: set KEL_SNMP_COMMUNITY to a word of yours, or name a file by --credentials";
-  }
-  return problem;
-}
-
 void TellUnserved(const std::vector<WideString>& oids) {
   for (const WideString& oid : oids) {
     std::cerr << "kelagent: device.txt: " << base::ToUtf8(oid) << " is no OID that SNMP can name: it is not served\n";
   }
 }
 
-int Serve(const std::filesystem::path& root, const snmp::Endpoint& endpoint, snmp::Credentials credentials) {
+int Serve(const std::filesystem::path& root, const snmp::AgentPlan& plan) {
   simulator::InstanceLock instance(root);
   if (!instance.Problem().empty()) return Complain(instance.Problem());
   if (instance.Other() != 0) {
@@ -60,28 +50,28 @@ int Serve(const std::filesystem::path& root, const snmp::Endpoint& endpoint, snm
   const auto opened = simulator::DeviceStore::Open(root / "device.txt");
   if (!opened.store) return Complain(opened.problem);
   opened.store->SyncWith(simulator::SyncToDisk);
-  const snmp::DeviceMib mib(*opened.store);
-  TellUnserved(mib.Unserved());
 
   const simulator::EndingSignals signals;
-  snmp::RequestHandler handler(*opened.store, mib);
   std::string problem;
-  const auto responder = snmp::OpenResponder(endpoint, std::move(credentials), handler, problem);
-  if (!responder) return Complain(problem);
-  std::cout << "kelagent: " << root.string() << " answers at " << ToText(responder->Where()) << std::endl;
-  responder->Serve(signals.Descriptor());
+  const auto agent = snmp::Agent::Open(*opened.store, plan, problem);
+  if (!agent) return Complain(problem);
+  TellUnserved(agent->Unserved());
+  std::cout << "kelagent: " << root.string() << " answers at " << ToText(agent->Where()) << std::endl;
+  agent->Serve(signals.Descriptor());
   return kFine;
 }
 
 int Run(const Options& options) {
-  const auto endpoint = snmp::ParseEndpoint(options.listen);
-  if (!endpoint) return Complain("--listen takes ADDRESS:PORT; an IPv6 address stands in brackets");
-  snmp::Credentials credentials;
-  std::string problem = ReadCredentials(options, credentials);
+  const auto variable = [](const char* name) -> const char* { return std::getenv(name); };
+  snmp::AgentPlan plan;
+  std::string problem = PlanAgent("--listen", options.listen, options.credentials, variable, plan);
   if (!problem.empty()) return Complain(problem);
   const std::filesystem::path root =
       options.root.empty() ? Demonstration(problem) : std::filesystem::path(options.root);
-  return problem.empty() ? Serve(root, *endpoint, std::move(credentials)) : Complain(problem);
+  if (!problem.empty()) return Complain(problem);
+  plan.engineFile = snmp::EngineFileOf(root, simulator::StateFolder());
+  plan.sync = simulator::SyncToDisk;
+  return Serve(root, plan);
 }
 
 void Describe(Command command, Options& options) {
@@ -90,8 +80,8 @@ void Describe(Command command, Options& options) {
                "$XDG_STATE_HOME/kelterm/terminal");
   command.Text("--listen", options.listen, "ADDRESS:PORT to answer at; default 127.0.0.1:1161");
   command.Text("--credentials", options.credentials,
-               "a file that only its owner may read, with lines such as \"community = WORD\" (may read) and "
-               "\"write-community = WORD\" (may set)");
+               "a file that only its owner may read, with \"community = WORD\" (may read), \"write-community = WORD\" "
+               "(may set) and users of version 3, as kelagent(1) says");
   command.Do([&options] { return Run(options); });
 }
 
@@ -102,9 +92,11 @@ int main(int count, char** arguments) {
   tools::Options options;
   const tools::Program program{
       "kelagent",
-      "A simulated terminal that answers SNMP (version 2c) with the settings of its device.txt.",
+      "A simulated terminal that answers SNMP (versions 2c and 3) with the settings of its device.txt.",
       "kelagent of KelLocalCfg Version 1.0",
-      "Environment: KEL_SNMP_COMMUNITY and KEL_SNMP_WRITE_COMMUNITY count in place of the file's words.\n"
+      "Environment: KEL_SNMP_COMMUNITY and KEL_SNMP_WRITE_COMMUNITY count in place of the file's words, and of one "
+      "user, KEL_SNMP_USER, KEL_SNMP_AUTH_PROTOCOL, KEL_SNMP_AUTH_PASSWORD, KEL_SNMP_PRIV_PROTOCOL, "
+      "KEL_SNMP_PRIV_PASSWORD, KEL_SNMP_LEVEL and KEL_SNMP_WRITE.\n"
       "It runs until Ctrl-C, and says on standard output where it answers.\n"
       "Exit status: 0 it was ended, 2 unusable arguments, credentials, storage or address.\n"
       "Example: KEL_SNMP_COMMUNITY=look kelagent --root examples/small",

@@ -41,7 +41,8 @@ using platform::win32::SnmpConfigInterface;
 class SnmpConfig final : public ComObject<SnmpConfigInterface, kSnmpConfigInterface> {
  public:
   explicit SnmpConfig(std::unique_ptr<DeviceStore> store)
-      : store_(std::move(store)), device_(MakeSimulatedDevice(*store_, effects_)) {}
+      : store_(std::move(store)),
+        device_(MakeSimulatedDevice(*store_, effects_, [](int milliseconds) { Sleep(DWORD(milliseconds)); })) {}
 
   HRESULT STDMETHODCALLTYPE Set(BSTR oid, BSTR type, BSTR value) override {
     return SetBy(&platform::ISnmpConfig::Set, oid, type, value);
@@ -111,7 +112,7 @@ void Complain(const std::string& problem) { OutputDebugStringW(ToApi(base::FromU
 }  // namespace
 
 ComPointer<IUnknown> MakeSnmpConfig() {
-  auto opened = DeviceStore::Open(Storage() / "device.txt", [](int milliseconds) { Sleep(DWORD(milliseconds)); });
+  auto opened = DeviceStore::Open(Storage() / "device.txt");
   if (opened.store) return ComPointer<IUnknown>(std::make_unique<SnmpConfig>(std::move(opened.store)).release());
   Complain(opened.problem);
   return nullptr;

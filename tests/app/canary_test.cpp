@@ -80,7 +80,7 @@ int PlayLookingForSecrets(const fs::path& root, const std::string& name, const s
   simulator::ScriptDisplay player(simulator::ParseScript(text), name, effects, debug, [](const std::string&) {});
   WatchedDisplay display(player);
   simulator::Storage storage;
-  EXPECT_EQ("", simulator::OpenStorage(root, {}, storage));
+  EXPECT_EQ("", simulator::OpenStorage(root, storage));
   simulator::InstanceLock instance(root);
   simulator::Terminal terminal({storage, instance, effects, debug, display}, options->screenWidthPx,
                                options->screenHeightPx, [](WideStringView commandLine) {

@@ -50,7 +50,7 @@ std::map<std::string, std::string> ReadDevice(const TemporaryRoot& root) {
 
 void ReadStorage(const TemporaryRoot& root, Outcome& outcome) {
   simulator::Storage storage;
-  outcome.storageProblem = simulator::OpenStorage(root.Path(), {}, storage);
+  outcome.storageProblem = simulator::OpenStorage(root.Path(), storage);
   outcome.device = ReadDevice(root);
   for (const auto& entry : std::filesystem::recursive_directory_iterator(root.Path())) {
     const std::string name = std::filesystem::relative(entry.path(), root.Path()).string();

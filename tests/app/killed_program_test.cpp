@@ -84,7 +84,7 @@ class RealTerminal : public ::testing::Test {
   // What is stored is one of the values, and the settings file the old one or complete.
   void ExpectWholeStorage() const {
     simulator::Storage storage;
-    ASSERT_EQ("", simulator::OpenStorage(root.Path(), {}, storage));
+    ASSERT_EQ("", simulator::OpenStorage(root.Path(), storage));
     std::optional<WideString> value;
     ASSERT_EQ(platform::kOk, storage.device->Get(u"1.1", value));
     ASSERT_EQ(300U, value->size());

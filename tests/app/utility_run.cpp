@@ -9,7 +9,7 @@ namespace tests {
 
 std::string RunUtilityOn(const UtilityRun& run, Keypad& keypad, FailingCalls& calls) {
   simulator::Storage storage;
-  std::string problem = simulator::OpenStorage(run.root, {}, storage);
+  std::string problem = simulator::OpenStorage(run.root, storage);
   if (!problem.empty()) return problem;
   simulator::InstanceLock instance(run.root);
   simulator::LineLog effects(false);

@@ -95,7 +95,7 @@ class WatchedTerminal : public ::testing::Test {
 
   void Play(Keypad& keypad) {
     simulator::Storage storage;
-    const auto open = [&] { ASSERT_EQ("", simulator::OpenStorage(root.Path(), {}, storage)); };
+    const auto open = [&] { ASSERT_EQ("", simulator::OpenStorage(root.Path(), storage)); };
     open();
     simulator::InstanceLock instance(root.Path());
     simulator::DebugLog debug(false);
@@ -103,7 +103,7 @@ class WatchedTerminal : public ::testing::Test {
                                        [&storage] { return !storage.device->IsAsInFile(); }, ""});
     simulator::Terminal::Parts parts{storage, instance, effects, debug, display, [&] {
                                        simulator::Storage fresh;
-                                       ASSERT_EQ("", simulator::OpenStorage(root.Path(), {}, fresh));
+                                       ASSERT_EQ("", simulator::OpenStorage(root.Path(), fresh));
                                        storage = std::move(fresh);
                                      }};
     simulator::Terminal terminal(parts, 240, 320, [this](WideStringView commandLine) {

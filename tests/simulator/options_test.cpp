@@ -39,6 +39,10 @@ TEST(Options, EveryOptionIsTaken) {
   EXPECT_EQ(u"HKEY_LOCAL_MACHINE\\Grüße two", options->commandLine);
   EXPECT_TRUE(Parse({"--reset"}, problem)->reset);
   EXPECT_TRUE(Parse({"--watch"}, problem)->watch);
+  EXPECT_FALSE(options->agent);
+  EXPECT_EQ("", Parse({"--agent"}, problem)->agent);
+  EXPECT_EQ("[::1]:0", Parse({"--agent=[::1]:0", "--credentials", "words"}, problem)->agent);
+  EXPECT_EQ("words", Parse({"--agent", "--credentials=words"}, problem)->credentials);
   EXPECT_TRUE(Parse({"--version"}, problem)->version);
   EXPECT_TRUE(Parse({"--help"}, problem)->help);
   EXPECT_TRUE(Parse({"-h"}, problem)->help);
@@ -62,6 +66,10 @@ TEST(Options, UnusableArgumentsAreOneLine) {
       {{"--screen", "240x320x"}, "--screen takes WIDTHxHEIGHT in pixels, each from 100 to 2000"},
       {{"--screen", "99999999999x320"}, "--screen takes WIDTHxHEIGHT in pixels, each from 100 to 2000"},
       {{"--display", "colour"}, "--display is text or none"},
+      {{"--agent", "--watch"},
+       "--agent cannot go with --watch: each start would take the device away from those who ask"},
+      {{"--credentials", "words"}, "--credentials goes with --agent"},
+      {{"--agent", "--credentials", ""}, "--credentials takes a file"},
       {{"--reset", "--root", "x"}, "--reset is for the demonstration terminal and cannot go with --root"},
   };
   for (const auto& c : cases) {

@@ -34,6 +34,29 @@ TEST(SimulatedDevice, EveryCallIsOneLineOfEffects) {
   EXPECT_EQ(Lines{}, effects.Take());
 }
 
+TEST(SimulatedDevice, ADelayPassesBeforeTheCallAndNobodyElseWaitsForIt) {
+  const Root root;
+  root.Write("device.txt", "1.2\tInteger\t5\tdelay=250,readonly\n1.3\tInteger\t5\n");
+  auto store = simulator::DeviceStore::Open(root.Path() / "device.txt").store;
+  LineLog effects;
+  int waited = 0;
+  const auto device = simulator::MakeSimulatedDevice(*store, effects, [&](int milliseconds) {
+    waited += milliseconds;
+    // The store is free meanwhile.
+    EXPECT_EQ(platform::kOk, store->Set(u"1.3", std::to_string(waited) == "250" ? u"250" : u"500"));
+  });
+  std::optional<WideString> value;
+  device->Get(u"1.3", u"Integer", value);
+  device->Get(u"1.9", u"Integer", value);
+  EXPECT_EQ(0, waited);
+  device->Get(u"1.2", u"Integer", value);
+  EXPECT_EQ(250, waited);
+  EXPECT_EQ(platform::kAccessDenied, device->Set(u"1.2", u"Integer", u"6"));
+  EXPECT_EQ(500, waited);
+  device->Get(u"1.3", u"Integer", value);
+  EXPECT_EQ(u"500", value);
+}
+
 TEST(SimulatedDevice, TheTypeOfACallIsNotCompared) {
   const Root root;
   root.Write("device.txt", "1.2\tInteger\t5\n");

@@ -86,7 +86,7 @@ Result Play(const tests::TemporaryRoot& root, const std::string& text) {
   ScriptDisplay display(ParseScript(text), "test.script", effects, debug,
                         [&result](const std::string& printed) { result.printed += printed; });
   Storage storage;
-  EXPECT_EQ("", OpenStorage(root.Path(), {}, storage));
+  EXPECT_EQ("", OpenStorage(root.Path(), storage));
   InstanceLock instance(root.Path());
   EXPECT_EQ("", instance.Problem());
   Terminal terminal({storage, instance, effects, debug, display}, 240, 320,
@@ -157,11 +157,11 @@ TEST(Storage, WhatCannotBeUsedIsOneLineThatNamesIt) {
     const tests::TemporaryRoot root;
     root.Write(c.file, c.bytes);
     Storage storage;
-    EXPECT_EQ((root.Path() / c.problem).string(), OpenStorage(root.Path(), {}, storage));
+    EXPECT_EQ((root.Path() / c.problem).string(), OpenStorage(root.Path(), storage));
     EXPECT_EQ(c.bytes, root.Read(c.file));
   }
   Storage storage;
-  EXPECT_EQ("/nowhere: no such folder", OpenStorage("/nowhere", {}, storage));
+  EXPECT_EQ("/nowhere: no such folder", OpenStorage("/nowhere", storage));
 }
 
 // Locks are between processes: the other terminal is one of its own, which ends when the pipe closes.

@@ -1,4 +1,4 @@
-"""As much of SNMPv2c's octets as tests need that ask faster than programs can be started."""
+"""As much of SNMP's octets as tests need that ask faster than programs can be started, or as no program does."""
 
 
 def _tlv(tag, content):
@@ -27,6 +27,23 @@ def set_request(community, request_id, values):
     variables = b"".join(_tlv(0x30, _oid(oid) + _integer(value)) for oid, value in values)
     pdu = _tlv(0xA3, _integer(request_id) + _integer(0) + _integer(0) + _tlv(0x30, variables))
     return _tlv(0x30, _integer(1) + _tlv(4, community.encode()) + pdu)
+
+
+def v3_request(user, engine, boots, request_id, oids):
+    """A Get that is neither signed nor encrypted. Without a user and an engine it asks which engine there is."""
+    variables = b"".join(_tlv(0x30, _oid(oid) + _tlv(5, b"")) for oid in oids)
+    pdu = _tlv(0xA0, _integer(request_id) + _integer(0) + _integer(0) + _tlv(0x30, variables))
+    reportable, by_users = b"\x04", 3
+    header = _integer(request_id) + _integer(65507) + _tlv(4, reportable) + _integer(by_users)
+    security = _tlv(4, engine) + _integer(boots) + _integer(0) + _tlv(4, user.encode()) + _tlv(4, b"") + _tlv(4, b"")
+    scoped = _tlv(4, engine) + _tlv(4, b"") + pdu
+    return _tlv(0x30, _integer(3) + _tlv(0x30, header) + _tlv(4, _tlv(0x30, security)) + _tlv(0x30, scoped))
+
+
+def engine_of(datagram):
+    """The engine that sent a message of version 3."""
+    security = list(_parts(next(_parts(datagram))))[2]
+    return next(_parts(next(_parts(security))))
 
 
 def _parts(content):

@@ -7,114 +7,12 @@ import random
 import re
 import shutil
 import signal
-import socket
 import subprocess
 import sys
-import tempfile
 import unittest
 
 import ber
-
-ROOT = "1.3.6.1.4.1.4242.10"
-LOOK = ["-v2c", "-clook"]
-CHANGE = ["-v2c", "-cchange"]
-PROMPTLY = ["-t", "0.3", "-r", "0"]
-CANARY = "hunter2"
-
-
-def device(lines):
-    return "".join(f"{ROOT}.{line}\n" for line in lines)
-
-
-class Folder(unittest.TestCase):
-    """A storage of the test's own, and agents on it that run as nobody where the tests run as root."""
-
-    @classmethod
-    def setUpClass(cls):
-        cls.home = pathlib.Path(tempfile.mkdtemp(prefix="kel-agent-"))
-        cls.home.chmod(0o755)
-        (cls.home / "tools" / "cert_indexes").mkdir(parents=True)
-        cls.kelagent = cls.home / "kelagent"
-        shutil.copy(KELAGENT, cls.kelagent)
-        cls.user = {"user": 65534, "group": 65534, "extra_groups": []} if os.getuid() == 0 else {}
-        cls.environment = {
-            "PATH": os.environ["PATH"],
-            "LC_ALL": "C.UTF-8",
-            "HOME": str(cls.home),
-            # What the tools find on the machine says nothing here.
-            "SNMPCONFPATH": str(cls.home),
-            "SNMP_PERSISTENT_DIR": str(cls.home / "tools"),
-            "MIBS": "",
-        }
-
-    @classmethod
-    def tearDownClass(cls):
-        shutil.rmtree(cls.home)
-
-    def setUp(self):
-        self.root = pathlib.Path(tempfile.mkdtemp(dir=self.home))
-        self.agent = None
-
-    def tearDown(self):
-        if self.agent:
-            self.agent.kill()
-            self.agent.communicate()
-
-    def write(self, text):
-        (self.root / "device.txt").write_text(text, encoding="utf-8")
-        if self.user:
-            for path in [self.root, *self.root.iterdir()]:
-                os.chown(path, 65534, 65534)
-
-    def read(self):
-        return (self.root / "device.txt").read_text(encoding="utf-8")
-
-    def command(self, *options, **variables):
-        words = {"KEL_SNMP_COMMUNITY": "look", "KEL_SNMP_WRITE_COMMUNITY": "change"}
-        environment = {**self.environment, **words, **variables}
-        command = [self.kelagent, *([] if "--root" in options else ["--root", self.root]), *options]
-        return {"args": list(map(str, command)), "env": environment, "encoding": "utf-8", **self.user}
-
-    def refused(self, *options, **variables):
-        """What an agent that does not start says."""
-        ended = subprocess.run(**self.command(*options, **variables), capture_output=True, timeout=60)
-        self.assertEqual((ended.returncode, ended.stdout), (2, ""))
-        return ended.stderr
-
-    def start(self, *options, **variables):
-        command = self.command(*(options or ["--listen", "127.0.0.1:0"]), **variables)
-        self.agent = subprocess.Popen(**command, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
-        line = self.agent.stdout.readline()
-        self.address = line.rpartition(" at ")[2].strip()
-        self.assertEqual(line, f"kelagent: {self.root} answers at {self.address}\n")
-
-    def end(self, number=signal.SIGTERM):
-        self.agent.send_signal(number)
-        output = self.agent.communicate(timeout=60)
-        status, self.agent = self.agent.returncode, None
-        return status, output
-
-    def launch(self, tool, *arguments):
-        return subprocess.Popen([tool, "-On", *arguments], env=self.environment, encoding="utf-8",
-                                stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
-
-    def tool(self, tool, options, *arguments):
-        """What the tool prints, without the root of the OIDs."""
-        asked = self.launch(tool, *options, self.address, *arguments)
-        printed = asked.communicate(timeout=60)[0]
-        return printed.replace(f".{ROOT}.", "")
-
-    def get(self, *oids, options=LOOK):
-        return self.tool("snmpget", options, *(f"{ROOT}.{oid}" for oid in oids))
-
-    def set(self, *changes, options=CHANGE):
-        arguments = [part for oid, kind, value in changes for part in (f"{ROOT}.{oid}", kind, value)]
-        return self.tool("snmpset", options, *arguments)
-
-    def reason(self, printed):
-        """Why the agent refused, and of which OID."""
-        found = re.search(r"Reason: \(?(\w+).*\nFailed object: ([\d.]+)\n", printed)
-        return found.groups() if found else printed
+from agents import CANARY, CHANGE, LOOK, PROMPTLY, ROOT, Folder, device
 
 
 class NetSnmp(Folder):
@@ -272,14 +170,6 @@ class Program(Folder):
 
 
 class Datagrams(Folder):
-    def open(self):
-        host, port = self.address.split(":")
-        asking = socket.socket(socket.AF_INET, socket.SOCK_DGRAM)
-        asking.settimeout(20)
-        asking.connect((host, int(port)))
-        self.addCleanup(asking.close)
-        return asking
-
     def test_killed_at_any_moment_it_leaves_the_values_before_a_set_or_after(self):
         self.write(device(["1\tInteger\t0", "2\tInteger\t0", "3\tInteger\t0"]))
         done = 0
@@ -303,24 +193,8 @@ class Datagrams(Folder):
             self.assertEqual(self.end()[0], 0)
             done = now[0]
 
-    def test_nothing_that_is_sent_to_it_ends_it(self):
-        self.write(device(["1\tInteger\t1", "2\tInteger\t2"]))
-        self.start()
-        asking = self.open()
-        chance = random.Random(3)
-        whole = ber.set_request("look", 1, [(f"{ROOT}.1", 5), (f"{ROOT}.2", 5)])
-        for size in range(len(whole)):
-            asking.send(whole[:size])
-        for _ in range(500):
-            broken = bytearray(whole)
-            for _ in range(chance.randrange(1, 4)):
-                broken[chance.randrange(len(broken))] = chance.randrange(256)
-            asking.send(broken)
-        self.assertEqual(self.get(1), "1 = INTEGER: 1\n")
-        self.assertEqual(self.end()[0], 0)
-
 
 if __name__ == "__main__":
     KELTERM = pathlib.Path(sys.argv.pop(2)).resolve()
-    KELAGENT = pathlib.Path(sys.argv.pop(1)).resolve()
+    Folder.built = pathlib.Path(sys.argv.pop(1)).resolve()
     unittest.main()
