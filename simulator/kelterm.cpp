@@ -175,7 +175,8 @@ int Run(const Options& options, Outcome& outcome) {
     outcome.report = app::RunUtility(commandLine, watcher);
     return 0;
   };
-  Terminal::Parts parts{storage, instance, effects, debug, display, wait};
+  Terminal::Parts parts{storage, instance, effects, debug, display};
+  parts.deviceWait = wait;
   // What cannot be opened now changes once more, and stays as it was until then.
   if (options.watch) parts.beforeStartingAgain = open;
   Terminal terminal(std::move(parts), options.screenWidthPx, options.screenHeightPx, utility);

@@ -20,8 +20,8 @@ class Terminal : private platform::host::Observer {
     LineLog& effects;
     DebugLog& debug;
     platform::host::Display& display;
-    DeviceWait deviceWait = {};
     std::function<void()> beforeStartingAgain = {};  // between two runs: nothing refers to the storage then
+    DeviceWait deviceWait = {};
   };
   // The program: takes its command line, runs to its end, answers its status.
   using Program = std::function<int(WideStringView commandLine)>;

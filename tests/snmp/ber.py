@@ -11,6 +11,10 @@ def _integer(number):
     return _tlv(2, number.to_bytes(number.bit_length() // 8 + 1, "big", signed=True))
 
 
+def _value(value):
+    return _tlv(4, value.encode()) if isinstance(value, str) else _integer(value)
+
+
 def _oid(text):
     numbers = [int(number) for number in text.split(".")]
     content = bytearray()
@@ -23,8 +27,8 @@ def _oid(text):
 
 
 def set_request(community, request_id, values):
-    """A Set of integers by OID."""
-    variables = b"".join(_tlv(0x30, _oid(oid) + _integer(value)) for oid, value in values)
+    """A Set of integers and texts by OID."""
+    variables = b"".join(_tlv(0x30, _oid(oid) + _value(value)) for oid, value in values)
     pdu = _tlv(0xA3, _integer(request_id) + _integer(0) + _integer(0) + _tlv(0x30, variables))
     return _tlv(0x30, _integer(1) + _tlv(4, community.encode()) + pdu)
 
