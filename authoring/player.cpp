@@ -358,10 +358,13 @@ bool Player::SaveText(const std::string& text) {
 
 bool Player::SaveNext() {
   const WindowHandle address = platform::ControlOf(platform::ActiveWindow(), ui::kAddressEntryId);
+  const WindowHandle choices = platform::ControlOf(platform::ActiveWindow(), ui::kChoiceListId);
+  const auto list = platform::IsVisible(choices) ? host::ListStateOf(choices) : std::nullopt;
   if (platform::IsVisible(address)) {
     Type("10");
   } else {
-    Press("Up");
+    // Above the first choice there is none.
+    Press(list && list->selected == 0 ? "Down" : "Up");
   }
   Finish();
   return saved_;

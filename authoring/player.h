@@ -46,7 +46,7 @@ class Player {
   // Leafs through all pages of the menu shown; `onPage` is told of each but the first.
   void SeeAllPages(const std::function<void()>& onPage = {});
 
-  // With the editor in front: saves a choice, a text or, for kinds that are neither, the next value up. False: nothing
+  // With the editor in front: saves a choice, a text or, for kinds that are neither, another value. False: nothing
   // was saved; the editor is closed all the same.
   bool SaveChoice(const std::string& text);
   bool SaveText(const std::string& text);

@@ -118,9 +118,12 @@ std::string EscapedHtml(std::string_view text) {
   return escaped;
 }
 
-std::string ScreenSvg(const CellGrid& grid, std::string_view label) {
-  const int columns = ColumnsOf(grid);
-  const int rows = RowsOf(grid, columns);
+std::string ScreenSvg(const CellGrid& shown, std::string_view label) {
+  const int columns = ColumnsOf(shown);
+  const int rows = RowsOf(shown, columns);
+  CellGrid grid = shown;
+  // The simulated terminal's name stands on the lower edge; that of the reader's is another.
+  for (int column = 2; column < columns - 1; ++column) grid.Put(column, rows - 1, grid.At(1, rows - 1), grid.Whole());
   const std::string width = std::to_string(columns * kCellWidth);
   const std::string height = std::to_string(rows * kCellHeight);
   std::string svg = "<svg class=\"screen\" role=\"img\" aria-label=\"" + EscapedHtml(label) + "\" width=\"" + width +

@@ -9,8 +9,8 @@
 namespace authoring {
 
 // `label` says what it shows, for those who cannot see it. Its classes are those of kScreenStyles. What stands right of
-// the device is left out.
-std::string ScreenSvg(const simulator::CellGrid& grid, std::string_view label);
+// the device and on its lower edge is left out.
+std::string ScreenSvg(const simulator::CellGrid& shown, std::string_view label);
 
 // The style sheet that the pictures need, once a page.
 extern const char* const kScreenStyles;

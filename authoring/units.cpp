@@ -17,6 +17,7 @@ struct Unit {
 constexpr Unit kUnits[] = {
     {"tenths of a second", "tenths of a second"},
     {"hundredths of a second", "hundredths of a second"},
+    {"microseconds", "microseconds"},
     {"milliseconds", "milliseconds"},
     {"seconds", "seconds"},
     {"minutes", "minutes"},
@@ -47,6 +48,10 @@ constexpr Unit kUnits[] = {
     {"characters", "characters"},
     {"bytes", "bytes"},
     {"kilobytes", "kilobytes"},
+    {"megabytes", "megabytes"},
+    {"hertz", "Hz"},
+    {"kilohertz", "kHz"},
+    {"megahertz", "MHz"},
     {"pixels", "pixels"},
     {"baud", "baud"},
     {"km/h", "km/h", true},

@@ -8,6 +8,8 @@
 namespace tools {
 namespace {
 
+constexpr const char* kSeeHelp = "\nRun with --help for more information.\n";
+
 // An argument's name says all that --help has to say of what is given for it; an option's does not.
 CLI::Option* Plainly(CLI::Option* option) { return option->get_positional() ? option->option_text(" ") : option; }
 
@@ -24,7 +26,7 @@ bool NamesACommand(const Program& program, const std::vector<std::string>& argum
          << (isNamed ? "there is no command \"" + arguments.front() + "\"" : std::string("a command is missing"))
          << "; there are";
   for (const CommandRow& row : program.commands) errors << ' ' << row.name;
-  errors << "\nRun with --help for more information.\n";
+  errors << kSeeHelp;
   return false;
 }
 
@@ -74,6 +76,9 @@ int RunCommandLine(const Program& program, const std::vector<std::string>& argum
   if (!program.commands.empty()) app.require_subcommand(1);
   app.set_version_flag("--version", program.version);
   app.footer(program.remarks);
+  app.failure_message([&program](const CLI::App*, const CLI::Error& error) {
+    return std::string(program.name) + ": " + error.what() + kSeeHelp;
+  });
   int status = kFine;
   if (!program.commands.empty() && !NamesACommand(program, arguments, errors)) return kUnusable;
   if (program.describe) program.describe(Command(app, status));

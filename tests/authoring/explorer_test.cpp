@@ -55,6 +55,15 @@ TEST(Explorer, ReachesWhatEditsBringAboutAndProvesWhatCannotBe) {
   EXPECT_EQ(1u, exploration.reached[alerts]);
 }
 
+TEST(Explorer, SavesASwitchWhicheverWayItStands) {
+  tests::StorageFolder folder;
+  folder.WriteMenu(Property("On", "1.1", "<Type>Bool</Type>") + Property("Off", "1.2", "<Type>Bool</Type>"));
+  folder.Write("device.txt", "1.1\tBool\t1\n1.2\tBool\t0\n");
+  const Exploration exploration = authoring::Explore(*folder.Load(), {});
+  EXPECT_EQ(2u, exploration.reached[static_cast<std::size_t>(GoalKind::kSave)]);
+  EXPECT_TRUE(exploration.IsComplete());
+}
+
 std::string Choice(const std::string& name, const std::string& oid, const std::string& rule) {
   return Property(name, oid,
                   "<Type>Integer</Type><ChoiceFmt>0#Off|1#On</ChoiceFmt><Dependency>" + rule + "</Dependency>");

@@ -152,6 +152,14 @@ TEST(Kelconf, ACommandThatIsNotThereIsNamed) {
   EXPECT_TRUE(none.errors.starts_with("kelconf: a command is missing; there are check ")) << none.errors;
 }
 
+TEST(Kelconf, WhatIsWrongWithTheArgumentsIsSaidInItsName) {
+  const KelconfRun missing = RunKelconf({"find", tests::kSmallExample.string()});
+  EXPECT_EQ(2, missing.status);
+  EXPECT_EQ("kelconf: TEXT is required\nRun with --help for more information.\n", missing.errors);
+  const KelconfRun format = RunKelconf({"tree", tests::kSmallExample.string(), "--format", "yaml"});
+  EXPECT_TRUE(format.errors.starts_with("kelconf: --format: ")) << format.errors;
+}
+
 TEST(Kelconf, DiffOfOneConfigurationInTwoFormsIsNothing) {
   const KelconfRun run = RunKelconf({"diff", (tests::kDemonstration / "Windows/ovu.xml").string(),
                                      (tests::kDemonstration / "registry.reg").string()});

@@ -164,6 +164,7 @@ TEST(Units, AreReadFromTheDescriptionElseFromTheName) {
       {"Volume %", "", "percent"},
       {"Volume", "0-100%", "percent"},
       {"Power", "10 dBm at least", "dBm"},
+      {"Pitch", "Hertz", "Hz"},
       {"Minimum length", "", ""},  // no minutes
       {"Second server", "", ""},   // no seconds
       {"A", "s", ""},              // too short without parentheses
@@ -236,10 +237,12 @@ TEST(ScreenSvg, DrawsRunsOfOneStyleAndNothingBesideTheDevice) {
   grid.Box({0, 0, 8, 3}, simulator::CellStyle::kFrame, all);
   grid.Text(2, 1, u"a<b", simulator::CellStyle::kInverse, all);
   grid.Text(10, 2, u"x", simulator::CellStyle::kNormal, all);
+  grid.Text(3, 2, u"Dv", simulator::CellStyle::kFaint, all);
   const std::string svg = authoring::ScreenSvg(grid, "A \"picture\"");
   EXPECT_NE(std::string::npos, svg.find("aria-label=\"A &quot;picture&quot;\" width=\"64\" height=\"51\""));
   EXPECT_NE(std::string::npos, svg.find("<text class=\"i\" x=\"16\" y=\"30\" textLength=\"24\">a&lt;b</text>"));
   EXPECT_EQ(std::string::npos, svg.find(">x<"));
+  EXPECT_EQ(std::string::npos, svg.find("Dv"));
 }
 
 TEST(KelconfManual, WritesAFileOrSaysWhyNot) {
