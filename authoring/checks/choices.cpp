@@ -10,11 +10,11 @@
 namespace authoring::checks {
 namespace {
 
-using Entry = values::ChoiceFormat::Entry;
+using Choice = values::ChoiceFormat::Entry;
 
 // A list that cannot be looked up is another slip.
-const std::vector<Entry>& EntriesOf(const Subject& subject) {
-  static const std::vector<Entry> kNone;
+const std::vector<Choice>& EntriesOf(const Subject& subject) {
+  static const std::vector<Choice> kNone;
   if (!subject.Has(Attribute::kChoiceFmt) || subject.ChoiceText() == values::kUnresolved) return kNone;
   return subject.Choices().Entries();
 }
@@ -26,14 +26,14 @@ bool HasPairs(const Subject& subject) { return subject.ChoiceText().find(u'#') !
 
 void ChoiceKeyTwice(const Subject& subject, Findings& findings) {
   const bool isInteger = subject.IsInteger();
-  std::vector<const Entry*> keyed;
+  std::vector<const Choice*> keyed;
   keyed.reserve(EntriesOf(subject).size());
-  for (const Entry& entry : EntriesOf(subject)) {
+  for (const Choice& entry : EntriesOf(subject)) {
     // What is no key at all has been said to be none.
     const bool isNone = entry.key.empty() ? !HasPairs(subject) : isInteger && !base::FindLong(entry.key);
     if (!isNone) keyed.push_back(&entry);
   }
-  const auto report = [&](const Entry* first, const Entry* again) {
+  const auto report = [&](const Choice* first, const Choice* again) {
     findings.Add(subject, Attribute::kChoiceFmt,
                  "The key " + Quoted(again->key) + " stands for " + Quoted(first->text) + " and for " +
                      Quoted(again->text) + ": the line shows " + Quoted(isInteger ? again->text : first->text) +
@@ -43,16 +43,16 @@ void ChoiceKeyTwice(const Subject& subject, Findings& findings) {
   // As the property compares keys.
   if (isInteger) {
     ForEachRepeated(
-        keyed, [](const Entry* entry) { return entry->number; }, report);
+        keyed, [](const Choice* entry) { return entry->number; }, report);
   } else {
     ForEachRepeated(
-        keyed, [](const Entry* entry) { return WideStringView(entry->key); }, report);
+        keyed, [](const Choice* entry) { return WideStringView(entry->key); }, report);
   }
 }
 
 void ChoiceTextTwice(const Subject& subject, Findings& findings) {
-  const auto textOf = [](const Entry& entry) { return WideStringView(entry.text); };
-  ForEachRepeated(EntriesOf(subject), textOf, [&](const Entry& first, const Entry& again) {
+  const auto textOf = [](const Choice& entry) { return WideStringView(entry.text); };
+  ForEachRepeated(EntriesOf(subject), textOf, [&](const Choice& first, const Choice& again) {
     if (first.key == again.key) return;
     findings.Add(
         subject, Attribute::kChoiceFmt,
@@ -77,7 +77,7 @@ void ChoiceWithoutSign(const Subject& subject, Findings& findings) {
 
 void ChoiceKeyNoNumber(const Subject& subject, Findings& findings) {
   if (!subject.IsInteger()) return;
-  for (const Entry& entry : EntriesOf(subject)) {
+  for (const Choice& entry : EntriesOf(subject)) {
     if (entry.key.empty() || base::FindLong(entry.key)) continue;
     findings.Add(subject, Attribute::kChoiceFmt,
                  "The key " + Quoted(entry.key) + " of an Integer is no number and counts as 0.",
@@ -88,7 +88,7 @@ void ChoiceKeyNoNumber(const Subject& subject, Findings& findings) {
 void ChoiceOutOfRange(const Subject& subject, Findings& findings) {
   const WideStringView range = subject.Resolved(Attribute::kRange);
   if (range.empty() || range == values::kUnresolved) return;
-  for (const Entry& entry : EntriesOf(subject)) {
+  for (const Choice& entry : EntriesOf(subject)) {
     if (values::InRange(entry.number, range)) continue;
     findings.Add(subject, Attribute::kChoiceFmt,
                  "The choice " + Quoted(entry.text) + " has a key outside the Range " + Quoted(range) +
@@ -100,7 +100,7 @@ void ChoiceOutOfRange(const Subject& subject, Findings& findings) {
 void ChoiceTooLong(const Subject& subject, Findings& findings) {
   const std::int32_t most = base::ToLong(subject.Get(Attribute::kMaxChars));
   if (most <= 0) return;
-  for (const Entry& entry : EntriesOf(subject)) {
+  for (const Choice& entry : EntriesOf(subject)) {
     if (entry.key.size() <= static_cast<std::size_t>(most)) continue;
     findings.Add(subject, Attribute::kMaxChars,
                  "The key " + Quoted(entry.key) + " is longer than MaxChars, which does not hold where one chooses.",

@@ -12,19 +12,19 @@
 
 namespace {
 
-using Ids = std::set<std::string>;
+using IdSet = std::set<std::string>;
 
 // What follows from a property whose values are others than before.
-const Ids kOtherValues = {"comparison-never-true",  "comparison-always-true", "rule-no-effect",
-                          "line-never-shown",       "rule-overridden",        "menu-can-be-empty",
-                          "device-value-no-choice", "default-not-a-choice",   "fallback-not-a-choice"};
+const IdSet kOtherValues = {"comparison-never-true",  "comparison-always-true", "rule-no-effect",
+                            "line-never-shown",       "rule-overridden",        "menu-can-be-empty",
+                            "device-value-no-choice", "default-not-a-choice",   "fallback-not-a-choice"};
 // What follows from a property that is not found where it was.
-const Ids kLost = {"rule-name-unknown",     "rule-oid-unknown",       "device-value-missing",
-                   "field-command-unknown", "field-outside-command",  "wireless-setting-missing",
-                   "comparison-never-true", "comparison-always-true", "rule-no-effect",
-                   "line-never-shown",      "menu-can-be-empty",      "ordinal-gap"};
+const IdSet kLost = {"rule-name-unknown",     "rule-oid-unknown",       "device-value-missing",
+                     "field-command-unknown", "field-outside-command",  "wireless-setting-missing",
+                     "comparison-never-true", "comparison-always-true", "rule-no-effect",
+                     "line-never-shown",      "menu-can-be-empty",      "ordinal-gap"};
 
-Ids operator+(Ids a, const Ids& b) {
+IdSet operator+(IdSet a, const IdSet& b) {
   a.insert(b.begin(), b.end());
   return a;
 }
@@ -35,7 +35,7 @@ struct Fault {
   const char* id;
   const char* pattern;      // of a line
   const char* replacement;  // in the manner of std::regex_replace
-  Ids consequences = {};
+  IdSet consequences = {};
   Where where = Where::kLine;
   const char* needs = "";  // what the entry's own lines have to hold
 };
@@ -52,19 +52,19 @@ const Fault kFaults[] = {
     {"sibling-name-twice", "<GROUP name=\"(Mask|Gateway|Dns)\">", "<GROUP name=\"Address\">", kLost},
     {"display-name-missing", "<DisplayName>.*</DisplayName>", "", kLost, Where::kEntry},
     {"oid-twice", "<OID>1\\.3\\.6\\.1\\.4\\.1\\.4242\\.10\\.[4-8]\\..*</OID>", "<OID>1.3.6.1.4.1.4242.10.1.1.0</OID>",
-     kLost + Ids{"device-type-differs", "device-value-no-choice", "device-value-out-of-range", "device-value-no-value",
-                 "device-value-too-long", "default-missing"}},
-    {"oid-blanks", "<OID>(1.*)</OID>", "<OID> $1</OID>", kLost + Ids{"wireless-not-verified"}},
+     kLost + IdSet{"device-type-differs", "device-value-no-choice", "device-value-out-of-range",
+                   "device-value-no-value", "device-value-too-long", "default-missing"}},
+    {"oid-blanks", "<OID>(1.*)</OID>", "<OID> $1</OID>", kLost + IdSet{"wireless-not-verified"}},
     {"ordinal-twice", "<Ordinal>2</Ordinal>", "<Ordinal>1</Ordinal>", {"field-before-command"}},
-    {"ordinal-out-of-range", "<Ordinal>1</Ordinal>", "<Ordinal>99</Ordinal>", kLost + Ids{"field-before-command"}},
+    {"ordinal-out-of-range", "<Ordinal>1</Ordinal>", "<Ordinal>99</Ordinal>", kLost + IdSet{"field-before-command"}},
     {"descendent-nowhere", "<Descendent>.*</Descendent>", "<Descendent>No\\Where</Descendent>"},
     {"number-gap", "<_OnExit1>(.*)</_OnExit1>", "<_OnExit3>$1</_OnExit3>", {"changes-not-marked"}},
     {"number-gap", "<Dependency1>(.*)</Dependency1>", "<Dependency2>$1</Dependency2>", kOtherValues},
     {"type-unknown", "<Type>[A-Z].*</Type>", "<Type>Nmber</Type>",
-     kOtherValues + Ids{"handler-nothing-here", "wireless-key-type", "entry-two-things", "rule-not-four-parts",
-                        "subtype-unknown"}},
+     kOtherValues + IdSet{"handler-nothing-here", "wireless-key-type", "entry-two-things", "rule-not-four-parts",
+                          "subtype-unknown"}},
     {"type-miscased", "<Type>Integer</Type>", "<Type>integer</Type>", kOtherValues},
-    {"type-missing", "<Type>(Bool|IP Address|Gauge)</Type>", "", kOtherValues + Ids{"handler-nothing-here"},
+    {"type-missing", "<Type>(Bool|IP Address|Gauge)</Type>", "", kOtherValues + IdSet{"handler-nothing-here"},
      Where::kEntry},
     {"editor-unknown", "<PropEditor>.*</PropEditor>", "<PropEditor>Switch</PropEditor>"},
     {"subtype-unknown", "<SubType>.*</SubType>", "<SubType>Day</SubType>", {"default-too-long", "default-not-a-value"}},
@@ -78,13 +78,13 @@ const Fault kFaults[] = {
     {"key-without-wep", "<WEP>.*</WEP>", "", {"default-not-a-value", "subtype-unknown"}, Where::kEntry, "<Type>Hex32"},
     {"wireless-key-type", "<WEP>.*</WEP>", "", {}, Where::kEntry, "<OID>1.2.840.10036.1.3.1.2.2"},
     {"choice-key-twice", "<ChoiceFmt>([0-9]+)#([^|<]*)\\|[0-9]+#", "<ChoiceFmt>$1#$2|$1#",
-     kOtherValues + Ids{"wireless-choice-replaced"}},
+     kOtherValues + IdSet{"wireless-choice-replaced"}},
     {"choice-text-twice", "<ChoiceFmt>([0-9]+)#([^|<]*)\\|([0-9]+)#[^|<]*", "<ChoiceFmt>$1#$2|$3#$2",
-     kOtherValues + Ids{"wireless-choice-replaced"}},
+     kOtherValues + IdSet{"wireless-choice-replaced"}},
     {"choice-without-sign", "\\|[^#|<]*#([^|<]*)</ChoiceFmt>", "|No $1</ChoiceFmt>",
-     kOtherValues + Ids{"choice-key-twice", "wireless-choice-replaced"}},
+     kOtherValues + IdSet{"choice-key-twice", "wireless-choice-replaced"}},
     {"choice-key-no-number", "<ChoiceFmt>0#", "<ChoiceFmt>x#", kOtherValues},
-    {"symbol-missing", "<ChoiceFmt>FMT_[A-Z]+", "<ChoiceFmt>FMT_NONE", kOtherValues + Ids{"field-too-wide"}},
+    {"symbol-missing", "<ChoiceFmt>FMT_[A-Z]+", "<ChoiceFmt>FMT_NONE", kOtherValues + IdSet{"field-too-wide"}},
     {"range-reversed",
      "<Range>([1-9][0-9]*)-([0-9]+)</Range>",
      "<Range>0,$2-$1</Range>",
@@ -142,7 +142,7 @@ const Fault kFaults[] = {
     {"rule-not-four-parts", "<Dependency>([0-9.]+\\|[A-Za-z]+)\\|[^|<]*\\|([A-Za-z]+)</Dep", "<Dependency>$1|$2</Dep"},
     {"empty-in-condition", "<Dependency(1?)>IF (.*) EQ [0-9]+ THEN", "<Dependency$1>IF $2 EQ Empty THEN", kOtherValues},
     {"check-mark-over-name", "<DisplayName> (.*)</DisplayName>", "<DisplayName>$1</DisplayName>",
-     kLost + Ids{"line-too-wide"}, Where::kEntry, "CheckMark"},
+     kLost + IdSet{"line-too-wide"}, Where::kEntry, "CheckMark"},
     {"choice-of-rule-unlisted", "ChoiceFmt=([0-9]+)#", "ChoiceFmt=77#", kOtherValues},
     {"rule-oid-unknown", "<Dependency>1\\.3([0-9.]*\\|[A-Za-z ]+\\|[^|<]*\\|[A-Z])", "<Dependency>1.9$1"},
     {"comparison-never-true",
@@ -166,7 +166,7 @@ const Fault kFaults[] = {
     {"handler-oid-unknown", "(IfChanges|Rebind):1\\.3", "$1:1.9"},
     {"function-unknown", "<Function>([A-Z])", "<Function>x$1", {"device-value-missing", "entry-two-things"}},
     {"device-value-missing", "<OID>1\\.3\\.6\\.1\\.4\\.1\\.4242\\.10\\.([678])", "<OID>1.9.6.1.4.1.4242.10.$1",
-     kLost + Ids{"default-missing"}},
+     kLost + IdSet{"default-missing"}},
     {"device-type-differs", "<Type>Bool</Type>", "<Type>Integer</Type>", kOtherValues, Where::kLine, "<OID>"},
     {"line-too-wide", "<DisplayName>([A-Z][a-z]*)</DisplayName>", "<DisplayName>$1 and a bit more</DisplayName>",
      kLost},
