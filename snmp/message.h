@@ -38,6 +38,9 @@ struct Variable {
   bool operator==(const Variable&) const = default;
 };
 
+// What a datagram has for variables, beside the headers of a message, which are longest with privacy.
+inline constexpr std::size_t kMostRoom = 65'000;
+
 enum class Command { kGet, kGetNext, kGetBulk, kSet };
 
 struct Request {
@@ -45,6 +48,7 @@ struct Request {
   std::int64_t nonRepeaters = 0;    // of kGetBulk
   std::int64_t maxRepetitions = 0;  // of kGetBulk
   std::vector<Variable> variables;
+  std::size_t room = kMostRoom;  // octets that the variables of the answer may take
 };
 
 // The error-status of a response.

@@ -5,7 +5,9 @@ namespace snmp {
 
 std::unique_ptr<Responder> OpenResponder(const Endpoint&, Credentials, const std::optional<Engine>&, RequestHandler&,
                                          std::string& problem) {
-  problem = "this program was built without net-snmp's library and answers no network; install libsnmp-dev and build it again";
+  problem =
+      "this program was built without net-snmp's library and answers no network; install libsnmp-dev and build it "
+      "again";
   return nullptr;
 }
 

@@ -53,6 +53,12 @@ netsnmp_variable_list* Append(const Variable& variable, netsnmp_pdu& pdu, netsnm
   }
 }
 
+// Of a message that its receiver takes.
+std::size_t RoomOf(long messageSize) {
+  constexpr long kHeaders = 200;
+  return static_cast<std::size_t>(std::clamp(messageSize - kHeaders, 0L, static_cast<long>(kMostRoom)));
+}
+
 }  // namespace
 
 std::optional<Request> RequestOf(const netsnmp_pdu& pdu) {
@@ -60,6 +66,7 @@ std::optional<Request> RequestOf(const netsnmp_pdu& pdu) {
                                          [&pdu](const auto& command) { return command.first == pdu.command; });
   if (known == std::end(kCommands)) return std::nullopt;
   Request request{known->second, pdu.non_repeaters, pdu.max_repetitions, {}};
+  if (pdu.version == SNMP_VERSION_3) request.room = RoomOf(pdu.msgMaxSize);
   for (const netsnmp_variable_list* from = pdu.variables; from != nullptr; from = from->next_variable) {
     Variable& variable = request.variables.emplace_back();
     for (std::size_t i = 0; i < from->name_length; ++i) {

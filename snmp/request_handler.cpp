@@ -9,9 +9,7 @@
 namespace snmp {
 namespace {
 
-// What the variables of one datagram may take: of any, and of one that a network carries in one piece. The rest is for
-// the headers of a message, which are longest with privacy.
-constexpr std::size_t kMaxBytes = 65'000;
+// What the variables of a datagram may take that a network carries in one piece.
 constexpr std::size_t kMaxBytesInOnePiece = 1'330;
 
 constexpr std::chrono::milliseconds kLongestDelay{60'000};
@@ -26,18 +24,21 @@ std::size_t Limited(std::int64_t number, std::size_t most) {
 // Takes variables while there is room for them. The first always finds some.
 class Batch {
  public:
+  explicit Batch(std::size_t room) : room_(room) {}
+
   bool Add(Variable variable) {
     bytes_ += SizeInMessage(variable);
-    if (!variables_.empty() && bytes_ > kMaxBytesInOnePiece) return false;
+    if (!variables_.empty() && bytes_ > std::min(room_, kMaxBytesInOnePiece)) return false;
     variables_.push_back(std::move(variable));
     return true;
   }
   Response Take() {
-    const bool fits = variables_.size() != 1 || bytes_ <= kMaxBytes;
+    const bool fits = variables_.size() != 1 || SizeInMessage(variables_.front()) <= room_;
     return fits ? Response{ErrorStatus::kNoError, 0, std::move(variables_)} : Failed(ErrorStatus::kTooBig, 0);
   }
 
  private:
+  const std::size_t room_;
   std::vector<Variable> variables_;
   std::size_t bytes_ = 0;
 };
@@ -84,14 +85,14 @@ Response RequestHandler::ReadOne(const Request& request, Reading& reading) {
       return Failed(status, response.variables.size() + 1);
     }
     bytes += SizeInMessage(variable);
-    if (bytes > kMaxBytes) return Failed(ErrorStatus::kTooBig, 0);
+    if (bytes > request.room) return Failed(ErrorStatus::kTooBig, 0);
     response.variables.push_back(std::move(variable));
   }
   return response;
 }
 
 Response RequestHandler::ReadBulk(const Request& request, Reading& reading) {
-  Batch batch;
+  Batch batch(request.room);
   const std::size_t once = Limited(request.nonRepeaters, request.variables.size());
   for (std::size_t i = 0; i < once; ++i) {
     if (!batch.Add(Next(request.variables[i].oid, reading))) return batch.Take();

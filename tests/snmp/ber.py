@@ -33,15 +33,26 @@ def set_request(community, request_id, values):
     return _tlv(0x30, _integer(1) + _tlv(4, community.encode()) + pdu)
 
 
-def v3_request(user, engine, boots, request_id, oids):
-    """A Get that is neither signed nor encrypted. Without a user and an engine it asks which engine there is."""
+GET, BULK = 0xA0, 0xA5
+
+
+def v3_request(user, engine, boots, request_id, oids, command=GET, max_size=65507):
+    """A request that is neither signed nor encrypted. Without a user and an engine it asks which engine there is."""
     variables = b"".join(_tlv(0x30, _oid(oid) + _tlv(5, b"")) for oid in oids)
-    pdu = _tlv(0xA0, _integer(request_id) + _integer(0) + _integer(0) + _tlv(0x30, variables))
+    repetitions = 50 if command == BULK else 0
+    pdu = _tlv(command, _integer(request_id) + _integer(0) + _integer(repetitions) + _tlv(0x30, variables))
     reportable, by_users = b"\x04", 3
-    header = _integer(request_id) + _integer(65507) + _tlv(4, reportable) + _integer(by_users)
+    header = _integer(request_id) + _integer(max_size) + _tlv(4, reportable) + _integer(by_users)
     security = _tlv(4, engine) + _integer(boots) + _integer(0) + _tlv(4, user.encode()) + _tlv(4, b"") + _tlv(4, b"")
     scoped = _tlv(4, engine) + _tlv(4, b"") + pdu
     return _tlv(0x30, _integer(3) + _tlv(0x30, header) + _tlv(4, _tlv(0x30, security)) + _tlv(0x30, scoped))
+
+
+def v3_response(datagram):
+    """The error status, and how many variables there are."""
+    scoped = list(_parts(next(_parts(datagram))))[3]
+    fields = list(_parts(list(_parts(scoped))[2]))
+    return int.from_bytes(fields[1], "big"), len(list(_parts(fields[3])))
 
 
 def engine_of(datagram):

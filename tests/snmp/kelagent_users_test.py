@@ -150,6 +150,24 @@ class Users(Folder):
         self.assertEqual(self.get(1, options=[*known, "-Z", f"{boots - 1},5"]), "1 = INTEGER: 1\n")
         self.assertEqual(self.get(1, options=[*known, "-Z", f"{boots},100000"]), "1 = INTEGER: 1\n")
 
+    def test_answers_with_no_more_than_a_manager_takes(self):
+        self.write(device(f"{number}\tOctet String\t{'x' * 40}" for number in range(1, 90)))
+        self.serve()
+        engine, boots = self.engine()
+        sizes = {}
+        with self.open() as asking:
+            for number, most in enumerate([484, 700, 1000, 65507]):
+                asking.send(ber.v3_request("open", bytes.fromhex(engine), boots, number, [ROOT], ber.BULK, most))
+                answer = asking.recv(65535)
+                self.assertLessEqual(len(answer), most)
+                status, sizes[most] = ber.v3_response(answer)
+                self.assertEqual(status, 0)
+            asking.send(ber.v3_request("open", bytes.fromhex(engine), boots, 9,
+                                       [f"{ROOT}.{number}" for number in range(1, 30)], max_size=700))
+            self.assertEqual(ber.v3_response(asking.recv(65535)), (1, 0))
+        self.assertLess(2, sizes[484])
+        self.assertEqual(list(sizes.values()), sorted(set(sizes.values())))
+
     def test_other_storages_are_other_engines(self):
         self.serve()
         first = self.engine()[0]
