@@ -6,6 +6,7 @@
 #include "model/entry_kind.h"
 #include "model/key_walk.h"
 #include "model/ordered_menu_items.h"
+#include "model/settings_ahead.h"
 #include "platform/debug.h"
 #include "values/shown_value.h"
 
@@ -74,6 +75,8 @@ bool MenuModel::Build(std::shared_ptr<const config::PDataStore> tree, WideString
   Guarded([&] { rootKey = StartFrom(std::move(tree), rootPath); });
   if (rootKey == nullptr) return false;
 
+  const values::ReadingAhead ahead(environment_.device,
+                                   [this, rootKey] { return SettingsOfMenu(*tree_, *rootKey, rootPath_); });
   // In menu order, so that a command stands before its fields.
   std::vector<MenuItem*> menus;  // those open, by depth
   KeyWalk walk(u"MenuModel::Build");

@@ -4,8 +4,10 @@
 #include "base/wide_string.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace platform {
 
@@ -15,6 +17,12 @@ inline constexpr ResultCode kOk = 0;
 inline constexpr ResultCode kFalse = 1;
 inline constexpr ResultCode kFailed = static_cast<ResultCode>(0x80004005);
 inline constexpr ResultCode kAccessDenied = static_cast<ResultCode>(0x80070005);
+
+// A setting as Get() names it.
+struct Setting {
+  WideString oid;
+  WideString type;
+};
 
 // The SNMP configuration object: settings by OID, type text and value text.
 class ISnmpConfig {
@@ -26,6 +34,9 @@ class ISnmpConfig {
   // The alternate operations, for the few special OIDs.
   virtual ResultCode SetSpecial(const WideString& oid, const WideString& type, const WideString& value) = 0;
   virtual ResultCode GetSpecial(const WideString& oid, const WideString& type, std::optional<WideString>& value) = 0;
+  // Says what is about to be read, so that a device far away can have it ready; without a function, that all of it has
+  // been. What is read ahead serves one Get for each time that it was named, and none after a Set.
+  virtual void ReadAhead([[maybe_unused]] const std::function<std::vector<Setting>()>& settings) {}
 };
 
 // Null when the object cannot be had; the next call tries again.

@@ -1,6 +1,7 @@
 #include "rules/apply_changes.h"
 
 #include "base/string_table.h"
+#include "model/settings_ahead.h"
 #include "platform/events.h"
 
 #include <algorithm>
@@ -74,6 +75,8 @@ void ChangeApplier::RestoreAllDefaults() {
     const platform::WaitCursor cursor(context_.shell.MainWindow());
     if (const auto tree = context_.model.Tree()) {
       DefaultsOfModel host(context_, dependencies_, queue_);
+      const values::ReadingAhead ahead(context_.device,
+                                       [&] { return model::SettingsOfDefaults(*tree, context_.model.RootPath()); });
       model::WalkDefaults(*tree, context_.model.RootPath(), model::DefaultsMode::kRestore, host);
       model::WalkDefaults(*tree, context_.model.RootPath(), model::DefaultsMode::kExitRules, host);
     }

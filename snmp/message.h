@@ -15,11 +15,13 @@ enum class ValueType : std::uint8_t {
   kInteger = 0x02,
   kOctets = 0x04,
   kNull = 0x05,
+  kObjectId = 0x06,
   kIpAddress = 0x40,
   kCounter32 = 0x41,
   kGauge32 = 0x42,
   kTimeTicks = 0x43,
   kOpaque = 0x44,
+  kCounter64 = 0x46,
   kNoSuchObject = 0x80,
   kNoSuchInstance = 0x81,
   kEndOfMibView = 0x82,
@@ -27,8 +29,8 @@ enum class ValueType : std::uint8_t {
 
 struct Value {
   ValueType type = ValueType::kNull;
-  std::int64_t number = 0;  // of an integer, counter, gauge, time
-  std::string bytes;        // of octets, an address (four of them), an opaque value
+  std::int64_t number = 0;  // of an integer, counter, gauge, time; the bits of a counter of 64
+  std::string bytes;        // of octets, an address (four of them), an opaque value; an identifier as it is printed
   bool operator==(const Value&) const = default;
 };
 
@@ -51,16 +53,20 @@ struct Request {
   std::size_t room = kMostRoom;  // octets that the variables of the answer may take
 };
 
-// The error-status of a response.
+// The error-status of a response. A device may answer any other number as well.
 enum class ErrorStatus : int {
   kNoError = 0,
   kTooBig = 1,
+  kBadValue = 3,
+  kReadOnly = 4,
   kGenErr = 5,
   kNoAccess = 6,
   kWrongType = 7,
   kWrongLength = 8,
+  kWrongEncoding = 9,
   kWrongValue = 10,
   kNoCreation = 11,
+  kInconsistentValue = 12,
   kCommitFailed = 14,
   kAuthorizationError = 16,
   kNotWritable = 17,

@@ -1,4 +1,4 @@
-// The device's result codes as errors of messages.
+// The device's result codes as errors of messages, and back.
 #pragma once
 
 #include "platform/device.h"
@@ -6,7 +6,14 @@
 
 namespace snmp {
 
+inline constexpr platform::ResultCode kInvalidArgument = static_cast<platform::ResultCode>(0x80070057);
+inline constexpr platform::ResultCode kTimedOut = static_cast<platform::ResultCode>(0x800705B4);
+inline constexpr platform::ResultCode kLogonFailure = static_cast<platform::ResultCode>(0x8007052E);
+
 // What an agent says of a Set that its device refused with a failing code.
 ErrorStatus ErrorOfFailedSet(platform::ResultCode code);
+
+// What a manager makes of an answer's error; kOk for none.
+platform::ResultCode ResultOfError(ErrorStatus status);
 
 }  // namespace snmp

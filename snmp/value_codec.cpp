@@ -64,7 +64,21 @@ std::string TextOfAddress(std::string_view octets) {
   return text;
 }
 
+// A whole number with or without a sign, whatever zeros it begins with.
+std::optional<std::int64_t> NumberIn(std::string_view text) {
+  const bool isNegative = text.starts_with('-');
+  if (isNegative || text.starts_with('+')) text.remove_prefix(1);
+  const std::size_t first = text.find_first_not_of('0');
+  const bool isZero = first == std::string_view::npos && !text.empty();
+  if (first != std::string_view::npos) text.remove_prefix(first);
+  const auto number = isZero ? 0 : ParseDecimal(text);
+  if (!number || *number < 0) return std::nullopt;
+  return isNegative ? -*number : *number;
+}
+
 }  // namespace
+
+ValueType TravelsAs(WideStringView type) { return RowOf(type).travelsAs; }
 
 Value ValueOf(WideStringView type, WideStringView text) {
   const ValueType travelsAs = RowOf(type).travelsAs;
@@ -83,8 +97,7 @@ Value ValueOf(WideStringView type, WideStringView text) {
 
 ErrorStatus TextOf(const Value& value, WideStringView type, WideStringView current, WideString& text) {
   const ValueType travelsAs = RowOf(type).travelsAs;
-  // Only the device itself counts.
-  if (travelsAs == ValueType::kCounter32 || travelsAs == ValueType::kTimeTicks) return ErrorStatus::kNotWritable;
+  if (IsWrittenByTheDeviceAlone(travelsAs)) return ErrorStatus::kNotWritable;
   if (value.type != travelsAs && value.type != ValueOf(type, current).type) return ErrorStatus::kWrongType;
   std::string bytes = value.bytes;
   if (value.type == ValueType::kIpAddress) {
@@ -102,6 +115,51 @@ ErrorStatus TextOf(const Value& value, WideStringView type, WideStringView curre
   if (base::ToUtf8(taken) != bytes) return ErrorStatus::kWrongValue;
   text = std::move(taken);
   return ErrorStatus::kNoError;
+}
+
+std::optional<WideString> ReceivedText(const Value& value) {
+  switch (value.type) {
+    case ValueType::kInteger:
+    case ValueType::kCounter32:
+    case ValueType::kGauge32:
+    case ValueType::kTimeTicks: return base::FromUtf8(std::to_string(value.number));
+    case ValueType::kCounter64: return base::FromUtf8(std::to_string(static_cast<std::uint64_t>(value.number)));
+    case ValueType::kIpAddress: return base::FromUtf8(TextOfAddress(value.bytes));
+    case ValueType::kOctets:
+    case ValueType::kOpaque:
+    case ValueType::kObjectId: return base::FromUtf8(value.bytes);
+    default: return std::nullopt;
+  }
+}
+
+bool IsDamagedText(const Value& value) {
+  const bool isText = value.type == ValueType::kOctets || value.type == ValueType::kOpaque;
+  return isText && base::ToUtf8(base::FromUtf8(value.bytes)) != value.bytes;
+}
+
+bool IsWrittenByTheDeviceAlone(ValueType type) {
+  return type == ValueType::kCounter32 || type == ValueType::kTimeTicks || type == ValueType::kCounter64 ||
+         type == ValueType::kObjectId;
+}
+
+std::optional<Value> ValueToSend(ValueType type, WideStringView text) {
+  std::string bytes = base::ToUtf8(text);
+  switch (type) {
+    case ValueType::kInteger:
+    case ValueType::kGauge32: {
+      const auto number = NumberIn(bytes);
+      if (!number || !Fits(*number, type)) return std::nullopt;
+      return Value{type, *number, {}};
+    }
+    case ValueType::kIpAddress: {
+      std::string octets = OctetsOfAddress(bytes);
+      if (octets.empty()) return std::nullopt;
+      return Value{type, 0, std::move(octets)};
+    }
+    case ValueType::kOctets:
+    case ValueType::kOpaque: return Value{type, 0, std::move(bytes)};
+    default: return std::nullopt;
+  }
 }
 
 bool IsSecret(WideStringView type) { return RowOf(type).isSecret; }

@@ -23,10 +23,29 @@ bool IsSpecialOid(WideStringView oid) {
 DeviceAccess::DeviceAccess(Connector connect) : connect_(std::move(connect)) {}
 
 platform::ISnmpConfig* DeviceAccess::Interface() {
-  if (connection_ == nullptr) connection_ = connect_();
+  if (connection_ == nullptr) {
+    connection_ = connect_();
+    if (ahead_) TellWhatIsRead();
+  }
   if (connection_ == nullptr) platform::ShowSystemMessage(u"Cannot get SNMP Interface", u"Error");
   return connection_.get();
 }
+
+void DeviceAccess::ReadAhead(Settings settings) {
+  ahead_ = std::move(settings);
+  TellWhatIsRead();
+}
+
+// Without this all is read as well, only later.
+void DeviceAccess::TellWhatIsRead() {
+  try {
+    if (connection_ != nullptr) connection_->ReadAhead(ahead_);
+  } catch (...) {
+    platform::DebugOutput(u"EXCEPTION: DeviceAccess::ReadAhead()\r\n");
+  }
+}
+
+platform::Setting ActiveProfile() { return {u"cfg|80211PM|ActiveProfile", WideString(LoadText(TextId::kOctetString))}; }
 
 ResultCode DeviceAccess::DoSnmpGet(const WideString& oid, const WideString& type, std::optional<WideString>& value) {
   value.reset();
@@ -76,7 +95,8 @@ WideString DeviceAccess::FillOid(WideString oid, const AttributeMap& attributes)
   const std::size_t star = oid.find(u'*');
   if (star == WideString::npos || ResolveAttribute(attributes, TextId::kFillOid) != u"Profile") return oid;
   WideString profile;
-  DoSnmpGet(u"cfg|80211PM|ActiveProfile", WideString(LoadText(TextId::kOctetString)), profile);
+  const platform::Setting active = ActiveProfile();
+  DoSnmpGet(active.oid, active.type, profile);
   return oid.replace(star, 1, profile);
 }
 

@@ -8,6 +8,8 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <utility>
+#include <vector>
 
 namespace values {
 
@@ -21,6 +23,10 @@ class DeviceAccess {
   platform::ISnmpConfig* Interface();
   // Ends the connection; the next use makes a new one.
   void Release() { connection_.reset(); }
+
+  // Says what is going to be read, as soon as there is a device to say it to; an empty function: that is over.
+  using Settings = std::function<std::vector<platform::Setting>()>;
+  void ReadAhead(Settings settings);
 
   // Reads by the ordinary operation. `value` is nothing, or the empty text, unless the device gave a text. kFalse
   // without a call when there is no device or `oid` or `type` is empty.
@@ -38,9 +44,29 @@ class DeviceAccess {
   WideString FillOid(WideString oid, const AttributeMap& attributes);
 
  private:
+  void TellWhatIsRead();
+
   Connector connect_;
+  Settings ahead_;
   std::unique_ptr<platform::ISnmpConfig> connection_;
 };
+
+// What is said to be read while this lives.
+class ReadingAhead {
+ public:
+  ReadingAhead(DeviceAccess& device, DeviceAccess::Settings settings) : device_(device) {
+    device_.ReadAhead(std::move(settings));
+  }
+  ~ReadingAhead() { device_.ReadAhead({}); }
+  ReadingAhead(const ReadingAhead&) = delete;
+  ReadingAhead& operator=(const ReadingAhead&) = delete;
+
+ private:
+  DeviceAccess& device_;
+};
+
+// The setting that says which wireless profile is in use.
+platform::Setting ActiveProfile();
 
 // The three OIDs that are read and written by the alternate operations; compared exactly.
 bool IsSpecialOid(WideStringView oid);

@@ -30,6 +30,9 @@ class DeviceUntilReset final : public ISnmpConfig {
   ResultCode GetSpecial(const WideString& oid, const WideString& type, std::optional<WideString>& value) override {
     return host::IsWarmReset() ? kFailed : device_->GetSpecial(oid, type, value);
   }
+  void ReadAhead(const std::function<std::vector<Setting>()>& settings) override {
+    if (!host::IsWarmReset()) device_->ReadAhead(settings);
+  }
 
  private:
   std::unique_ptr<ISnmpConfig> device_;

@@ -1,6 +1,7 @@
 #include "model/defaults_walk.h"
 
 #include "model/key_visits.h"
+#include "model/settings_ahead.h"
 #include "tests/printing.h"
 #include "tests/support/test_terminal.h"
 #include "tests/support/trees.h"
@@ -212,6 +213,22 @@ TEST(ReaderCommandDefault, TheThirdPartIsWhatIsLeftOfTheDependency) {
       {u"", u""},
   };
   for (const auto& c : cases) EXPECT_EQ(c.third, model::ThirdPart(c.dependency)) << base::ToUtf8(c.dependency);
+}
+
+TEST(DefaultsWalk, WhatItReadsCanBeKnownBeforehand) {
+  const std::string groups =
+      Property("a", "<OID>1</OID><Type>ReaderCmd</Type><DefVal>01</DefVal><Dependency>a|b|c</Dependency>",
+               Property("b", "<OID>2</OID><Type>ReaderCmd</Type><DefVal>01</DefVal><Dependency>a|b|c</Dependency>")) +
+      Property("c", "<OID>3</OID><Type>ReaderCmd</Type><Dependency>a|b|c</Dependency>") +
+      Property("d", "<OID>4</OID><Type>ReaderCmd</Type><DefVal>01</DefVal>") +
+      Property("e", "<OID>5</OID><Type>Integer</Type><DefVal>1</DefVal><Dependency>a|b|c</Dependency>");
+  const auto tree = tests::TreeOf("<GROUP name='R'>" + groups + "</GROUP>");
+  Host host;
+  model::WalkDefaults(*tree, u"R", DefaultsMode::kRestore, host);
+  EXPECT_EQ(2, host.reads);
+  Lines ahead;
+  for (const auto& setting : model::SettingsOfDefaults(*tree, u"R")) ahead.push_back(setting.oid + u" " + setting.type);
+  EXPECT_EQ((Lines{u"1 ReaderCmd", u"2 ReaderCmd"}), ahead);
 }
 
 }  // namespace

@@ -116,6 +116,38 @@ TEST_F(MenuModelTest, PropertiesThatNameOnePageShareIt) {
   EXPECT_EQ(nullptr, menu_.FindPage(u"Q"));
 }
 
+TEST_F(MenuModelTest, TheDeviceKnowsBeforehandWhatBuildingReads) {
+  fake_.Put(u"cfg|80211PM|ActiveProfile", u"3");
+  const char* xml =
+      "<GROUP name='R'><OID>0.0</OID><Type>Integer</Type>"
+      "<GROUP name='m'><DisplayName>Menu</DisplayName>"
+      "<GROUP name='a'><OID>1.1</OID><Type>Integer</Type><GROUP name='deep'><OID>1.2</OID></GROUP></GROUP>"
+      "<GROUP name='again'><OID>1.1</OID><Type>Bool</Type></GROUP>"
+      "<GROUP name='pseudo'><OID>_GetIPAddress</OID><Type>IP Address</Type></GROUP></GROUP>"
+      "<GROUP name='cmd'><OID>7.7</OID><Type>ReaderCmd</Type><CmdString>2,2</CmdString></GROUP>"
+      "<GROUP name='f'><CmdOID>7.7:2</CmdOID><OID>7.7</OID><Ordinal>2</Ordinal><Type>Integer</Type></GROUP>"
+      "<GROUP name='plain'><Type>Integer</Type></GROUP></GROUP>";
+  Build(xml);
+  EXPECT_EQ(4u, fake_.ahead.size());
+  EXPECT_EQ(fake_.TakeLog(), fake_.ahead);
+  Build(xml);
+  EXPECT_EQ(fake_.TakeLog(), fake_.ahead);
+  EXPECT_EQ(2, fake_.timesAhead);
+  EXPECT_EQ(2, fake_.timesAheadEnded);
+}
+
+TEST_F(MenuModelTest, OfASettingOfTheProfileInUseTheProfileIsReadAhead) {
+  fake_.Put(u"cfg|80211PM|ActiveProfile", u"3");
+  Build(
+      "<GROUP name='R'><GROUP name='p'><OID>cfg|*|x</OID><FillOID>Profile</FillOID><Type>Integer</Type></GROUP>"
+      "<GROUP name='s'><OID>cfg|*|y</OID><Type>Integer</Type></GROUP></GROUP>");
+  EXPECT_EQ((std::vector<WideString>{u"get cfg|80211PM|ActiveProfile Octet String", u"get cfg|*|y Integer"}),
+            fake_.ahead);
+  EXPECT_EQ((std::vector<WideString>{u"get cfg|80211PM|ActiveProfile Octet String", u"get cfg|3|x Integer",
+                                     u"get cfg|*|y Integer"}),
+            fake_.TakeLog());
+}
+
 TEST_F(MenuModelTest, EveryDescriptorKnowsItsItem) {
   Build("<GROUP name='R'><GROUP name='a'><DisplayName>A</DisplayName><OID>1</OID></GROUP></GROUP>");
   const MenuItem& item = *menu_.Root().Children()[0];

@@ -105,6 +105,76 @@ TEST(ValueCodec, ASetTakesWhatTheTypeHolds) {
   }
 }
 
+TEST(ValueCodec, OfWhatIsReceivedTheReceivedTypeDecides) {
+  const struct {
+    Value value;
+    std::optional<WideString> text;
+  } cases[] = {
+      {Number(kInteger, -5), u"-5"},
+      {Number(kCounter32, 4294967295), u"4294967295"},
+      {Number(kGauge32, 0), u"0"},
+      {Number(kTimeTicks, 8640000), u"8640000"},
+      {Number(kCounter64, -1), u"18446744073709551615"},
+      {Bytes(kIpAddress, "\x0A\x01\x02\xFF"), u"10.1.2.255"},
+      {Bytes(kIpAddress, "\x0A\x01"), u"10.1"},
+      {Bytes(kOctets, ""), u""},
+      {Bytes(kOctets, "Größe"), u"Größe"},
+      {Bytes(kOctets, "a\xFFz"), u"a\uFFFDz"},
+      {Bytes(kOpaque, "x"), u"x"},
+      {Bytes(kObjectId, "1.3.6.1"), u"1.3.6.1"},
+      {Number(kNull, 0), std::nullopt},
+      {Number(kNoSuchObject, 0), std::nullopt},
+      {Number(kNoSuchInstance, 0), std::nullopt},
+      {Number(kEndOfMibView, 0), std::nullopt},
+      {Number(static_cast<ValueType>(0x30), 0), std::nullopt},
+  };
+  for (const auto& c : cases) EXPECT_EQ(c.text, snmp::ReceivedText(c.value)) << c.value.number << c.value.bytes;
+}
+
+TEST(ValueCodec, ATextThatLacksReceivedOctetsIsDamaged) {
+  EXPECT_TRUE(snmp::IsDamagedText(Bytes(kOctets, "a\xFFz")));
+  EXPECT_TRUE(snmp::IsDamagedText(Bytes(kOpaque, "\x80")));
+  for (const Value& whole : {Bytes(kOctets, "Größe"), Bytes(kOctets, "\uFFFD"), Bytes(kOctets, ""),
+                             Bytes(kIpAddress, "\xFF\xFF\xFF\xFF"), Number(kInteger, 5)}) {
+    EXPECT_FALSE(snmp::IsDamagedText(whole)) << whole.bytes;
+  }
+}
+
+TEST(ValueCodec, ATextIsSentAsAValueOfItsType) {
+  const struct {
+    ValueType type;
+    const char16_t* text;
+    std::optional<Value> value;
+  } cases[] = {
+      {kInteger, u"-5", Number(kInteger, -5)},
+      {kInteger, u"+5", Number(kInteger, 5)},
+      {kInteger, u"007", Number(kInteger, 7)},
+      {kInteger, u"-00", Number(kInteger, 0)},
+      {kInteger, u"2147483647", Number(kInteger, 2147483647)},
+      {kInteger, u"2147483648", std::nullopt},
+      {kInteger, u"99999999999999999999", std::nullopt},
+      {kInteger, u"", std::nullopt},
+      {kInteger, u"-", std::nullopt},
+      {kInteger, u"+-5", std::nullopt},
+      {kInteger, u"5 ", std::nullopt},
+      {kInteger, u"0x5", std::nullopt},
+      {kGauge32, u"4294967295", Number(kGauge32, 4294967295)},
+      {kGauge32, u"-1", std::nullopt},
+      {kIpAddress, u"10.1.2.255", Bytes(kIpAddress, "\x0A\x01\x02\xFF")},
+      {kIpAddress, u"10.1.2", std::nullopt},
+      {kIpAddress, u"a name", std::nullopt},
+      {kOctets, u"Größe", Bytes(kOctets, "Größe")},
+      {kOctets, u"", Bytes(kOctets, "")},
+      {kOpaque, u"x", Bytes(kOpaque, "x")},
+      {kCounter32, u"5", std::nullopt},
+      {kTimeTicks, u"5", std::nullopt},
+      {kCounter64, u"5", std::nullopt},
+      {kObjectId, u"1.3", std::nullopt},
+      {kNull, u"", std::nullopt},
+  };
+  for (const auto& c : cases) EXPECT_EQ(c.value, snmp::ValueToSend(c.type, c.text)) << base::ToUtf8(c.text);
+}
+
 TEST(ValueCodec, PasswordsAndKeysAreSecret) {
   for (const char16_t* type : {u"Password", u"Hex", u"Hex32", u"PASSWORD"}) EXPECT_TRUE(snmp::IsSecret(type));
   for (const char16_t* type : {u"Octet String", u"Integer", u"None", u""}) EXPECT_FALSE(snmp::IsSecret(type));

@@ -41,6 +41,11 @@ class FakeDevice {
   bool reachable = true;
   int connections = 0;  // asked for, answered or not
 
+  // What was last said to be going to be read, as "get OID TYPE".
+  std::vector<WideString> ahead;
+  int timesAhead = 0;
+  int timesAheadEnded = 0;
+
   // "get OID TYPE" and "set OID TYPE VALUE", with "special" after the verb for the alternate operations.
   std::vector<WideString> TakeLog() { return std::exchange(log_, {}); }
 
@@ -61,6 +66,17 @@ class FakeDevice {
     platform::ResultCode GetSpecial(const WideString& oid, const WideString& type,
                                     std::optional<WideString>& value) override {
       return device_.Get(u"getspecial ", oid, type, value);
+    }
+    void ReadAhead(const std::function<std::vector<platform::Setting>()>& settings) override {
+      if (!settings) {
+        ++device_.timesAheadEnded;
+        return;
+      }
+      ++device_.timesAhead;
+      device_.ahead.clear();
+      for (const platform::Setting& setting : settings()) {
+        device_.ahead.push_back(u"get " + setting.oid + u" " + setting.type);
+      }
     }
 
    private:

@@ -49,6 +49,41 @@ TEST_F(DeviceAccessTest, WithoutADeviceTheUserIsToldAndTheNextUseTriesAgain) {
   EXPECT_EQ(terminal_.TakeDebugLines(), Lines());
 }
 
+TEST_F(DeviceAccessTest, WhatIsReadAheadIsSaidAsSoonAsThereIsADevice) {
+  int asked = 0;
+  const auto settings = [&asked] {
+    ++asked;
+    return std::vector<platform::Setting>{{u"1.2", u"Integer"}};
+  };
+  {
+    const ReadingAhead ahead(access_, settings);
+    EXPECT_EQ(0, device_.connections);
+    device_.reachable = false;
+    access_.Interface();
+    EXPECT_EQ(0, asked);
+    device_.reachable = true;
+    access_.Interface();
+    access_.Interface();
+    EXPECT_EQ(1, asked);
+    EXPECT_EQ((Lines{u"get 1.2 Integer"}), device_.ahead);
+    EXPECT_EQ(0, device_.timesAheadEnded);
+  }
+  EXPECT_EQ(1, device_.timesAheadEnded);
+  const ReadingAhead again(access_, settings);
+  EXPECT_EQ(2, asked);
+  access_.Release();
+  access_.Interface();
+  EXPECT_EQ(3, asked);
+}
+
+TEST_F(DeviceAccessTest, ReadingAheadThatBreaksDownIsNoHarm) {
+  access_.Interface();
+  const ReadingAhead ahead(access_, []() -> std::vector<platform::Setting> { throw std::bad_alloc(); });
+  device_.Put(u"1.2", u"5");
+  EXPECT_EQ(access_.DoSnmpGet(u"1.2", u"Integer", value_), platform::kOk);
+  EXPECT_EQ(terminal_.TakeDebugLines(), (Lines{u"EXCEPTION: DeviceAccess::ReadAhead()\r\n"}));
+}
+
 TEST_F(DeviceAccessTest, AReadGivesTheDevicesText) {
   device_.Put(u"1.2", u"5");
   EXPECT_EQ(access_.DoSnmpGet(u"1.2", u"Integer", value_), platform::kOk);

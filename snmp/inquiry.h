@@ -1,0 +1,55 @@
+// Asks a device over a session for values and sets them, whatever happens to the datagrams.
+#pragma once
+
+#include "platform/device.h"
+#include "snmp/result_codes.h"
+#include "snmp/session.h"
+
+#include <vector>
+
+namespace snmp {
+
+// What is to be read, and how many octets its value will about take.
+struct Wanted {
+  Oid oid;
+  std::size_t valueSize = 16;
+};
+
+struct Reading {
+  platform::ResultCode code = kTimedOut;
+  Value value;  // of kOk; also what is no value, such as kNoSuchObject
+};
+
+// Whether a Set of which nothing is heard may be done a second time.
+enum class Again { kOnce, kNever };
+
+class Inquiry {
+ public:
+  // The session must live longer.
+  explicit Inquiry(Session& session) : session_(session) {}
+
+  // One reading for each that is wanted, in order. They travel in full datagrams, several at once; each is sent up to
+  // four times. A device that answers none of them is left alone for five seconds, in which all fails at once.
+  std::vector<Reading> Get(const std::vector<Wanted>& wanted);
+
+  // Sent once. Where nothing is heard, what the device has now says whether it was done.
+  platform::ResultCode Set(const Variable& variable, Again again);
+
+  // Why the device does not even read what is asked, since it last answered; kResponse: it does.
+  ArrivalKind Refusal() const { return refusal_; }
+
+ private:
+  class Reader;
+
+  bool IsLeftAlone();
+  void LeaveAlone();
+  void Heard(const Session::Arrival& arrival);
+  platform::ResultCode SetOnce(const Variable& variable, Session::Clock::duration patience);
+
+  Session& session_;
+  std::optional<Session::Clock::time_point> aloneUntil_;
+  Session::Clock::duration roundTrip_ = std::chrono::milliseconds(125);  // about
+  ArrivalKind refusal_ = ArrivalKind::kResponse;
+};
+
+}  // namespace snmp
