@@ -127,7 +127,10 @@ void CKelConfigApp::RunPostEditAction(WideStringView command, model::MenuItem& i
 
 void CKelConfigApp::EvaluateItem(model::MenuItem& item) { rules_.dependencies.EvaluateDependencies(item); }
 
-void CKelConfigApp::BeforeFill(model::MenuItem& menu) { rules_.handlers.RunEnterHandler(menu); }
+void CKelConfigApp::BeforeFill(model::MenuItem& menu) {
+  rules_.items.ReadMissed(menu);
+  rules_.handlers.RunEnterHandler(menu);
+}
 
 void CKelConfigApp::FlipToggle() { insertFlag_.Toggle(); }
 

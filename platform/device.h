@@ -17,6 +17,7 @@ inline constexpr ResultCode kOk = 0;
 inline constexpr ResultCode kFalse = 1;
 inline constexpr ResultCode kFailed = static_cast<ResultCode>(0x80004005);
 inline constexpr ResultCode kAccessDenied = static_cast<ResultCode>(0x80070005);
+inline constexpr ResultCode kTimedOut = static_cast<ResultCode>(0x800705B4);
 
 // A setting as Get() names it.
 struct Setting {

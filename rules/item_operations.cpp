@@ -67,6 +67,17 @@ WideString ItemOperations::Reread(const WideString& oid, const WideString& type,
   return std::move(text).value_or(WideString());
 }
 
+// A field has its command's value.
+void ItemOperations::ReadMissed(const model::MenuItem& menu) {
+  for (const auto& line : menu.Children()) {
+    const values::PropertyDescriptor* property = line->Descriptor();
+    if (property == nullptr || property->IsAvailable()) continue;
+    const auto field = property->GetCommandField();
+    if (field) property = context_.model.FindDescriptor(field->commandOid);
+    if (property != nullptr && property->IsMissed()) Reread(property->GetOID(), property->GetType());
+  }
+}
+
 void ItemOperations::Settle(WideStringView oid, const values::PropertyValue& value, bool taken) {
   VisitProperties(oid, [&](values::PropertyDescriptor& property) {
     if (taken) {

@@ -34,6 +34,8 @@ class ItemOperations {
   // Reads a value from the device. The property of the OID, if there is one, takes it over, or keeps its own where the
   // read failed. The text that was read.
   WideString Reread(const WideString& oid, const WideString& type, Fields fields = Fields::kAll);
+  // Reads the values of a menu's lines that the device has not given in time.
+  void ReadMissed(const model::MenuItem& menu);
   // A value was sent: the property has it now, or else offers it again in its editor alone.
   void Settle(WideStringView oid, const values::PropertyValue& value, bool taken);
   // An edit that waits is not to be sent after all.

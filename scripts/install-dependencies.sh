@@ -9,7 +9,7 @@ packages=(cmake g++ libcli11-dev libncurses-dev libsnmp-dev ninja-build nlohmann
 if [ "${1:-test}" = test ]; then
   packages+=(ccache chromium clang-14 clang-format-14 clang-tidy-14 file fonts-wine googletest imagemagick libbenchmark-dev libclang-rt-14-dev
     libgtest-dev libpugixml-dev man-db mandoc mingw-w64-tools g++-mingw-w64-i686-posix g++-mingw-w64-x86-64-posix python3
-    python3-jsonschema python3-pysnmp4 snmp tidy tmux wine wine64 xvfb)
+    python3-jsonschema python3-pysnmp4 snmp snmpd tidy tmux wine wine64 xvfb)
 fi
 
 missing=()

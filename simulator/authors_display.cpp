@@ -93,7 +93,9 @@ void AuthorsDisplay::StartAgain() {
     place_ = PlaceIn(*application->CurrentMenu(), application->SelectedItem());
   }
   if (place_) wayBack_.emplace(*place_);
+  isStartingAgain_ = true;
   platform::WarmReset();
+  isStartingAgain_ = false;
 }
 
 bool AuthorsDisplay::GoesBack(std::optional<KeyStroke>& key) {

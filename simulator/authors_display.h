@@ -33,6 +33,9 @@ class AuthorsDisplay final : public platform::host::Display {
   // person has left by Esc. `afterAChange`: what is there now has failed.
   bool AwaitUsable(bool afterAChange);
 
+  // Whether it is ending the utility only to start it again.
+  bool IsStartingAgain() const { return isStartingAgain_; }
+
   std::optional<platform::host::KeyStroke> NextKey() override;
   void Wake() override { parts_.screen.Wake(); }
   void Pause(std::chrono::milliseconds duration) override { parts_.screen.Pause(duration); }
@@ -47,6 +50,7 @@ class AuthorsDisplay final : public platform::host::Display {
   bool GoesBack(std::optional<platform::host::KeyStroke>& key);
 
   const Parts parts_;
+  bool isStartingAgain_ = false;
   std::optional<bool> isUsable_;  // as the last check had it
   std::optional<MenuPlace> place_;
   std::optional<WayBack> wayBack_;

@@ -24,7 +24,8 @@ struct flock WholeFile() {
 
 const int kBringForwardSignal = SIGUSR1;
 
-InstanceLock::InstanceLock(const std::filesystem::path& root) : file_(root / ".kelterm.lock") {
+InstanceLock::InstanceLock(const std::filesystem::path& root, const std::string& elsewhere)
+    : file_(root / (".kelterm" + (elsewhere.empty() ? "" : "." + elsewhere) + ".lock")) {
   // A terminal that just ends removes the file: then the lock was on a file that nobody finds any more.
   while (descriptor_ < 0) {
     descriptor_ = open(file_.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, 0644);

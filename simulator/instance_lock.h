@@ -12,8 +12,9 @@ namespace simulator {
 
 class InstanceLock {
  public:
-  // Tries to take the lock of the storage. Whoever has it is then Other(), 0 when it is this process.
-  explicit InstanceLock(const std::filesystem::path& root);
+  // Tries to take the lock of the storage, or of a terminal elsewhere that is worked on with what the storage holds.
+  // Whoever has it is then Other(), 0 when it is this process.
+  explicit InstanceLock(const std::filesystem::path& root, const std::string& elsewhere = {});
   ~InstanceLock();
   InstanceLock(const InstanceLock&) = delete;
   InstanceLock& operator=(const InstanceLock&) = delete;

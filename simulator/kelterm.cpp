@@ -7,6 +7,7 @@
 #include "simulator/disk_sync.h"
 #include "simulator/folder_watch.h"
 #include "simulator/instance_lock.h"
+#include "simulator/network_device.h"
 #include "simulator/options.h"
 #include "simulator/script.h"
 #include "simulator/script_display.h"
@@ -71,11 +72,10 @@ struct Outcome {
 // What only people at a text display have.
 class ForPeople {
  public:
-  ForPeople(const Options& options, const std::filesystem::path& root, Storage& storage,
+  ForPeople(const Options& options, const std::filesystem::path& root, DeviceScreen screen, Storage& storage,
             const app::CKelConfigApp* const& running)
       : text_(
-            options.screenWidthPx, options.screenHeightPx,
-            [&running] { return running != nullptr && running->Inserts(); }, panel_) {
+            std::move(screen), [&running] { return running != nullptr && running->Inserts(); }, panel_) {
     const auto wake = [this] { text_.Wake(); };
     const std::string source = base::ToUtf8(options.commandLine);
     if (const auto kelconf = ProgramBeside("kelconf", "tools"); !kelconf.empty()) {
@@ -91,6 +91,7 @@ class ForPeople {
 
   std::string Start() { return problem_.empty() ? text_.Start() : problem_; }
   AuthorsDisplay& Display() { return *authors_; }
+  void Tell(WideString title, const std::string& text) { panel_.Open(std::move(title), text + "\n"); }
 
  private:
   TextPanel panel_;
@@ -137,10 +138,14 @@ int Run(const Options& options, Outcome& outcome) {
   problem = PlanAgent(options, plan);
   if (!problem.empty()) return Complain(kUnusable, problem);
 
+  std::unique_ptr<NetworkDevice> network;
+  if (!options.device.empty()) network = NetworkDevice::Connect(options, problem);
+  if (!problem.empty()) return Complain(kUnusable, problem);
+
   const auto root = options.root.empty() ? Demonstration(options.reset, problem) : options.root;
   if (!problem.empty()) return Complain(kUnusable, problem);
 
-  InstanceLock instance(root);
+  InstanceLock instance(root, network ? network->Place() : "");
   if (!instance.Problem().empty()) return Complain(kUnusable, instance.Problem());
   const app::CKelConfigApp* running = nullptr;
   Storage storage;
@@ -149,14 +154,16 @@ int Run(const Options& options, Outcome& outcome) {
   ScriptDisplay player(std::move(script), scriptName, effects, debug,
                        [](const std::string& printed) { std::cout << printed << std::flush; });
   std::optional<ForPeople> people;
-  if (options.HasTextDisplay()) people.emplace(options, root, storage, running);
+  DeviceScreen screen{options.screenWidthPx, options.screenHeightPx};
+  if (network) screen.name = base::FromUtf8(network->Name());
+  if (options.HasTextDisplay()) people.emplace(options, root, std::move(screen), storage, running);
   platform::host::Display& display = people ? static_cast<platform::host::Display&>(people->Display()) : player;
   const auto wait = [&display](int milliseconds) { display.Pause(std::chrono::milliseconds(milliseconds)); };
   const auto open = [&] {
     Storage fresh;
-    std::string refused = OpenStorage(root, fresh);
+    std::string refused = network ? OpenFiles(root, fresh) : OpenStorage(root, fresh);
     if (refused.empty()) storage = std::move(fresh);
-    if (refused.empty() && instance.Other() != 0) storage.device->ShareFile();
+    if (refused.empty() && instance.Other() != 0 && storage.device) storage.device->ShareFile();
     return refused;
   };
 
@@ -177,6 +184,14 @@ int Run(const Options& options, Outcome& outcome) {
   };
   Terminal::Parts parts{storage, instance, effects, debug, display};
   parts.deviceWait = wait;
+  // The person is told where the screen is, else in the end. Whoever only starts the utility again means no boot.
+  const auto restart = [&] {
+    if (people && people->Display().IsStartingAgain()) return;
+    std::string told = network->Restart();
+    if (people) people->Tell(u"Warm boot", told);
+    if (!people) outcome.remark = std::move(told);
+  };
+  if (network) parts.elsewhere = {[&network] { return network->Device(); }, network->Address(), restart};
   // What cannot be opened now changes once more, and stays as it was until then.
   if (options.watch) parts.beforeStartingAgain = open;
   Terminal terminal(std::move(parts), options.screenWidthPx, options.screenHeightPx, utility);

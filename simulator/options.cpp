@@ -60,6 +60,21 @@ std::string SetCredentials(Options& options, const std::string& text) {
   return text.empty() ? "--credentials takes a file" : "";
 }
 
+std::string SetDevice(Options& options, const std::string& text) {
+  options.device = text;
+  return text.empty() ? "--device takes snmp://[USER@]HOST[:PORT]" : "";
+}
+
+std::string SetRestartOid(Options& options, const std::string& text) {
+  options.restartOid = text;
+  return text.empty() ? "--restart-oid takes an OID" : "";
+}
+
+std::string SetTruthValues(Options& options, const std::string&) {
+  options.truthValues = true;
+  return {};
+}
+
 std::string SetReset(Options& options, const std::string&) {
   options.reset = true;
   return {};
@@ -94,7 +109,10 @@ const struct {
     {"reset", 0, no_argument, SetReset},
     {"watch", 0, no_argument, SetWatch},
     {"agent", 0, optional_argument, SetAgent},
+    {"device", 0, required_argument, SetDevice},
     {"credentials", 0, required_argument, SetCredentials},
+    {"restart-oid", 0, required_argument, SetRestartOid},
+    {"truth-values", 0, no_argument, SetTruthValues},
     {"version", 0, no_argument, SetVersion},
     {"help", 'h', no_argument, SetHelp},
 };
@@ -140,7 +158,15 @@ std::optional<Options> ParseOptions(int count, char* const* arguments, std::stri
   if (problem.empty() && options.watch && options.agent) {
     problem = "--agent cannot go with --watch: each start would take the device away from those who ask";
   }
-  if (problem.empty() && !options.credentials.empty() && !options.agent) problem = "--credentials goes with --agent";
+  if (problem.empty() && options.agent && !options.device.empty()) {
+    problem = "--agent answers for the storage's device, and cannot go with --device";
+  }
+  if (problem.empty() && !options.credentials.empty() && !options.agent && options.device.empty()) {
+    problem = "--credentials goes with --agent or --device";
+  }
+  if (problem.empty() && options.device.empty() && (!options.restartOid.empty() || options.truthValues)) {
+    problem = "--restart-oid and --truth-values go with --device";
+  }
   if (!problem.empty()) return std::nullopt;
   for (int i = optind; i < count; ++i) {
     if (i > optind) options.commandLine += u" ";

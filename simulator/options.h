@@ -19,7 +19,10 @@ struct Options {
   std::string script;                // empty: none; "-": standard input
   std::string log;                   // empty: none
   std::optional<std::string> agent;  // answers the network; the text: at this place, where there is one
-  std::string credentials;           // the file that says who may ask; empty: none
+  std::string device;                // in place of the storage's, on the network; empty: none
+  std::string credentials;           // the file that says who may ask, or as whom to ask; empty: none
+  std::string restartOid;            // what restarts the device on the network; empty: a person
+  bool truthValues = false;          // it has such in place of 1 and 0
   bool reset = false;
   bool watch = false;
   bool version = false;

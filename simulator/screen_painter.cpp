@@ -15,8 +15,6 @@ namespace host = platform::host;
 namespace style = platform::style;
 using platform::WindowHandle;
 
-constexpr WideStringView kDeviceName = u"Valtorix terminal";
-
 // Beside the device, where there is room.
 void PaintLegend(CellGrid& grid, int left, bool inserts) {
   if (left + kLegendColumns > grid.Columns()) return;
@@ -74,7 +72,7 @@ PaintedScreen PaintScreen(int columns, int rows, const DeviceScreen& device) {
   const CellRect frame{cells.left - 1, cells.top - 1, cells.right + 1, cells.bottom + 1};
   PaintedScreen whole{CellGrid(std::max(columns, frame.right), std::max(rows, frame.bottom)), std::nullopt, {}};
   whole.grid.Box(frame, CellStyle::kFrame, whole.grid.Whole());
-  PaintOnEdge(whole.grid, frame, frame.bottom - 1, kDeviceName);
+  PaintOnEdge(whole.grid, frame, frame.bottom - 1, device.name);
   bool isBottom = true;
   for (const WindowHandle window : host::TopLevelFromBottom()) {
     if (!platform::IsVisible(window)) continue;

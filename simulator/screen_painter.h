@@ -23,6 +23,7 @@ struct DeviceScreen {
   int widthPx = 240;
   int heightPx = 320;
   bool inserts = false;  // typing inserts, and does not overwrite
+  WideString name = u"Valtorix terminal";
 };
 
 // The device with its frame and what its screen shows now, on a terminal of so many cells. On the thread of the

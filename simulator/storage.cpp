@@ -22,15 +22,19 @@ std::string ReadRegistry(const std::filesystem::path& file, Storage& storage) {
 
 }  // namespace
 
-std::string OpenStorage(const std::filesystem::path& root, Storage& storage) {
+std::string OpenFiles(const std::filesystem::path& root, Storage& storage) {
   std::error_code error;
   if (!std::filesystem::is_directory(root, error)) return root.string() + ": no such folder";
   storage.root = root;
   if (auto problem = ReadRegistry(root / "registry.reg", storage); !problem.empty()) return problem;
+  return storage.tables.Read(root / "tables.txt");
+}
+
+std::string OpenStorage(const std::filesystem::path& root, Storage& storage) {
+  if (auto problem = OpenFiles(root, storage); !problem.empty()) return problem;
   auto opened = DeviceStore::Open(root / "device.txt");
   storage.device = std::move(opened.store);
-  if (!opened.problem.empty()) return opened.problem;
-  return storage.tables.Read(root / "tables.txt");
+  return opened.problem;
 }
 
 }  // namespace simulator

@@ -18,8 +18,11 @@ struct Storage {
   PropertyTables tables;
 };
 
-// Empty, or one line that names what cannot be used; then `storage` is not to be used either. Files that are missing
-// are empty ones.
+// The files that the utility works on, without a device. Empty, or one line that names what cannot be used.
+std::string OpenFiles(const std::filesystem::path& root, Storage& storage);
+
+// The same with the device. Empty, or one line that names what cannot be used; then `storage` is not to be used either.
+// Files that are missing are empty ones.
 std::string OpenStorage(const std::filesystem::path& root, Storage& storage);
 
 }  // namespace simulator

@@ -1,6 +1,7 @@
 #include "simulator/terminal.h"
 
 #include "platform/host/desktop.h"
+#include "simulator/logged_device.h"
 
 #include <algorithm>
 #include <utility>
@@ -49,6 +50,9 @@ class DeviceUntilReset : public platform::ISnmpConfig {
   ResultCode GetSpecial(const WideString& oid, const WideString& type, std::optional<WideString>& value) override {
     return resetting_ ? platform::kFailed : device_->GetSpecial(oid, type, value);
   }
+  void ReadAhead(const std::function<std::vector<platform::Setting>()>& settings) override {
+    if (!resetting_) device_->ReadAhead(settings);
+  }
 
  private:
   std::unique_ptr<ISnmpConfig> device_;
@@ -83,10 +87,8 @@ platform::host::Environment Terminal::MakeEnvironment(platform::host::Display& d
   platform::host::Environment environment;
   environment.root = parts_.storage.root;
   environment.registry = parts_.storage.registry;
-  environment.connectDevice = [this] {
-    return std::make_unique<DeviceUntilReset>(
-        MakeSimulatedDevice(*parts_.storage.device, parts_.effects, parts_.deviceWait), resetting_);
-  };
+  environment.connectDevice = [this] { return std::make_unique<DeviceUntilReset>(Connect(), resetting_); };
+  if (parts_.elsewhere) environment.hostName = environment.hostAddress = parts_.elsewhere->address;
   environment.tableValue = [this](const WideString& progId, const WideString& table, const WideString& key) {
     return AnswerTableValue(parts_.storage.tables, parts_.effects, progId, table, key);
   };
@@ -102,6 +104,11 @@ platform::host::Environment Terminal::MakeEnvironment(platform::host::Display& d
   return environment;
 }
 
+std::unique_ptr<platform::ISnmpConfig> Terminal::Connect() {
+  if (parts_.elsewhere) return MakeLoggedDevice(parts_.elsewhere->connect(), parts_.effects);
+  return MakeSimulatedDevice(*parts_.storage.device, parts_.effects, parts_.deviceWait);
+}
+
 void Terminal::Pulsed(WideStringView eventName) { parts_.effects.Add(PulseLine(eventName)); }
 
 void Terminal::Started(WideStringView program, WideStringView arguments, std::uint32_t result) {
@@ -111,6 +118,7 @@ void Terminal::Started(WideStringView program, WideStringView arguments, std::ui
 void Terminal::WarmReset() {
   resetting_ = true;
   parts_.effects.Add(WarmResetLine());
+  if (parts_.elsewhere) parts_.elsewhere->restart();
 }
 
 std::vector<WideString> VisibleTitles() {

@@ -12,6 +12,13 @@
 
 namespace simulator {
 
+// A device that is not in this terminal.
+struct DeviceElsewhere {
+  std::function<std::unique_ptr<platform::ISnmpConfig>()> connect;
+  std::string address;            // on the network
+  std::function<void()> restart;  // what a warm reset comes to
+};
+
 class Terminal : private platform::host::Observer {
  public:
   struct Parts {
@@ -22,6 +29,7 @@ class Terminal : private platform::host::Observer {
     platform::host::Display& display;
     std::function<void()> beforeStartingAgain = {};  // between two runs: nothing refers to the storage then
     DeviceWait deviceWait = {};
+    std::optional<DeviceElsewhere> elsewhere = {};  // in place of the storage's
   };
   // The program: takes its command line, runs to its end, answers its status.
   using Program = std::function<int(WideStringView commandLine)>;
@@ -36,6 +44,7 @@ class Terminal : private platform::host::Observer {
 
  private:
   platform::host::Environment MakeEnvironment(platform::host::Display& display);
+  std::unique_ptr<platform::ISnmpConfig> Connect();
 
   void Debug(WideStringView line) override { parts_.debug.Add(line); }
   void Pulsed(WideStringView eventName) override;

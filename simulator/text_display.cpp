@@ -19,8 +19,8 @@ bool AsksToDrawAnew(const KeyStroke& stroke) { return stroke.control && stroke.v
 
 }  // namespace
 
-TextDisplay::TextDisplay(int screenWidthPx, int screenHeightPx, std::function<bool()> inserts, TextPanel& panel)
-    : widthPx_(screenWidthPx), heightPx_(screenHeightPx), inserts_(std::move(inserts)), panel_(panel) {}
+TextDisplay::TextDisplay(DeviceScreen device, std::function<bool()> inserts, TextPanel& panel)
+    : device_(std::move(device)), inserts_(std::move(inserts)), panel_(panel) {}
 
 std::string TextDisplay::Start() {
   if (!wake_.IsOpen()) return "the text display cannot make a pipe";
@@ -35,11 +35,11 @@ void TextDisplay::Show() {
 }
 
 PaintedScreen TextDisplay::Paint(int columns, int rows) {
-  const DeviceScreen device{widthPx_, heightPx_, inserts_()};
-  if (!panel_.IsOpen() || IsTooSmall(columns, rows)) return PaintScreen(columns, rows, device);
+  device_.inserts = inserts_();
+  if (!panel_.IsOpen() || IsTooSmall(columns, rows)) return PaintScreen(columns, rows, device_);
   const int deviceRows = rows - panel_.Fit(columns, rows);
   PaintedScreen screen{CellGrid(columns, rows), std::nullopt, {}};
-  if (deviceRows > 0) screen.grid.Copy(PaintScreen(columns, deviceRows, device).grid, 0, 0);
+  if (deviceRows > 0) screen.grid.Copy(PaintScreen(columns, deviceRows, device_).grid, 0, 0);
   panel_.Paint(screen.grid);
   return screen;
 }

@@ -17,7 +17,7 @@ class TextDisplay : public platform::host::Display {
  public:
   // `inserts` says whether typing in the program's fields inserts now. While `panel` is open the device has the rows
   // above it.
-  TextDisplay(int screenWidthPx, int screenHeightPx, std::function<bool()> inserts, TextPanel& panel);
+  TextDisplay(DeviceScreen device, std::function<bool()> inserts, TextPanel& panel);
 
   // Takes the terminal over, until this goes. Empty, or why it cannot be used.
   std::string Start();
@@ -32,8 +32,7 @@ class TextDisplay : public platform::host::Display {
   void Show();
   PaintedScreen Paint(int columns, int rows);
 
-  const int widthPx_;
-  const int heightPx_;
+  DeviceScreen device_;
   const std::function<bool()> inserts_;
   TextPanel& panel_;
   WakePipe wake_;

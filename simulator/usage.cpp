@@ -18,7 +18,11 @@ Options:
   --reset              put the demonstration terminal back to its first state, then start
   --watch              start the utility again when a file of the storage changes, and go back to the same line
   --agent[=ADDR:PORT]  answer SNMP meanwhile, on the same values; default 127.0.0.1:1161, as kelagent does
-  --credentials FILE   who may ask the agent; only its owner may read it
+  --device snmp://[USER@]HOST[:PORT]
+                       work on a device on the network; the configuration is still that of --root
+  --credentials FILE   who may ask the agent, or as whom to ask the device; only its owner may read it
+  --restart-oid OID    what restarts the device on the network when it is set to 1; default: a person does
+  --truth-values       a Bool of the device on the network is 1 or 2 (TruthValue), not 1 or 0
   --version            the program's name and version
   -h, --help           this text
 
@@ -32,7 +36,7 @@ Environment:
   NO_COLOR             if set, no colours
   ESCDELAY             how many milliseconds Esc waits for the rest of another key; default 40, more for a slow line
   XDG_STATE_HOME       where the demonstration terminal lies; default: ~/.local/state
-  KEL_SNMP_COMMUNITY and others: who may ask the agent, as kelagent(1) says
+  KEL_SNMP_COMMUNITY and others: who may ask the agent, or as whom to ask, as kelagent(1) says
 
 Exit status:
   0    the utility ran to its end, or this terminal already runs and was rung
@@ -44,6 +48,7 @@ Examples:
   kelterm --root my-terminal
   kelterm --watch --root my-terminal
   KEL_SNMP_COMMUNITY=look kelterm --agent
+  kelterm --device snmp://admin@10.0.0.5 --root my-terminal
   kelterm --screen 160x160 '\Windows\ovu.xml'
   printf 'wait\nkey 1\ndump\n' | kelterm --script -
 )";

@@ -14,6 +14,12 @@ const std::pair<int, Command> kCommands[] = {
     {SNMP_MSG_SET, Command::kSet},
 };
 
+std::string Dotted(const oid* numbers, std::size_t count) {
+  std::string text;
+  for (std::size_t i = 0; i < count; ++i) text.append(i == 0 ? "" : ".").append(std::to_string(numbers[i]));
+  return text;
+}
+
 Value ValueOf(const netsnmp_variable_list& from) {
   Value value{static_cast<ValueType>(from.type), 0, {}};
   switch (value.type) {
@@ -26,9 +32,29 @@ Value ValueOf(const netsnmp_variable_list& from) {
     case ValueType::kIpAddress:
       if (from.val_len > 0) value.bytes.assign(reinterpret_cast<const char*>(from.val.string), from.val_len);
       break;
+    case ValueType::kObjectId:
+      if (from.val_len > 0) value.bytes = Dotted(from.val.objid, from.val_len / sizeof(oid));
+      break;
+    case ValueType::kCounter64: {
+      const auto bits = std::uint64_t{from.val.counter64->high} << 32 | (from.val.counter64->low & 0xFFFF'FFFFu);
+      value.number = static_cast<std::int64_t>(bits);
+      break;
+    }
     default: break;
   }
   return value;
+}
+
+std::vector<Variable> VariablesOf(const netsnmp_pdu& pdu) {
+  std::vector<Variable> variables;
+  for (const netsnmp_variable_list* from = pdu.variables; from != nullptr; from = from->next_variable) {
+    Variable& variable = variables.emplace_back();
+    for (std::size_t i = 0; i < from->name_length; ++i) {
+      variable.oid.push_back(static_cast<std::uint32_t>(from->name[i]));
+    }
+    variable.value = ValueOf(*from);
+  }
+  return variables;
 }
 
 // Adds behind `last`, which is null at first, and returns what is last then; null: there is no memory.
@@ -59,21 +85,22 @@ std::size_t RoomOf(long messageSize) {
   return static_cast<std::size_t>(std::clamp(messageSize - kHeaders, 0L, static_cast<long>(kMostRoom)));
 }
 
+bool AppendAll(const std::vector<Variable>& variables, netsnmp_pdu& pdu) {
+  netsnmp_variable_list* last = nullptr;
+  return std::all_of(variables.begin(), variables.end(), [&](const Variable& variable) {
+    last = Append(variable, pdu, last);
+    return last != nullptr;
+  });
+}
+
 }  // namespace
 
 std::optional<Request> RequestOf(const netsnmp_pdu& pdu) {
   const auto* const known = std::find_if(std::begin(kCommands), std::end(kCommands),
                                          [&pdu](const auto& command) { return command.first == pdu.command; });
   if (known == std::end(kCommands)) return std::nullopt;
-  Request request{known->second, pdu.non_repeaters, pdu.max_repetitions, {}};
+  Request request{known->second, pdu.non_repeaters, pdu.max_repetitions, VariablesOf(pdu)};
   if (pdu.version == SNMP_VERSION_3) request.room = RoomOf(pdu.msgMaxSize);
-  for (const netsnmp_variable_list* from = pdu.variables; from != nullptr; from = from->next_variable) {
-    Variable& variable = request.variables.emplace_back();
-    for (std::size_t i = 0; i < from->name_length; ++i) {
-      variable.oid.push_back(static_cast<std::uint32_t>(from->name[i]));
-    }
-    variable.value = ValueOf(*from);
-  }
   return request;
 }
 
@@ -84,11 +111,20 @@ void MakeResponse(const Response& response, netsnmp_pdu& copy) {
   copy.errindex = static_cast<long>(response.index);
   if (givesBack && response.status != ErrorStatus::kTooBig) return;
   snmp_free_varbind(std::exchange(copy.variables, nullptr));
-  netsnmp_variable_list* last = nullptr;
-  for (const Variable& variable : response.variables) {
-    last = Append(variable, copy, last);
-    if (last == nullptr) return;
-  }
+  AppendAll(response.variables, copy);
+}
+
+OwnPdu PduOf(const Request& request) {
+  const auto* const known = std::find_if(std::begin(kCommands), std::end(kCommands),
+                                         [&request](const auto& command) { return command.second == request.command; });
+  OwnPdu pdu(snmp_pdu_create(known->first));
+  if (pdu && !AppendAll(request.variables, *pdu)) pdu.reset();
+  return pdu;
+}
+
+Response ResponseOf(const netsnmp_pdu& pdu) {
+  const std::size_t index = pdu.errindex < 0 ? 0 : static_cast<std::size_t>(pdu.errindex);
+  return {static_cast<ErrorStatus>(pdu.errstat), index, VariablesOf(pdu)};
 }
 
 }  // namespace snmp

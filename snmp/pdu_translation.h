@@ -17,10 +17,19 @@ struct FreePdu {
 };
 using OwnPdu = std::unique_ptr<netsnmp_pdu, FreePdu>;
 
+// --- of an agent ---
+
 // Nothing when it is no request that an agent answers.
 std::optional<Request> RequestOf(const netsnmp_pdu& pdu);
 
 // Makes of a copy of the request what is sent back to where it came from.
 void MakeResponse(const Response& response, netsnmp_pdu& copy);
+
+// --- of a manager ---
+
+// Null when there is no memory.
+OwnPdu PduOf(const Request& request);
+
+Response ResponseOf(const netsnmp_pdu& pdu);
 
 }  // namespace snmp

@@ -7,7 +7,7 @@
 namespace snmp {
 
 inline constexpr platform::ResultCode kInvalidArgument = static_cast<platform::ResultCode>(0x80070057);
-inline constexpr platform::ResultCode kTimedOut = static_cast<platform::ResultCode>(0x800705B4);
+using platform::kTimedOut;
 inline constexpr platform::ResultCode kLogonFailure = static_cast<platform::ResultCode>(0x8007052E);
 
 // What an agent says of a Set that its device refused with a failing code.

@@ -120,8 +120,10 @@ void PropertyDescriptor::InitValue() {
   const WideString type = GetType();
 
   std::optional<WideString> text;
+  missed_ = false;
   try {
     const platform::ResultCode result = device_.Get(oid, type, text);
+    missed_ = result == platform::kTimedOut;
     if (result != platform::kOk) {
       platform::DebugOutput(base::Format(u"**FAILED PropertyDescriptor::InitValue SnmpGet %s %s\r\n", oid, type));
       text.reset();

@@ -51,6 +51,8 @@ class PropertyDescriptor {
   void SetReadOnly(bool readOnly) { readOnly_ = readOnly; }
   // False while the value could not be read. Any value that the device gives or takes makes it available.
   bool IsAvailable() const { return available_; }
+  // Not available only because the device did not answer in time: another try may help.
+  bool IsMissed() const { return !available_ && missed_; }
 
   const AttributeMap& Attributes() const { return attributes_; }
   WideString Resolve(TextId name) const { return ResolveAttribute(attributes_, name); }
@@ -139,6 +141,7 @@ class PropertyDescriptor {
   std::shared_ptr<const FieldWidthList> layout_;  // shared by the lines of one command
   bool readOnly_ = false;
   bool available_ = true;
+  bool missed_ = false;
 };
 
 // The OID as the device knows it: that of a property with the active profile in its place.

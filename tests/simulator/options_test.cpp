@@ -46,6 +46,13 @@ TEST(Options, EveryOptionIsTaken) {
   EXPECT_TRUE(Parse({"--version"}, problem)->version);
   EXPECT_TRUE(Parse({"--help"}, problem)->help);
   EXPECT_TRUE(Parse({"-h"}, problem)->help);
+  const auto network =
+      Parse({"--device", "snmp://h", "--credentials", "words", "--restart-oid", "1.3", "--truth-values"}, problem);
+  ASSERT_TRUE(network) << problem;
+  EXPECT_EQ("snmp://h", network->device);
+  EXPECT_EQ("words", network->credentials);
+  EXPECT_EQ("1.3", network->restartOid);
+  EXPECT_TRUE(network->truthValues);
 }
 
 TEST(Options, UnusableArgumentsAreOneLine) {
@@ -68,7 +75,13 @@ TEST(Options, UnusableArgumentsAreOneLine) {
       {{"--display", "colour"}, "--display is text or none"},
       {{"--agent", "--watch"},
        "--agent cannot go with --watch: each start would take the device away from those who ask"},
-      {{"--credentials", "words"}, "--credentials goes with --agent"},
+      {{"--credentials", "words"}, "--credentials goes with --agent or --device"},
+      {{"--device"}, "--device needs an argument; see kelterm --help"},
+      {{"--device", ""}, "--device takes snmp://[USER@]HOST[:PORT]"},
+      {{"--device", "snmp://h", "--restart-oid", ""}, "--restart-oid takes an OID"},
+      {{"--agent", "--device", "snmp://h"}, "--agent answers for the storage's device, and cannot go with --device"},
+      {{"--restart-oid", "1.3"}, "--restart-oid and --truth-values go with --device"},
+      {{"--truth-values"}, "--restart-oid and --truth-values go with --device"},
       {{"--agent", "--credentials", ""}, "--credentials takes a file"},
       {{"--reset", "--root", "x"}, "--reset is for the demonstration terminal and cannot go with --root"},
   };

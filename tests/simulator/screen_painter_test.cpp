@@ -42,7 +42,7 @@ class ScreenPainter : public ::testing::Test {
     dialog.controls = controls;
     std::string text;
     display.Then([&] {
-      painted = simulator::PaintScreen(columns_, rows_, {.inserts = inserts});
+      painted = simulator::PaintScreen(columns_, rows_, {.inserts = inserts, .name = name});
       for (int columns = -1; columns < 90; columns += 7) {
         for (int rows = -1; rows < 30; rows += 5) simulator::PaintScreen(columns, rows, {});
       }
@@ -60,6 +60,7 @@ class ScreenPainter : public ::testing::Test {
 
   std::optional<simulator::PaintedScreen> painted;
   bool inserts = false;
+  WideString name = u"A terminal";
 
  private:
   int columns_ = 80;
@@ -99,6 +100,7 @@ TEST_F(ScreenPainter, AMenuIsShownLineByLineWithItsTitleCentred) {
   EXPECT_NE(std::string::npos, text.find("2  Wireless"));
   EXPECT_NE(std::string::npos, text.find("Exit [Esc]          Select [Enter]"));
   EXPECT_NE(std::string::npos, text.find("Keypad"));
+  EXPECT_NE(std::string::npos, text.find("─ A terminal ─"));
   bool inverse = false;
   for (int row = 0; row < 24; ++row) {
     for (int column = 0; column < 80; ++column) {

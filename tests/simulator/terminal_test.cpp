@@ -120,6 +120,53 @@ TEST(Terminal, AScriptDrivesTheProgramAndSeesWhatLeavesIt) {
   EXPECT_FALSE(root.Has(".kelterm.lock"));
 }
 
+// A device that has one answer for all.
+class OtherDevice final : public platform::ISnmpConfig {
+ public:
+  platform::ResultCode Set(const WideString&, const WideString&, const WideString&) override { return platform::kOk; }
+  platform::ResultCode Get(const WideString&, const WideString&, std::optional<WideString>& value) override {
+    value = u"elsewhere";
+    return platform::kOk;
+  }
+  platform::ResultCode SetSpecial(const WideString& oid, const WideString& type, const WideString& value) override {
+    return Set(oid, type, value);
+  }
+  platform::ResultCode GetSpecial(const WideString& oid, const WideString& type,
+                                  std::optional<WideString>& value) override {
+    return Get(oid, type, value);
+  }
+};
+
+TEST(Terminal, WorksOnADeviceElsewhere) {
+  const tests::TemporaryRoot root;
+  root.Write("device.txt", "a line that is none");
+  LineLog effects;
+  DebugLog debug(true);
+  SmallProgram program;
+  std::string printed;
+  ScriptDisplay display(ParseScript("wait\npress 10\neffects\npress 11\nwait\nkey Esc\n"), "test.script", effects,
+                        debug, [&printed](const std::string& text) { printed += text; });
+  Storage storage;
+  EXPECT_EQ("", OpenFiles(root.Path(), storage));
+  EXPECT_EQ(nullptr, storage.device);
+  const InstanceLock ofTheStorage(root.Path());
+  InstanceLock instance(root.Path(), "10.0.0.5:161");
+  EXPECT_EQ(0, instance.Other());
+  EXPECT_TRUE(root.Has(".kelterm.10.0.0.5:161.lock"));
+  int restarts = 0;
+  std::vector<std::string> addresses;
+  Terminal::Parts parts{storage, instance, effects, debug, display};
+  parts.elsewhere = {[] { return std::make_unique<OtherDevice>(); }, "10.0.0.5", [&restarts] { ++restarts; }};
+  Terminal terminal(std::move(parts), 240, 320, [&](WideStringView commandLine) {
+    addresses.push_back(platform::host::CurrentEnvironment().hostAddress);
+    return program.Run(commandLine);
+  });
+  EXPECT_EQ(0, terminal.Run(u""));
+  EXPECT_TRUE(printed.starts_with("get 1.2 \"Integer\" -> \"elsewhere\"\n")) << printed;
+  EXPECT_EQ(1, restarts);
+  EXPECT_EQ((std::vector<std::string>{"10.0.0.5", "10.0.0.5"}), addresses);
+}
+
 TEST(Terminal, AtTheScriptsEndTheProgramIsAskedToQuit) {
   const tests::TemporaryRoot root;
   const Result result = Play(root, "wait\n");
