@@ -119,6 +119,7 @@ std::string ServeNetwork(DeviceStore& store, const std::filesystem::path& root, 
   std::string problem;
   auto agent = snmp::Agent::Open(store, plan, problem);
   if (!agent) return problem;
+  for (const std::string& remark : agent->Remarks()) std::cerr << "kelterm: " << remark << '\n';
   std::cerr << "kelterm: " << root.string() << " answers at " << ToText(agent->Where()) << std::endl;
   serving.emplace(std::move(agent));
   return {};

@@ -1,5 +1,7 @@
 #include "snmp/agent.h"
 
+#include "base/utf8.h"
+
 #include <optional>
 
 namespace snmp {
@@ -24,6 +26,14 @@ std::unique_ptr<Agent> Agent::Open(simulator::DeviceStore& store, const AgentPla
   agent->responder_ = OpenResponder(plan.endpoint, plan.credentials, engine, agent->handler_, problem);
   if (agent->responder_ == nullptr) return nullptr;
   return agent;
+}
+
+std::vector<std::string> Agent::Remarks() const {
+  std::vector<std::string> remarks;
+  for (const WideString& oid : mib_.Unserved()) {
+    remarks.push_back("device.txt: " + base::ToUtf8(oid) + " is no OID that SNMP can name: it is not served");
+  }
+  return remarks;
 }
 
 }  // namespace snmp

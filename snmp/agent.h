@@ -18,8 +18,8 @@ class Agent {
   static std::unique_ptr<Agent> Open(simulator::DeviceStore& store, const AgentPlan& plan, std::string& problem);
 
   Endpoint Where() const { return responder_->Where(); }
-  // OIDs of the store that no message can name.
-  const std::vector<WideString>& Unserved() const { return mib_.Unserved(); }
+  // What whoever starts it should know: a line for each OID of the store that no message can name.
+  std::vector<std::string> Remarks() const;
 
   // As a responder's. Whoever else has the store may use it meanwhile.
   void Serve(int stop = -1) { responder_->Serve(stop); }

@@ -1,6 +1,5 @@
 // kelagent: a simulated terminal's device as an agent on the network.
 #include "base/string_table.h"
-#include "base/utf8.h"
 #include "simulator/demonstration.h"
 #include "simulator/disk_sync.h"
 #include "simulator/ending_signals.h"
@@ -33,12 +32,6 @@ std::filesystem::path Demonstration(std::string& problem) {
   return root;
 }
 
-void TellUnserved(const std::vector<WideString>& oids) {
-  for (const WideString& oid : oids) {
-    std::cerr << "kelagent: device.txt: " << base::ToUtf8(oid) << " is no OID that SNMP can name: it is not served\n";
-  }
-}
-
 int Serve(const std::filesystem::path& root, const snmp::AgentPlan& plan) {
   simulator::InstanceLock instance(root);
   if (!instance.Problem().empty()) return Complain(instance.Problem());
@@ -55,7 +48,7 @@ int Serve(const std::filesystem::path& root, const snmp::AgentPlan& plan) {
   std::string problem;
   const auto agent = snmp::Agent::Open(*opened.store, plan, problem);
   if (!agent) return Complain(problem);
-  TellUnserved(agent->Unserved());
+  for (const std::string& remark : agent->Remarks()) std::cerr << "kelagent: " << remark << '\n';
   std::cout << "kelagent: " << root.string() << " answers at " << ToText(agent->Where()) << std::endl;
   agent->Serve(signals.Descriptor());
   return kFine;
