@@ -208,17 +208,26 @@ std::vector<Reading> Inquiry::Get(const std::vector<Wanted>& wanted) {
 }
 
 platform::ResultCode Inquiry::Set(const Variable& variable, Again again) {
+  if (again == Again::kNever) return Act(variable);
   if (IsLeftAlone()) return kTimedOut;
-  const auto patience = again == Again::kNever ? kPatienceForAct : kPatienceForSet;
-  for (int left = again == Again::kNever ? 1 : 2; left > 0; --left) {
-    const platform::ResultCode code = SetOnce(variable, patience);
+  for (int left = 2; left > 0; --left) {
+    const platform::ResultCode code = SetOnce(variable, kPatienceForSet);
     if (code != kTimedOut) return code;
     // Either the request was lost or the answer.
     const Reading now = Get({{variable.oid}}).front();
-    if (now.code == platform::kOk && now.value == variable.value) return platform::kOk;
+    if (now.Is(variable.value)) return platform::kOk;
     if (now.code == kTimedOut) return kTimedOut;
   }
   return kTimedOut;
+}
+
+// The value that is there now says that it was done only if it was not there before.
+platform::ResultCode Inquiry::Act(const Variable& variable) {
+  const Reading before = Get({{variable.oid}}).front();
+  if (before.code == kTimedOut) return kTimedOut;
+  const platform::ResultCode code = SetOnce(variable, kPatienceForAct);
+  if (code != kTimedOut || before.Is(variable.value)) return code;
+  return Get({{variable.oid}}).front().Is(variable.value) ? platform::kOk : kTimedOut;
 }
 
 platform::ResultCode Inquiry::SetOnce(const Variable& variable, Clock::duration patience) {

@@ -18,6 +18,8 @@ struct Wanted {
 struct Reading {
   platform::ResultCode code = kTimedOut;
   Value value;  // of kOk; also what is no value, such as kNoSuchObject
+
+  bool Is(const Value& other) const { return code == platform::kOk && value == other; }
 };
 
 // Whether a Set of which nothing is heard may be done a second time.
@@ -32,7 +34,7 @@ class Inquiry {
   // four times. A device that answers none of them is left alone for five seconds, in which all fails at once.
   std::vector<Reading> Get(const std::vector<Wanted>& wanted);
 
-  // Sent once. Where nothing is heard, what the device has now says whether it was done.
+  // Where nothing is heard, what the device has then says whether it was done. kTimedOut: nobody knows, or it was not.
   platform::ResultCode Set(const Variable& variable, Again again);
 
   // Why the device does not even read what is asked, since it last answered; kResponse: it does.
@@ -44,6 +46,7 @@ class Inquiry {
   bool IsLeftAlone();
   void LeaveAlone();
   void Heard(const Session::Arrival& arrival);
+  platform::ResultCode Act(const Variable& variable);
   platform::ResultCode SetOnce(const Variable& variable, Session::Clock::duration patience);
 
   Session& session_;

@@ -373,6 +373,23 @@ TEST_F(SetTest, ThatActsIsNeverSentAgain) {
   EXPECT_EQ(0, done);
 }
 
+TEST_F(SetTest, ThatActsIsNotTakenForDoneByAValueThatWasThereBefore) {
+  for (const Fate fate : {Fate::kLost, Fate::kAnswerLost}) {
+    stored = ValueNumber(5);
+    done = 0;
+    Meet({fate});
+    EXPECT_EQ(snmp::kTimedOut, Set(snmp::Again::kNever));
+    EXPECT_EQ(fate == Fate::kLost ? 0 : 1, done);
+  }
+}
+
+TEST_F(SetTest, ThatActsIsNotSentToADeviceThatIsGone) {
+  LoseFirst(1000);
+  EXPECT_EQ(snmp::kTimedOut, Set(snmp::Again::kNever));
+  EXPECT_EQ(0, std::count_if(session.sent.begin(), session.sent.end(),
+                             [](const Request& request) { return request.command == snmp::Command::kSet; }));
+}
+
 TEST_F(SetTest, ThatTheDeviceRefusesFailsAsItSays) {
   session.device = [](const Request&) { return std::vector<Later>{{10ms, Failed(ErrorStatus::kWrongValue, 1)}}; };
   EXPECT_EQ(snmp::kInvalidArgument, Set(snmp::Again::kOnce));
@@ -392,7 +409,7 @@ TEST_F(SetTest, IsNotTakenForAnsweredByWhatComesForAnotherRequest) {
     return std::vector<Later>{{300ms, Answered(request)}, {900ms, Answered(request)}};
   };
   inquiry.Get(Numbers(1));
-  EXPECT_EQ(platform::kOk, Set(snmp::Again::kNever));  // the setting has the value
+  EXPECT_EQ(platform::kOk, Set(snmp::Again::kOnce));  // the setting has the value
   const auto before = session.Elapsed();
   EXPECT_EQ(snmp::kTimedOut, inquiry.Set({OidNumber(5), ValueNumber(6)}, snmp::Again::kNever));
   EXPECT_GT(session.Elapsed(), before + 5s);

@@ -223,16 +223,16 @@ class OverABadNetwork(Device):
             '<GROUP name="CONFIGAPP"><GROUP name="a"><DisplayName>Menu</DisplayName><GROUP name="b">'
             "<DisplayName>Apply</DisplayName><Function>ApplyNetworkSettings</Function></GROUP></GROUP></GROUP>")
         self.serve()
-        keys = 8
-        relay = self.relay(loss=0.2, twice=0.2, jitter=0.05, seed=4)
-        status, printed, _ = self.play("wait\nkey 1\n" + "key 1\n" * keys + "effects\n",
+        relay = self.relay(loss=0.2, jitter=0.05, seed=4)
+        # Enter chooses the command, or closes what the one before has to say.
+        status, printed, _ = self.play("wait\nkey 1\n" + "key Enter\n" * 16 + "effects\n",
                                        device=f"snmp://admin@127.0.0.1:{relay.port}")
         self.assertEqual(status, 0)
         self.assertGreater(relay.lost, 5)
-        self.assertEqual(printed.count(f"set {acts} "), keys)
+        asked = re.findall(rf'set {re.escape(acts)} "Integer" "5677765" -> (0x\w+)', printed)
         done = self.read().count(f"{acts}\tInteger\t5677765\n")
-        self.assertLessEqual(done, keys)
-        self.assertGreaterEqual(done, printed.count(f'set {acts} "Integer" "5677765" -> 0x00000000'))
+        self.assertLessEqual(done, len(asked))
+        self.assertGreaterEqual(done, asked.count("0x00000000"))
         self.assertGreater(done, 0)
 
 
