@@ -5,6 +5,7 @@
 #include "snmp/pdu_translation.h"
 
 #include <net-snmp/library/lcd_time.h>
+#include <net-snmp/library/snmp_secmod.h>
 
 #include <netdb.h>
 #include <poll.h>
@@ -36,6 +37,15 @@ ArrivalKind KindOfReport(int type) {
     case SNMPERR_UNKNOWN_ENG_ID: return ArrivalKind::kOtherEngine;
     default: return ArrivalKind::kOtherReport;
   }
+}
+
+// Asks who is there, which else the library would do with the first request, and in that one's time.
+bool LearnEngine(void* handle, netsnmp_session& session) {
+  const snmp_secmod_def* const usm = find_sec_mod(SNMP_SEC_MODEL_USM);
+  auto* const sessions = static_cast<session_list*>(handle);
+  if (usm == nullptr || usm->probe_engineid == nullptr || usm->post_probe_engineid == nullptr) return false;
+  usm->probe_engineid(sessions, &session);
+  return session.securityEngineIDLen != 0 && usm->post_probe_engineid(sessions, &session) == SNMPERR_SUCCESS;
 }
 
 class NetSession final : public Session {
@@ -89,8 +99,12 @@ bool NetSession::Open() {
   }
   handle_ = snmp_sess_open(&session);
   if (handle_ == nullptr) return false;
-  // Whoever asks knows when to ask again.
   netsnmp_session* const opened = snmp_sess_session(handle_);
+  if (login_.user && !LearnEngine(handle_, *opened)) {
+    Close();
+    return false;
+  }
+  // Whoever asks knows when to ask again.
   opened->retries = 0;
   opened->timeout = kOldestAnswerUs;
   return true;
