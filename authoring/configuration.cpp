@@ -3,6 +3,7 @@
 #include "base/string_table.h"
 #include "base/utf8.h"
 #include "platform/host/root_path.h"
+#include "platform/host/utf8_path.h"
 
 #include <algorithm>
 #include <fstream>
@@ -63,7 +64,7 @@ bool IsOther(const fs::path& file, const fs::path& taken) {
 std::string MendOf(const std::string& file) {
   constexpr std::size_t kEnough = 64;
   std::string start(kEnough, ' ');
-  std::ifstream stream(file, std::ios::binary);
+  std::ifstream stream(platform::host::PathOf(file), std::ios::binary);
   stream.read(start.data(), static_cast<std::streamsize>(start.size()));
   start.resize(static_cast<std::size_t>(stream.gcount()));
   if (start.find('\0') != std::string::npos || start.starts_with("\xFF\xFE") || start.starts_with("\xFE\xFF")) {

@@ -2,10 +2,10 @@
 #include "authoring/finding_formats.h"
 #include "authoring/json_text.h"
 #include "base/utf8.h"
+#include "platform/host/utf8_path.h"
 
 #include <cctype>
 #include <cstdio>
-#include <filesystem>
 
 namespace authoring {
 namespace {
@@ -14,8 +14,17 @@ using Json = nlohmann::ordered_json;
 
 // A relative reference, or a file address: what may not stand in one is written as its bytes.
 std::string UriOf(const std::string& file) {
-  const std::string path = std::filesystem::path(file).lexically_normal().generic_string();
-  std::string uri = path.starts_with('/') ? "file://" : "";
+  const std::filesystem::path normal = platform::host::PathOf(file).lexically_normal();
+  std::string path = normal.generic_string();
+  std::string uri;
+  if (path.starts_with("//")) {
+    uri = "file:";  // the name of a computer follows
+  } else if (path.starts_with('/')) {
+    uri = "file://";
+  } else if (const std::string drive = normal.root_name().string(); !drive.empty()) {
+    uri = "file:///" + drive;
+    path.erase(0, drive.size());
+  }
   for (const char character : path) {
     const auto byte = static_cast<unsigned char>(character);
     if (std::isalnum(byte) != 0 || std::string_view("/._-~").find(character) != std::string_view::npos) {

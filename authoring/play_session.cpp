@@ -71,9 +71,9 @@ class PlaySession::Impl final : private host::Display {
 
   void Run() {
     {
-      simulator::InstanceLock instance(terms_.root);
+      simulator::NoOtherTerminals nobody;
       simulator::DebugLog debug(false);
-      simulator::Terminal terminal({storage_, instance, effects_, debug, *this}, terms_.widthPx, terms_.heightPx,
+      simulator::Terminal terminal({storage_, nobody, effects_, debug, *this}, terms_.widthPx, terms_.heightPx,
                                    [this](WideStringView commandLine) {
                                      FixSurroundings(host::CurrentEnvironment());
                                      const auto watcher = [this](const app::CKelConfigApp* running) {

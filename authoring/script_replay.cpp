@@ -34,12 +34,12 @@ Replay PlayScript(const PlayTerms& terms, const std::string& script, const std::
   simulator::Storage storage;
   replay.problem = simulator::OpenStorage(terms.root, storage);
   if (!replay.problem.empty()) return replay;
-  simulator::InstanceLock instance(terms.root);
+  simulator::NoOtherTerminals nobody;
   simulator::LineLog effects(true);
   simulator::DebugLog debug(true);
   simulator::ScriptDisplay display(std::move(parsed), name, effects, debug,
                                    [&replay](const std::string& text) { replay.printed += text; });
-  simulator::Terminal terminal({storage, instance, effects, debug, display}, terms.widthPx, terms.heightPx,
+  simulator::Terminal terminal({storage, nobody, effects, debug, display}, terms.widthPx, terms.heightPx,
                                [](WideStringView commandLine) {
                                  FixSurroundings(platform::host::CurrentEnvironment());
                                  app::RunUtility(commandLine);

@@ -35,6 +35,17 @@ void ReplaceProgram(const fs::path& file) {
   fs::permissions(file, permissions, error);
 }
 
+// Where a file that may not be written may not be removed either.
+void RemoveAll(const fs::path& folder) {
+  std::error_code error;
+  fs::remove_all(folder, error);
+  if (!error) return;
+  for (fs::recursive_directory_iterator at(folder, error), end; at != end && !error; at.increment(error)) {
+    fs::permissions(at->path(), fs::perms::owner_write, fs::perm_options::add, error);
+  }
+  fs::remove_all(folder, error);
+}
+
 fs::path MakeFolder() {
   std::random_device random;
   std::error_code error;
@@ -55,8 +66,7 @@ StorageCopy::StorageCopy(const Configuration& configuration) : folder_(MakeFolde
 }
 
 StorageCopy::~StorageCopy() {
-  std::error_code error;
-  if (!folder_.empty()) fs::remove_all(folder_, error);
+  if (!folder_.empty()) RemoveAll(folder_);
 }
 
 std::string StorageCopy::CopyAll(const Configuration& configuration) const {
@@ -88,7 +98,7 @@ std::string StorageCopy::CopyAll(const Configuration& configuration) const {
 fs::path StorageCopy::Fresh() const {
   const fs::path played = folder_ / "played";
   std::error_code error;
-  fs::remove_all(played, error);
+  RemoveAll(played);
   fs::copy(original_, played, fs::copy_options::recursive, error);
   return error ? fs::path() : played;
 }

@@ -16,6 +16,24 @@ function(kel_alone)
   set_source_files_properties(${ARGN} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
 endfunction()
 
+# kel_find_headers(PACKAGE FOLDER): a library that is headers alone, below FOLDER of the include path, as PACKAGE::PACKAGE.
+# Where the compiler is another system's it sees those of this one, and nothing else that lies beside them.
+function(kel_find_headers package folder)
+  if(NOT CMAKE_CROSSCOMPILING)
+    find_package(${package} REQUIRED)
+    return()
+  endif()
+  if(TARGET ${package}::${package})
+    return()
+  endif()
+  find_path(${package}_DIR_OF_HEADERS ${folder} PATHS /usr/include NO_CMAKE_FIND_ROOT_PATH REQUIRED)
+  set(headers ${PROJECT_BINARY_DIR}/headers/${package})
+  file(MAKE_DIRECTORY ${headers})
+  file(CREATE_LINK ${${package}_DIR_OF_HEADERS}/${folder} ${headers}/${folder} SYMBOLIC)
+  add_library(${package}::${package} INTERFACE IMPORTED GLOBAL)
+  target_include_directories(${package}::${package} SYSTEM INTERFACE ${headers})
+endfunction()
+
 # kel_floor(NAME SOURCES... [BELOW TARGETS...]): one folder of the product as a static library. What it links is what it
 # may include.
 function(kel_floor name)

@@ -2,7 +2,7 @@
 // windows, so that the next one sees them as those of another program.
 #pragma once
 
-#include "base/wide_string.h"
+#include "simulator/other_terminals.h"
 
 #include <filesystem>
 #include <string>
@@ -10,12 +10,12 @@
 
 namespace simulator {
 
-class InstanceLock {
+class InstanceLock final : public OtherTerminals {
  public:
   // Tries to take the lock of the storage, or of a terminal elsewhere that is worked on with what the storage holds.
   // Whoever has it is then Other(), 0 when it is this process.
   explicit InstanceLock(const std::filesystem::path& root, const std::string& elsewhere = {});
-  ~InstanceLock();
+  ~InstanceLock() override;
   InstanceLock(const InstanceLock&) = delete;
   InstanceLock& operator=(const InstanceLock&) = delete;
 
@@ -23,12 +23,11 @@ class InstanceLock {
   const std::string& Problem() const { return problem_; }
 
   int Other() const { return other_; }
-  std::vector<WideString> OtherTitles() const;
+  std::vector<WideString> OtherTitles() const override;
   // Sends the other terminal kBringForwardSignal.
-  void BringOtherForward() const;
+  void BringOtherForward() const override;
 
-  // The titles of this terminal's windows, the topmost first. Cheap while they stay the same.
-  void Publish(const std::vector<WideString>& titles);
+  void Publish(const std::vector<WideString>& titles) override;
 
  private:
   bool IsStillTheFile() const;

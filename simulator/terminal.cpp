@@ -15,11 +15,10 @@ using platform::host::KeyStroke;
 // Lets other terminals on the storage know the windows that the user sees now.
 class PublishingDisplay : public platform::host::Display {
  public:
-  PublishingDisplay(platform::host::Display& display, InstanceLock& instance)
-      : display_(display), instance_(instance) {}
+  PublishingDisplay(platform::host::Display& display, OtherTerminals& others) : display_(display), others_(others) {}
 
   std::optional<KeyStroke> NextKey() override {
-    instance_.Publish(VisibleTitles());
+    others_.Publish(VisibleTitles());
     return display_.NextKey();
   }
   void Wake() override { display_.Wake(); }
@@ -29,7 +28,7 @@ class PublishingDisplay : public platform::host::Display {
 
  private:
   platform::host::Display& display_;
-  InstanceLock& instance_;
+  OtherTerminals& others_;
 };
 
 // Nothing that the program still does while it is being reset reaches the device.
@@ -69,7 +68,7 @@ Terminal::Terminal(Parts parts, int screenWidthPx, int screenHeightPx, Program p
 
 int Terminal::Run(WideStringView commandLine) {
   int status = 0;
-  PublishingDisplay display(parts_.display, parts_.instance);
+  PublishingDisplay display(parts_.display, parts_.others);
   for (;;) {
     resetting_ = false;
     {
@@ -96,10 +95,10 @@ platform::host::Environment Terminal::MakeEnvironment(platform::host::Display& d
   environment.display = &display;
   environment.screenWidthPx = screenWidthPx_;
   environment.screenHeightPx = screenHeightPx_;
-  environment.otherWindows = parts_.instance.OtherTitles();
+  environment.otherWindows = parts_.others.OtherTitles();
   environment.bringOtherForward = [this](std::size_t) {
     gaveWay_ = true;
-    parts_.instance.BringOtherForward();
+    parts_.others.BringOtherForward();
   };
   return environment;
 }

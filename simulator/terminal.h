@@ -4,7 +4,7 @@
 #include "platform/host/environment.h"
 #include "simulator/debug_log.h"
 #include "simulator/effects.h"
-#include "simulator/instance_lock.h"
+#include "simulator/other_terminals.h"
 #include "simulator/simulated_device.h"
 #include "simulator/storage.h"
 
@@ -23,7 +23,7 @@ class Terminal : private platform::host::Observer {
  public:
   struct Parts {
     Storage& storage;
-    InstanceLock& instance;
+    OtherTerminals& others;
     LineLog& effects;
     DebugLog& debug;
     platform::host::Display& display;

@@ -73,6 +73,7 @@ void Command::Do(std::function<int()> run) {
 int RunCommandLine(const Program& program, const std::vector<std::string>& arguments, std::ostream& out,
                    std::ostream& errors) {
   CLI::App app(program.description, program.name);
+  app.allow_windows_style_options(false);  // "/" begins a path, there too
   if (!program.commands.empty()) app.require_subcommand(1);
   app.set_version_flag("--version", program.version);
   app.footer(program.remarks);

@@ -1,7 +1,5 @@
 #include "tools/console.h"
 
-#include <unistd.h>
-
 #include <cstdlib>
 #include <utility>
 
@@ -13,13 +11,10 @@ constexpr std::chrono::milliseconds kStep{200};
 
 }  // namespace
 
-bool WantsColours() {
+bool RefusesColours() {
   const char* noColour = std::getenv("NO_COLOR");
-  const bool refused = noColour != nullptr && *noColour != '\0';
-  return !refused && isatty(STDOUT_FILENO) != 0;
+  return noColour != nullptr && *noColour != '\0';
 }
-
-bool IsErrorATerminal() { return isatty(STDERR_FILENO) != 0; }
 
 std::string Coloured(const std::string& text, const char* sgr, bool colours) {
   return colours ? "\x1b[" + std::string(sgr) + "m" + text + "\x1b[0m" : text;

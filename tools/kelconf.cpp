@@ -4,6 +4,7 @@
 #include <iostream>
 
 int main(int count, char** arguments) {
-  const tools::Streams streams{std::cout, std::cerr, tools::WantsColours(), tools::IsErrorATerminal()};
-  return tools::RunKelconf({arguments + 1, arguments + count}, streams);
+  const tools::Console console(count, arguments);
+  const tools::Streams streams{std::cout, std::cerr, console.WantsColours(), console.IsErrorATerminal()};
+  return tools::RunKelconf(console.Arguments(), streams);
 }

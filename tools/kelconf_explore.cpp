@@ -3,6 +3,7 @@
 #include "authoring/json_text.h"
 #include "authoring/script_replay.h"
 #include "authoring/storage_copy.h"
+#include "platform/host/utf8_path.h"
 #include "tools/console.h"
 #include "tools/kelconf_source.h"
 
@@ -88,7 +89,7 @@ authoring::Replay PlayAgain(const Configuration& configuration, const authoring:
 }
 
 // Each play as a script, with what it prints beside it.
-int WriteScripts(const Configuration& configuration, const Exploration& exploration, const std::string& folder,
+int WriteScripts(const Configuration& configuration, const Exploration& exploration, const fs::path& folder,
                  Streams& streams) {
   std::error_code error;
   fs::create_directories(folder, error);
@@ -97,22 +98,23 @@ int WriteScripts(const Configuration& configuration, const Exploration& explorat
   for (const auto& script : exploration.scripts) {
     const auto replay = PlayAgain(configuration, copy, script.text, script.name);
     if (!replay.problem.empty()) return Unusable(replay.problem, streams);
-    const fs::path file = fs::path(folder) / script.name;
-    const bool written = (std::ofstream(file.string() + ".script", std::ios::binary) << script.text).flush() &&
-                         (std::ofstream(file.string() + ".expected", std::ios::binary) << replay.printed).flush();
-    if (!written) return Unusable(file.string() + ".script: cannot be written", streams);
+    const fs::path file = folder / (script.name + ".script");
+    const fs::path expected = folder / (script.name + ".expected");
+    const bool written = (std::ofstream(file, std::ios::binary) << script.text).flush() &&
+                         (std::ofstream(expected, std::ios::binary) << replay.printed).flush();
+    if (!written) return Unusable(file.string() + ": cannot be written", streams);
   }
   return kFine;
 }
 
 // Plays the scripts of a folder and compares what they print with what they printed when they were written.
-int Compare(const Configuration& configuration, const std::string& folder, Streams& streams) {
+int Compare(const Configuration& configuration, const fs::path& folder, Streams& streams) {
   std::vector<fs::path> files;
   std::error_code error;
   for (const auto& entry : fs::directory_iterator(folder, error)) {
     if (entry.path().extension() == ".script") files.push_back(entry.path());
   }
-  if (files.empty()) return Unusable(folder + ": there are no scripts", streams);
+  if (files.empty()) return Unusable(folder.string() + ": there are no scripts", streams);
   std::sort(files.begin(), files.end());
   const authoring::StorageCopy copy(configuration);
   if (!copy.Problem().empty()) return Unusable(copy.Problem(), streams);
@@ -135,7 +137,7 @@ int Compare(const Configuration& configuration, const std::string& folder, Strea
 int Run(const ExploreOptions& options, Streams& streams) {
   const auto configuration = LoadWellFormed(options.source, streams);
   if (!configuration) return kUnusable;
-  if (!options.expect.empty()) return Compare(*configuration, options.expect, streams);
+  if (!options.expect.empty()) return Compare(*configuration, platform::host::PathOf(options.expect), streams);
   Progress progress(streams.errors, "reached", streams.watched);
   authoring::ExploreTerms terms;
   terms.mostKeys = options.keys;
@@ -143,7 +145,7 @@ int Run(const ExploreOptions& options, Streams& streams) {
   const Exploration exploration = authoring::Explore(*configuration, terms);
   if (!exploration.problem.empty()) return Unusable(exploration.problem, streams);
   if (!options.scripts.empty()) {
-    const int written = WriteScripts(*configuration, exploration, options.scripts, streams);
+    const int written = WriteScripts(*configuration, exploration, platform::host::PathOf(options.scripts), streams);
     if (written != kFine) return written;
   }
   if (options.format == Format::kJson) {

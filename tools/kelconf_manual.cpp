@@ -1,5 +1,6 @@
 // kelconf manual: the manual for the people at the terminal.
 #include "authoring/manual.h"
+#include "platform/host/utf8_path.h"
 #include "tools/console.h"
 #include "tools/kelconf_source.h"
 
@@ -33,7 +34,7 @@ int Run(ManualOptions& options, Streams& streams) {
     streams.out << manual.html;
     return kFine;
   }
-  std::ofstream file(options.output, std::ios::binary | std::ios::trunc);
+  std::ofstream file(platform::host::PathOf(options.output), std::ios::binary | std::ios::trunc);
   if ((file << manual.html).flush()) return kFine;
   streams.errors << "kelconf: " << options.output << ": cannot be written\n";
   return kUnusable;

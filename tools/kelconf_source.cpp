@@ -3,10 +3,14 @@
 #include "authoring/entry_lookup.h"
 #include "authoring/items.h"
 #include "base/utf8.h"
+#include "platform/host/utf8_path.h"
 
 #include <ostream>
 
 namespace tools {
+
+using platform::host::PathOf;
+
 namespace {
 
 void List(const std::vector<model::MenuItem*>& items, const Streams& streams) {
@@ -38,7 +42,7 @@ void AddFormatOption(Command& command, Format& format) {
 }
 
 std::unique_ptr<authoring::Configuration> LoadConfiguration(const SourceOptions& options, Streams& streams) {
-  auto loaded = authoring::Configuration::Load(options.path, base::FromUtf8(options.source));
+  auto loaded = authoring::Configuration::Load(PathOf(options.path), base::FromUtf8(options.source));
   if (!loaded.configuration) streams.errors << "kelconf: " << loaded.problem << '\n';
   return std::move(loaded.configuration);
 }

@@ -1,61 +1,13 @@
 #include "platform/process.h"
 
-#include "base/utf8.h"
 #include "platform/host/environment.h"
-#include "platform/host/root_path.h"
-
-#include <fcntl.h>
-#include <signal.h>
-#include <spawn.h>
-#include <sys/stat.h>
-#include <unistd.h>
+#include "platform/host/program_start.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <string>
-#include <vector>
-
-extern char** environ;
 
 namespace platform {
 namespace {
-
-constexpr std::uint32_t kFileNotFound = 2;
-constexpr std::uint32_t kPathNotFound = 3;
-constexpr std::uint32_t kRefused = 5;
-constexpr std::uint32_t kBadName = 123;
-constexpr std::uint32_t kBadProgram = 193;
-
-// Nobody waits for the programs that are started: the system is told to forget each as it ends.
-void LeaveChildrenToTheSystem() {
-  struct sigaction action = {};
-  action.sa_handler = SIG_DFL;
-  action.sa_flags = SA_NOCLDWAIT;
-  sigaction(SIGCHLD, &action, nullptr);
-}
-
-// Blanks separate arguments; quotes hold one together.
-std::vector<std::string> SplitArguments(WideStringView arguments) {
-  std::vector<std::string> list;
-  WideString current;
-  bool started = false;
-  bool quoted = false;
-  for (const char16_t unit : arguments) {
-    if (unit == u'"') {
-      quoted = !quoted;
-      started = true;
-    } else if (!quoted && (unit == u' ' || unit == u'\t')) {
-      if (started) list.push_back(base::ToUtf8(current));
-      current.clear();
-      started = false;
-    } else {
-      current.push_back(unit);
-      started = true;
-    }
-  }
-  if (started) list.push_back(base::ToUtf8(current));
-  return list;
-}
 
 struct Program {
   std::uint32_t error = 0;
@@ -63,13 +15,9 @@ struct Program {
 };
 
 Program Check(const host::Place& place) {
-  if (!place.folder) return {kPathNotFound, {}};
-  if (!place.exists) return {kFileNotFound, {}};
-  struct stat status = {};
-  if (fstatat(place.folder.Number(), place.name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0) return {kFileNotFound, {}};
-  if (S_ISDIR(status.st_mode)) return {kRefused, {}};
-  if (!S_ISREG(status.st_mode)) return {kBadProgram, {}};
-  return {0, place.fullName};
+  if (!place.folder) return {host::kPathNotFound, {}};
+  if (!place.exists) return {host::kFileNotFound, {}};
+  return {host::WhyNoProgram(place), place.fullName};
 }
 
 // No file of the terminal has such a name; quotes do not make it another.
@@ -81,9 +29,9 @@ bool IsBadName(WideStringView name) {
 
 // Named without a folder it is looked for in \Windows and then in the root.
 Program Find(const WideString& name) {
-  if (host::IsRefused(host::Use::kStartProgram)) return {kRefused, {}};
-  if (IsBadName(name)) return {kBadName, {}};
-  if (host::SplitPath(name).empty()) return {kPathNotFound, {}};
+  if (host::IsRefused(host::Use::kStartProgram)) return {host::kRefused, {}};
+  if (IsBadName(name)) return {host::kBadName, {}};
+  if (host::SplitPath(name).empty()) return {host::kPathNotFound, {}};
   if (name.find_first_of(u"\\/") == WideString::npos) {
     const Program inWindows = Check(host::FindPlace(u"\\Windows\\" + name));
     if (inWindows.error == 0) return inWindows;
@@ -91,41 +39,11 @@ Program Find(const WideString& name) {
   return Check(host::FindPlace(name));
 }
 
-std::uint32_t Spawn(const Program& program, WideStringView arguments) {
-  std::vector<std::string> texts = SplitArguments(arguments);
-  texts.insert(texts.begin(), program.fullName);
-  std::vector<char*> pointers;
-  pointers.reserve(texts.size() + 1);
-  for (std::string& text : texts) pointers.push_back(text.data());
-  pointers.push_back(nullptr);
-
-  // The program must not write into the screen, nor take keys from it, nor get the signals of its terminal.
-  posix_spawn_file_actions_t files;
-  posix_spawnattr_t attributes;
-  if (posix_spawn_file_actions_init(&files) != 0) return kRefused;
-  if (posix_spawnattr_init(&attributes) != 0) {
-    posix_spawn_file_actions_destroy(&files);
-    return kRefused;
-  }
-  for (const int number : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
-    posix_spawn_file_actions_addopen(&files, number, "/dev/null", O_RDWR, 0);
-  }
-  posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETPGROUP);
-  LeaveChildrenToTheSystem();
-  pid_t child = -1;
-  const int error = posix_spawn(&child, program.fullName.c_str(), &files, &attributes, pointers.data(), environ);
-  posix_spawnattr_destroy(&attributes);
-  posix_spawn_file_actions_destroy(&files);
-  if (error == ENOEXEC || error == EACCES) return kBadProgram;
-  if (error != 0) return kFileNotFound;
-  return 0;
-}
-
 }  // namespace
 
 std::uint32_t StartProgram(const WideString& program, const WideString& arguments) {
   const Program found = Find(program);
-  const std::uint32_t result = found.error != 0 ? found.error : Spawn(found, arguments);
+  const std::uint32_t result = found.error != 0 ? found.error : host::Spawn(found.fullName, arguments);
   if (auto* observer = host::CurrentEnvironment().observer) observer->Started(program, arguments, result);
   return result;
 }

@@ -6,6 +6,7 @@
 
 #include "app/entry.h"
 #include "base/utf8.h"
+#include "simulator/instance_lock.h"
 #include "simulator/options.h"
 #include "simulator/script_display.h"
 #include "simulator/storage.h"

@@ -2,6 +2,7 @@
 
 #include "app/entry.h"
 #include "base/utf8.h"
+#include "simulator/instance_lock.h"
 #include "simulator/storage.h"
 #include "simulator/terminal.h"
 

@@ -340,7 +340,7 @@ TEST(Check, ASettingMayHideItselfWhereAnotherOneBringsItBack) {
 
 TEST(FindingFormats, TextIsAsCompilersPrintIt) {
   const std::string said = Said(Some());
-  EXPECT_TRUE(std::regex_search(said, std::regex("Windows/ovu\\.xml:2:59: error: There is no Type \"Integr\".* "
+  EXPECT_TRUE(std::regex_search(said, std::regex("Windows[/\\\\]ovu\\.xml:2:59: error: There is no Type \"Integr\".* "
                                                  "\\[type-unknown\\]\n    Write \"Integer\"\\.\n")))
       << said;
 }

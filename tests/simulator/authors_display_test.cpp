@@ -4,6 +4,7 @@
 #include "app/entry.h"
 #include "app/kel_config_app.h"
 #include "base/utf8.h"
+#include "simulator/instance_lock.h"
 #include "simulator/storage.h"
 #include "simulator/terminal.h"
 #include "tests/app/keypad.h"

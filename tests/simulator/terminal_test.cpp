@@ -7,6 +7,7 @@
 #include "platform/events.h"
 #include "platform/kernel.h"
 #include "platform/process.h"
+#include "simulator/instance_lock.h"
 #include "simulator/script_display.h"
 #include "tests/platform/temporary_root.h"
 #include "tests/printing.h"
