@@ -81,7 +81,7 @@ same why small 'Light Time'
 same why --menu --format json terminal 6-1-2
 same why small nothing
 same diff small changed
-same diff --format json terminal/Windows/ovu.xml alone.reg
+same diff --format json alone.reg changed
 same explore --scripts OUT 'Gerät für Süd № 7' --source '\Menü 日本 😀.xml'
 same explore --format json --keys 1500 --scripts OUT kept
 same explore --keys 100 terminal
@@ -98,6 +98,9 @@ uri=$(on_windows check --format sarif "$PWD/broken/menu.xml" | sed -nE 's/.*"uri
 [ "$uri" = "file://$PWD/broken/menu.xml" ] || complain "the address of a file on this drive is $uri"
 uri=$(on_windows check --format sarif "$(windows_path "$PWD/broken/menu.xml")" | sed -nE 's/.*"uri": "(.*)".*/\1/p')
 [ "$uri" = "file:///Z:$PWD/broken/menu.xml" ] || complain "the address of a file on a drive is $uri"
+shown() { TERM=xterm timeout 60 script -qefc "wine '$build/tools/kelconf.exe' check 'Gerät für Süd № 7/Menü 日本 😀.xml'" /dev/null </dev/null; }
+[[ $(shown) == *'Gerät für Süd № 7'*$'\e[31merror\e[0m: '* ]] || complain "on a console it shows: $(shown | head -3)"
+[[ $(NO_COLOR=1 shown) != *$'\e[31m'* ]] || complain "NO_COLOR does not count"
 left=$(find "$WINEPREFIX" -path '*/Temp/*' -name 'kelconf.*')
 [ -z "$left" ] || complain "left behind: $left"
 

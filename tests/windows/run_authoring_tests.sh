@@ -1,7 +1,8 @@
 #!/bin/bash
 # run_authoring_tests.sh BUILD [GOOGLETEST OPTIONS...]
 #
-# Runs the tests of what authors use under Wine, in a prefix of their own.
+# Runs the tests of what authors use under Wine, in a prefix of their own. Left out are those that take long and ask nothing
+# of the system that others do not ask.
 set -u
 
 source "$(dirname "$0")/own_prefix.sh" "$1"
@@ -10,7 +11,8 @@ shift
 mkdir "$work/none"
 "$home/scripts/wine-copy.sh" "$build/wine/base-screenless" "$WINEPREFIX" "$work/none"
 cd "$home" || exit 1
-timeout 250 wine "$build/tests/authoring/authoring_test.exe" --gtest_brief=1 "$@" >"$work/output"
+timeout 250 wine "$build/tests/authoring/authoring_test.exe" --gtest_brief=1 \
+  --gtest_filter='-*/SeededFaults.*:Explorer.ReachesAllOfTheDemonstrationThatIsNotImpossible' "$@" >"$work/output"
 status=$?
 cat "$work/output"
 # A program that Wine cannot run ends without a word, and well.
