@@ -53,6 +53,13 @@ function(kel_floor name)
   endif()
 endfunction()
 
+# kel_knows_version(TARGETS...): their sources may include "version.h".
+function(kel_knows_version)
+  foreach(target IN LISTS ARGN)
+    target_include_directories(${target} PRIVATE ${PROJECT_BINARY_DIR}/generated)
+  endforeach()
+endfunction()
+
 # kel_test(NAME SOURCES... [USES TARGETS...]): one GoogleTest program; each of its tests is one ctest test.
 function(kel_test name)
   cmake_parse_arguments(TEST "" "" "USES" ${ARGN})

@@ -19,5 +19,6 @@ set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
 set(CMAKE_CXX_FLAGS_INIT "-DUNICODE -D_UNICODE -DWINVER=0x0601 -D_WIN32_WINNT=0x0601 -ffunction-sections -fdata-sections ${KEL_MINGW_FLAGS}")
 set(CMAKE_CXX_FLAGS_MINSIZEREL_INIT "-Os -DNDEBUG")
-set(CMAKE_EXE_LINKER_FLAGS_INIT "-static -Wl,--gc-sections")
-set(CMAKE_MODULE_LINKER_FLAGS_INIT "-static -Wl,--gc-sections")
+# No time stands in what is linked: the same sources give the same program.
+set(CMAKE_EXE_LINKER_FLAGS_INIT "-static -Wl,--gc-sections,--no-insert-timestamp")
+set(CMAKE_MODULE_LINKER_FLAGS_INIT "-static -Wl,--gc-sections,--no-insert-timestamp")

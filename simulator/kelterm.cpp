@@ -17,6 +17,7 @@
 #include "simulator/text_file.h"
 #include "simulator/usage.h"
 #include "snmp/agent.h"
+#include "version.h"
 
 #include <clocale>
 #include <cstdio>
@@ -223,7 +224,7 @@ int Main(int count, char** arguments) {
   const auto options = ParseOptions(count, arguments, problem);
   if (!options) return Complain(kUnusable, problem);
   if (options->version) {
-    std::puts("KelLocalCfg Version 1.0");
+    std::puts("KelLocalCfg Version " KEL_VERSION);
     return kRan;
   }
   if (options->help) {

@@ -6,6 +6,7 @@
 #include "simulator/instance_lock.h"
 #include "snmp/agent.h"
 #include "tools/command.h"
+#include "version.h"
 
 #include <cstdlib>
 #include <iostream>
@@ -86,7 +87,7 @@ int main(int count, char** arguments) {
   const tools::Program program{
       "kelagent",
       "A simulated terminal that answers SNMP (versions 2c and 3) with the settings of its device.txt.",
-      "kelagent of KelLocalCfg Version 1.0",
+      "kelagent of KelLocalCfg Version " KEL_VERSION,
       "Environment: KEL_SNMP_COMMUNITY and KEL_SNMP_WRITE_COMMUNITY count in place of the file's words, and of one "
       "user, KEL_SNMP_USER, KEL_SNMP_AUTH_PROTOCOL, KEL_SNMP_AUTH_PASSWORD, KEL_SNMP_PRIV_PROTOCOL, "
       "KEL_SNMP_PRIV_PASSWORD, KEL_SNMP_LEVEL and KEL_SNMP_WRITE.\n"

@@ -1,5 +1,7 @@
 #include "tools/kelconf_program.h"
 
+#include "version.h"
+
 namespace tools {
 
 int RunKelconf(const std::vector<std::string>& arguments, Streams streams) {
@@ -9,7 +11,7 @@ int RunKelconf(const std::vector<std::string>& arguments, Streams streams) {
   const Program program{
       "kelconf",
       "What a configuration does, before a terminal does it.",
-      "kelconf of KelLocalCfg Version 1.0",
+      "kelconf of KelLocalCfg Version " KEL_VERSION,
       "Exit status: 0 all is well, 1 something was found or is not there, 2 unusable arguments or files.\n"
       "Example: kelconf check examples/small",
       {

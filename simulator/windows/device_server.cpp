@@ -1,10 +1,12 @@
-// The COM server for the simulated device: an in-process library that regsvr32 registers.
+// The COM server for the simulated device: an in-process library that regsvr32 registers, for all people of the machine or,
+// with /n /i:user, for who asks alone, which takes no rights.
 #include "simulator/windows/com_object.h"
 #include "simulator/windows/device_objects.h"
 
 #include <olectl.h>
 
 #include <string>
+#include <string_view>
 
 namespace simulator {
 namespace {
@@ -60,27 +62,53 @@ std::wstring ThisLibrary() {
   return path;
 }
 
-// A key below HKEY_CLASSES_ROOT with a text; its default one when `name` is null.
-bool Write(const std::wstring& key, const wchar_t* name, const std::wstring& text) {
+// Where classes are registered.
+struct Classes {
+  HKEY root;
+  const wchar_t* path;  // ends in a backslash, or is empty
+};
+const Classes kOfTheMachine = {HKEY_CLASSES_ROOT, L""};
+const Classes kOfTheUser = {HKEY_CURRENT_USER, L"Software\\Classes\\"};
+
+// A key with a text; its default one when `name` is null.
+bool Write(const Classes& classes, const std::wstring& key, const wchar_t* name, const std::wstring& text) {
   const auto bytes = static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t));
-  return RegSetKeyValueW(HKEY_CLASSES_ROOT, key.c_str(), name, REG_SZ, text.c_str(), bytes) == ERROR_SUCCESS;
+  return RegSetKeyValueW(classes.root, (classes.path + key).c_str(), name, REG_SZ, text.c_str(), bytes) ==
+         ERROR_SUCCESS;
 }
 
-bool Register(const ServedClass& served) {
+bool Register(const Classes& classes, const ServedClass& served) {
   const std::wstring classId = TextOf(served.id);
   const std::wstring key = L"CLSID\\" + classId;
   // The utility's COM is multithreaded, so a server for apartments alone could not be called directly.
-  bool done = Write(key, nullptr, served.name) && Write(key + L"\\InprocServer32", nullptr, ThisLibrary()) &&
-              Write(key + L"\\InprocServer32", L"ThreadingModel", L"Both");
+  bool done = Write(classes, key, nullptr, served.name) &&
+              Write(classes, key + L"\\InprocServer32", nullptr, ThisLibrary()) &&
+              Write(classes, key + L"\\InprocServer32", L"ThreadingModel", L"Both");
   if (served.progId == nullptr) return done;
-  done = done && Write(key + L"\\ProgID", nullptr, served.progId);
-  return done && Write(served.progId, nullptr, served.name) &&
-         Write(std::wstring(served.progId) + L"\\CLSID", nullptr, classId);
+  done = done && Write(classes, key + L"\\ProgID", nullptr, served.progId);
+  return done && Write(classes, served.progId, nullptr, served.name) &&
+         Write(classes, std::wstring(served.progId) + L"\\CLSID", nullptr, classId);
 }
 
-void Unregister(const ServedClass& served) {
-  RegDeleteTreeW(HKEY_CLASSES_ROOT, (L"CLSID\\" + TextOf(served.id)).c_str());
-  if (served.progId != nullptr) RegDeleteTreeW(HKEY_CLASSES_ROOT, served.progId);
+void Unregister(const Classes& classes, const std::wstring& key) {
+  RegDeleteTreeW(classes.root, (classes.path + key).c_str());
+}
+
+HRESULT UnregisterAll(const Classes& classes) {
+  for (const ServedClass& served : kClasses) {
+    Unregister(classes, L"CLSID\\" + TextOf(served.id));
+    if (served.progId != nullptr) Unregister(classes, served.progId);
+  }
+  return S_OK;
+}
+
+HRESULT RegisterAll(const Classes& classes) {
+  for (const ServedClass& served : kClasses) {
+    if (Register(classes, served)) continue;
+    UnregisterAll(classes);
+    return SELFREG_E_CLASS;
+  }
+  return S_OK;
 }
 
 }  // namespace
@@ -101,17 +129,12 @@ HRESULT WINAPI DllGetClassObject(REFCLSID classId, REFIID interfaceId, void** ou
 
 HRESULT WINAPI DllCanUnloadNow() { return simulator::liveObjects == 0 ? S_OK : S_FALSE; }
 
-HRESULT WINAPI DllUnregisterServer() {
-  for (const auto& served : simulator::kClasses) simulator::Unregister(served);
-  return S_OK;
-}
+HRESULT WINAPI DllUnregisterServer() { return simulator::UnregisterAll(simulator::kOfTheMachine); }
 
-HRESULT WINAPI DllRegisterServer() {
-  for (const auto& served : simulator::kClasses) {
-    if (simulator::Register(served)) continue;
-    DllUnregisterServer();
-    return SELFREG_E_CLASS;
-  }
-  return S_OK;
+HRESULT WINAPI DllRegisterServer() { return simulator::RegisterAll(simulator::kOfTheMachine); }
+
+HRESULT WINAPI DllInstall(BOOL install, PCWSTR commandLine) {
+  if (commandLine == nullptr || std::wstring_view(commandLine) != L"user") return E_INVALIDARG;
+  return install ? simulator::RegisterAll(simulator::kOfTheUser) : simulator::UnregisterAll(simulator::kOfTheUser);
 }
 }
