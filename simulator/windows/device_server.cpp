@@ -1,5 +1,5 @@
-// The COM server for the simulated device: an in-process library that regsvr32 registers, for all people of the machine or,
-// with /n /i:user, for who asks alone, which takes no rights.
+// The COM server for the simulated device: an in-process library that regsvr32 registers, for all people of the machine
+// or, with /n /i:user, for who asks alone, which takes no rights.
 #include "simulator/windows/com_object.h"
 #include "simulator/windows/device_objects.h"
 

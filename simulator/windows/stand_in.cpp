@@ -1,5 +1,5 @@
-// Stands for the programs that a terminal has: notes its run, and how it was called, in a text file that bears its name,
-// in the folder above its own.
+// Stands for the programs that a terminal has: notes its run, and how it was called, in a text file that bears its
+// name, in the folder above its own.
 #include <windows.h>
 
 #include <filesystem>
