@@ -10,8 +10,6 @@ namespace {
 
 using platform::Setting;
 
-WideString Text(const config::ConfigKey& key, TextId name) { return WideString(key.Value(name)); }
-
 void NameProperty(const config::ConfigKey& key, std::vector<Setting>& settings) {
   const bool isFieldOfCommand = !key.Value(TextId::kCmdOid).empty();
   const WideStringView oid = key.Value(TextId::kOid);
@@ -19,14 +17,14 @@ void NameProperty(const config::ConfigKey& key, std::vector<Setting>& settings) 
   if (oid.find(u'*') != WideStringView::npos && key.Value(TextId::kFillOid) == u"Profile") {
     settings.push_back(values::ActiveProfile());
   } else {
-    settings.push_back({WideString(oid), Text(key, TextId::kType)});
+    settings.push_back({WideString(oid), WideString(key.Value(TextId::kType))});
   }
 }
 
 void NameCommand(const config::ConfigKey& key, std::vector<Setting>& settings) {
   const bool isMerged = key.Value(TextId::kType) == LoadText(TextId::kReaderCmd) &&
                         !key.Value(TextId::kDefVal).empty() && !key.Value(u"Dependency").empty();
-  if (isMerged) settings.push_back({Text(key, TextId::kOid), Text(key, TextId::kType)});
+  if (isMerged) settings.push_back({WideString(key.Value(TextId::kOid)), WideString(key.Value(TextId::kType))});
 }
 
 }  // namespace
