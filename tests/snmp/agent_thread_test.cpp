@@ -1,6 +1,7 @@
 // The agent beside whoever else uses the device, each on a thread of its own.
 #include "simulator/simulated_device.h"
 #include "snmp/agent.h"
+#include "snmp/net_snmp_library.h"
 #include "tests/platform/temporary_root.h"
 #include "tests/snmp/udp_manager.h"
 
@@ -88,6 +89,7 @@ TEST(AgentThread, IsNotHeldUpByADelayOfThePersons) {
 }
 
 TEST(AgentThread, EndsAtOnceWhetherAskedOrNot) {
+  const snmp::NetSnmpLibrary library;  // over all rounds, as a process has it once
   for (int i = 0; i < 10; ++i) {
     Served served("1.3.3\tInteger\t5\n");
     tests::UdpManager manager(served.port, "look");
