@@ -24,5 +24,8 @@ if [ ! -f "$expected" ]; then
   echo "$expected is missing" >&2
   exit 1
 fi
-diff -u --label expected --label windows "$expected" "$printed" || exit 1
+if ! diff -u --label expected --label windows "$expected" "$printed"; then
+  echo "the real program's side ended with $status" >&2
+  exit 1
+fi
 exit $status

@@ -89,6 +89,7 @@ struct Debuggee::State {
   void AddDebugLine(const OUTPUT_DEBUG_STRING_INFO& info);
   bool TraceCalls();
   void Add(std::string effect);
+  void AddWorkers(int difference);
   void CollectDeviceLines();  // with the mutex held
   DWORD LastErrorOf(HANDLE thread) const;
 
@@ -116,7 +117,7 @@ struct Debuggee::State {
   std::vector<WideString> debugLines;
   std::string failure;
   std::optional<DWORD> exitStatus;
-  int workers = 0;
+  int workers = 0;  // from when the program asked for them
 
   std::thread loop;  // the last member: it uses all the others
 };
@@ -188,14 +189,11 @@ DWORD Debuggee::State::Handle(const DEBUG_EVENT& event) {
       const auto start = reinterpret_cast<std::uint64_t>(info.lpStartAddress);
       const bool isWorker = start >= imageStart && start < imageEnd;
       threads[info.hThread] = {event.dwThreadId, reinterpret_cast<std::uint64_t>(info.lpThreadLocalBase), isWorker};
-      const std::lock_guard lock(mutex);
-      workers += isWorker ? 1 : 0;
       break;
     }
     case EXIT_THREAD_DEBUG_EVENT: {
       const HANDLE thread = HandleOf(event.dwThreadId);
-      const std::lock_guard lock(mutex);
-      workers -= threads[thread].isWorker ? 1 : 0;
+      if (threads[thread].isWorker) AddWorkers(-1);
       threads.erase(thread);
       break;
     }
@@ -242,9 +240,15 @@ bool Debuggee::State::TraceCalls() {
     Add(PulseLine(NameOfObject(process.Get(), reinterpret_cast<HANDLE>(call.Argument(0)))));
     return nullptr;
   };
+  // A thread tells of itself only when it runs, which on a busy machine is long after the program went on without it.
+  const auto onCreateThread = [this](const StoppedThread&) -> TracedCalls::OnReturn {
+    AddWorkers(1);
+    return [this](HANDLE, std::uint64_t thread) { AddWorkers(thread == 0 ? -1 : 0); };
+  };
   // The machine goes on: the system would ask every window whether it may end, that of the program's next start too.
   return calls->Trace(L"kernel32", "CreateProcessW", onCreateProcess) &&
-         calls->Trace(L"kernel32", "PulseEvent", onPulse) && calls->Answer(L"user32", "ExitWindowsEx", TRUE);
+         calls->Trace(L"kernel32", "PulseEvent", onPulse) &&
+         calls->Trace(L"kernel32", "CreateThread", onCreateThread) && calls->Answer(L"user32", "ExitWindowsEx", TRUE);
 }
 
 HANDLE Debuggee::State::HandleOf(DWORD threadId) const {
@@ -277,6 +281,11 @@ void Debuggee::State::Add(std::string effect) {
   const std::lock_guard lock(mutex);
   CollectDeviceLines();
   effects.push_back(std::move(effect));
+}
+
+void Debuggee::State::AddWorkers(int difference) {
+  const std::lock_guard lock(mutex);
+  workers += difference;
 }
 
 void Debuggee::State::CollectDeviceLines() {

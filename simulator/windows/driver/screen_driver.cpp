@@ -29,9 +29,10 @@ int Complain(Status status, const std::string& problem) {
   return status;
 }
 
-void Print(const std::string& text) {
+// False when nobody can read it any more, also of what was printed before.
+bool Print(const std::string& text) {
   std::fwrite(text.data(), 1, text.size(), stdout);
-  std::fflush(stdout);
+  return std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
 }
 
 // The rest of the arguments as one text.
@@ -45,11 +46,11 @@ WideString CommandLine(int count, wchar_t** arguments, int first) {
 }
 
 void HoldWhileThere(const std::filesystem::path& file) {
-  constexpr DWORD kPollMs = 20;
+  constexpr DWORD kHoldPollMs = 20;
   constexpr int kMostPolls = 3000;
   std::ofstream(file) << "held\n";
   std::error_code error;
-  for (int i = 0; i < kMostPolls && std::filesystem::exists(file, error); ++i) Sleep(kPollMs);
+  for (int i = 0; i < kMostPolls && std::filesystem::exists(file, error); ++i) Sleep(kHoldPollMs);
 }
 
 int Run(int count, wchar_t** arguments) {
@@ -75,7 +76,8 @@ int Run(int count, wchar_t** arguments) {
   int status = kRan;
   {
     ProgramDriver driver({arguments[1], CommandLine(count, arguments, 3), deviceLog.wstring()});
-    ScriptPlayer player(std::move(script), name, driver, Print);
+    bool isPrinted = true;
+    ScriptPlayer player(std::move(script), name, driver, [&](const std::string& line) { isPrinted &= Print(line); });
     auto step = ScriptPlayer::Step::kInput;
     while (step != ScriptPlayer::Step::kFinished) {
       if (step != ScriptPlayer::Step::kRan && !driver.WaitUntilIdle()) break;
@@ -84,6 +86,7 @@ int Run(int count, wchar_t** arguments) {
     if (!holdFile.empty()) HoldWhileThere(holdFile);
     const std::string& failure = driver.Failure().empty() ? player.Failure() : driver.Failure();
     if (!failure.empty()) status = Complain(driver.TookTooLong() ? kTookTooLong : kScriptFailed, failure);
+    if (!isPrinted) status = Complain(kScriptFailed, "what the script says cannot be printed");
   }
   std::error_code error;
   std::filesystem::remove(deviceLog, error);
