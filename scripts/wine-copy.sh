@@ -7,7 +7,7 @@
 # program nor ends just when the next one comes.
 set -eu
 
-base=$1
+base=$(cd "$1" && pwd)
 prefix=$2
 root=$(cd "$3" && pwd)
 
@@ -31,7 +31,8 @@ import_registry() (
     sed '1s/^\xEF\xBB\xBF//; 1s/^REGEDIT4/Windows Registry Editor Version 5.00/' "$1" | iconv -f UTF-8 -t UTF-16LE
   } >"$fresh/drive_c/kel/registry.reg"
   export WINEPREFIX="$fresh"
-  timeout 60 wine regedit /S 'C:\kel\registry.reg' >/dev/null 2>&1
+  timeout 60 wine regedit /S 'C:\kel\registry.reg' >/dev/null 2>&1 ||
+    { echo "wine-copy: $1 cannot be read in" >&2 && rm -rf "$fresh" && exit 1; }
   timeout 60 wineserver -w
   mkdir "$fresh.registry"
   mv "$fresh"/*.reg "$fresh.registry/"

@@ -5,7 +5,7 @@
 # script prints. OPTIONS are those of kelterm: --screen WxH and the SOURCE. With KEL_PICTURE=FILE.png the screen at the
 # end of the script is saved there. KEL_BEFORE is a Windows command to run first.
 #
-# Exit status: that of screen_driver; 124 when it took too long.
+# Exit status: that of screen_driver; 124 when it took too long; 125 when Wine never ran it.
 set -eu
 
 build=$(cd "$1" && pwd)
@@ -75,7 +75,7 @@ fi
 
 cd "$work/root"
 status=0
-timeout "${KEL_LIMIT:-240}" wine "$build/simulator/windows/screen_driver.exe" "${hold[@]}" \
+"$home/scripts/wine-begin.sh" "${KEL_LIMIT:-240}" "$build/simulator/windows/screen_driver.exe" "${hold[@]}" \
   "$(windows_path "$build/app/KelLocalCfg.exe")" "$(windows_path "$script")" "$@" || status=$?
 [ -z "$picture" ] || wait "$taker" || true
 exit $status

@@ -41,7 +41,7 @@ sed -n 's/^start "\(.*\)" "\(.*\)" -> 0x00000000$/"\1" \2/p' "$expected" | sed '
 [ ${#events[@]} -gt 0 ] || [ -s "$work/starts" ] || complain "$script has nothing to see"
 KEL_RECORD=$(windows_path "$work/record")
 export KEL_RECORD
-timeout 120 wine "$build/simulator/windows/screen_driver.exe" "$(windows_path "$build/app/KelLocalCfg.exe")" \
+"$home/scripts/wine-begin.sh" 120 "$build/simulator/windows/screen_driver.exe" "$(windows_path "$build/app/KelLocalCfg.exe")" \
   "$(windows_path "$script")" >"$work/printed" || complain "the script failed"
 
 for event in "${events[@]}"; do

@@ -56,10 +56,11 @@ play_session() {
   timeout $((patience * linux_limit)) "$kelterm" --root "$lane/linux" --script "$session.script" >"$session.linux" \
     2>"$session.error" || linux=$?
   { sed 's/.*\.script:/script:/' "$session.error" && echo "status $linux"; } >>"$session.linux"
-  (cd "$lane/windows" && timeout $((patience * windows_limit)) wine "$build/simulator/windows/screen_driver.exe" \
-    "$(windows_path "$build/app/KelLocalCfg.exe")" "$(windows_path "$session.script")") \
+  (cd "$lane/windows" && "$home/scripts/wine-begin.sh" $((patience * windows_limit)) \
+    "$build/simulator/windows/screen_driver.exe" "$(windows_path "$build/app/KelLocalCfg.exe")" "$(windows_path "$session.script")") \
     >"$session.windows" 2>"$session.error" || windows=$?
-  { sed 's/.*\.script:/script:/' "$session.error" && echo "status $windows"; } >>"$session.windows"
+  grep '^wine-begin:' "$session.error" | sed "s/^/seed $seed: /"
+  { sed '/^wine-begin:/d; s/.*\.script:/script:/' "$session.error" && echo "status $windows"; } >>"$session.windows"
   if [ $linux -eq $took_too_long ] || [ $windows -eq $took_too_long ]; then
     echo "seed $seed ran out of time"
     echo "$seed" >>"$work/late"

@@ -6,6 +6,8 @@
 // storage is the current folder, which should be the root of a drive. With --hold the program stays as it is after the
 // script until FILE, which is made then, is removed: so its windows can be looked at.
 //
+// The file that the environment variable KEL_BEGUN names is made at once: a driver that ended without a word did run.
+//
 // Exit status: 0 the script ran to its end; 1 it failed; 2 unusable arguments; 124 the program took too long.
 #include "base/utf8.h"
 #include "simulator/text_file.h"
@@ -53,7 +55,12 @@ void HoldWhileThere(const std::filesystem::path& file) {
   for (int i = 0; i < kMostPolls && std::filesystem::exists(file, error); ++i) Sleep(kHoldPollMs);
 }
 
+void SayThatItBegan() {
+  if (const wchar_t* const file = _wgetenv(L"KEL_BEGUN")) std::ofstream(std::filesystem::path(file)) << "begun\n";
+}
+
 int Run(int count, wchar_t** arguments) {
+  SayThatItBegan();
   std::filesystem::path holdFile;
   if (count > 2 && std::wstring_view(arguments[1]) == L"--hold") {
     holdFile = arguments[2];
