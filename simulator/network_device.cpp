@@ -14,9 +14,6 @@
 namespace simulator {
 namespace {
 
-// How long it has been up: every agent has it, and whoever says that it has not is there, too.
-const snmp::Oid kUpTime = {1, 3, 6, 1, 2, 1, 1, 3, 0};
-
 constexpr WideStringView kConfigureProfile = u"cfg|80211PM|ConfigureProfile";
 
 // What a device does something by each time, instead of keeping a value.
@@ -93,7 +90,7 @@ std::unique_ptr<NetworkDevice> NetworkDevice::Connect(const Options& options, st
 
 std::string NetworkDevice::Probe(bool isUser) {
   const auto start = session_->Now();
-  const platform::ResultCode code = inquiry_.Get({{kUpTime}}).front().code;
+  const platform::ResultCode code = inquiry_.Get({{snmp::kUpTime}}).front().code;
   if (code == snmp::kLogonFailure) {
     switch (inquiry_.Refusal()) {
       case snmp::ArrivalKind::kUnknownUser: return name_ + " answers that it does not know this user";

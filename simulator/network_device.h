@@ -1,4 +1,4 @@
-// The device on the network that kelterm works on, as its options name it.
+// The device on the network that a program works on, as its options name it.
 #pragma once
 
 #include "simulator/options.h"
@@ -18,6 +18,9 @@ class NetworkDevice {
 
   // It must live longer.
   std::unique_ptr<platform::ISnmpConfig> Device();
+
+  // It lives as long as this.
+  snmp::Inquiry& Inquiry() { return inquiry_; }
 
   const std::string& Name() const { return name_; }        // as it is shown
   const std::string& Place() const { return place_; }      // host and port

@@ -20,24 +20,26 @@ std::optional<std::string> ReadTextFile(const std::filesystem::path& file) {
 
 namespace {
 
-// As the file has them; one that is new is for its owner only, as it may hold secrets.
-std::filesystem::perms RightsFor(const std::filesystem::path& file) {
+// A file may hold secrets.
+std::filesystem::perms RightsFor(const std::filesystem::path& file, FileRights rights) {
   using std::filesystem::perms;
   std::error_code error;
   const auto status = std::filesystem::status(file, error);
-  return std::filesystem::is_regular_file(status) ? status.permissions() : perms::owner_read | perms::owner_write;
+  const bool areKept = rights == FileRights::kAsBefore && std::filesystem::is_regular_file(status);
+  return areKept ? status.permissions() : perms::owner_read | perms::owner_write;
 }
 
 }  // namespace
 
-bool ReplaceTextFile(const std::filesystem::path& file, std::string_view bytes, const SyncFile& sync) {
+bool ReplaceTextFile(const std::filesystem::path& file, std::string_view bytes, const SyncFile& sync,
+                     FileRights rights) {
   std::filesystem::path fresh = file;
   fresh += ".new";
   std::error_code error;
   {
     std::filesystem::remove(fresh, error);
     std::ofstream output(fresh, std::ios::binary | std::ios::trunc);
-    std::filesystem::permissions(fresh, RightsFor(file), error);
+    std::filesystem::permissions(fresh, RightsFor(file, rights), error);
     output.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     output.close();
     if (output.fail() || (sync && !sync(fresh))) {

@@ -104,7 +104,7 @@ void Inquiry::Reader::AskMore() {
     asked.places = std::move(waiting_.front());
     waiting_.pop_front();
     asked.firstSent = session_.Now();
-    asked.wait = std::clamp<Clock::duration>(inquiry_.roundTrip_ * 4, kShortestWait, kLongestWait);
+    asked.wait = inquiry_.UsualWait();
     if (!Send(asked)) LeaveAlone();
   }
 }
@@ -205,6 +205,43 @@ void Inquiry::Reader::FailAll(platform::ResultCode code) {
 std::vector<Reading> Inquiry::Get(const std::vector<Wanted>& wanted) {
   if (IsLeftAlone()) return std::vector<Reading>(wanted.size());
   return Reader(*this, wanted).Run();
+}
+
+platform::ResultCode Inquiry::Ask(const Request& request, Response& response) {
+  if (IsLeftAlone()) return kTimedOut;
+  for (bool isReopened = false;; isReopened = true) {
+    auto arrival = AskInSession(request);
+    if (arrival && RefusesAll(arrival->kind)) return kLogonFailure;
+    if (arrival && arrival->kind != ArrivalKind::kOtherEngine) {
+      response = std::move(arrival->response);
+      return arrival->kind == ArrivalKind::kResponse ? platform::kOk : platform::kFailed;
+    }
+    if (isReopened || !session_.Reopen()) break;
+  }
+  LeaveAlone();
+  return kTimedOut;
+}
+
+std::optional<Session::Arrival> Inquiry::AskInSession(const Request& request) {
+  std::vector<Session::Ticket> tickets;
+  Clock::duration wait = UsualWait();
+  while (tickets.size() < kTries) {
+    const auto ticket = session_.Send(request);
+    if (!ticket) break;
+    tickets.push_back(*ticket);
+    const bool isLast = tickets.size() == kTries;
+    const auto until = session_.Now() + (isLast ? std::max<Clock::duration>(wait, kLongestWait) : wait);
+    while (auto arrival = session_.Receive(until)) {
+      Heard(*arrival);
+      if (std::count(tickets.begin(), tickets.end(), arrival->ticket) > 0) return arrival;
+    }
+    wait = wait * 3 / 2;
+  }
+  return std::nullopt;
+}
+
+Session::Clock::duration Inquiry::UsualWait() const {
+  return std::clamp<Clock::duration>(roundTrip_ * 4, kShortestWait, kLongestWait);
 }
 
 platform::ResultCode Inquiry::Set(const Variable& variable, Again again) {

@@ -34,6 +34,9 @@ class Inquiry {
   // four times. A device that answers none of them is left alone for five seconds, in which all fails at once.
   std::vector<Reading> Get(const std::vector<Wanted>& wanted);
 
+  // The answer to one request that may be done more than once, whatever its error is. A failure: there is none.
+  platform::ResultCode Ask(const Request& request, Response& response);
+
   // Where nothing is heard, what the device has then says whether it was done. kTimedOut: nobody knows, or it was not.
   platform::ResultCode Set(const Variable& variable, Again again);
 
@@ -42,16 +45,19 @@ class Inquiry {
 
  private:
   class Reader;
+  using Clock = Session::Clock;
 
   bool IsLeftAlone();
   void LeaveAlone();
   void Heard(const Session::Arrival& arrival);
+  std::optional<Session::Arrival> AskInSession(const Request& request);
+  Clock::duration UsualWait() const;
   platform::ResultCode Act(const Variable& variable);
-  platform::ResultCode SetOnce(const Variable& variable, Session::Clock::duration patience);
+  platform::ResultCode SetOnce(const Variable& variable, Clock::duration patience);
 
   Session& session_;
-  std::optional<Session::Clock::time_point> aloneUntil_;
-  Session::Clock::duration roundTrip_ = std::chrono::milliseconds(125);  // about
+  std::optional<Clock::time_point> aloneUntil_;
+  Clock::duration roundTrip_ = std::chrono::milliseconds(125);  // about
   ArrivalKind refusal_ = ArrivalKind::kResponse;
 };
 

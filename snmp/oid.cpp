@@ -31,9 +31,13 @@ std::optional<Oid> OidOfNumbers(std::string_view text) {
   return oid;
 }
 
-// What stands there are names.
-bool IsBelow(const Oid& oid, const Oid& root) {
-  return oid.size() >= root.size() && std::equal(root.begin(), root.end(), oid.begin());
+// Empty when no name has that identifier.
+WideString NameOf(const Oid& oid, const Oid& namesRoot) {
+  if (!IsWithin(oid, namesRoot) || oid.size() == namesRoot.size()) return {};
+  std::string octets;
+  for (std::size_t i = namesRoot.size() + 1; i < oid.size(); ++i) octets.push_back(static_cast<char>(oid[i]));
+  WideString name = base::FromUtf8(octets);
+  return OidOf(name, namesRoot) == oid ? name : WideString();
 }
 
 }  // namespace
@@ -42,7 +46,8 @@ std::optional<Oid> OidOf(WideStringView text, const Oid& namesRoot) {
   const std::string bytes = base::ToUtf8(text);
   if (text.find(u'|') == WideStringView::npos) {
     const auto oid = OidOfNumbers(bytes);
-    return oid && IsBelow(*oid, namesRoot) ? std::nullopt : oid;
+    // What stands there are names.
+    return oid && IsWithin(*oid, namesRoot) ? std::nullopt : oid;
   }
   // A name that UTF-8 cannot say would be another's.
   if (namesRoot.size() + 1 + bytes.size() > kMaxOidLength || base::FromUtf8(bytes) != text) return std::nullopt;
@@ -51,6 +56,20 @@ std::optional<Oid> OidOf(WideStringView text, const Oid& namesRoot) {
   oid.push_back(static_cast<std::uint32_t>(bytes.size()));
   for (const char octet : bytes) oid.push_back(static_cast<unsigned char>(octet));
   return oid;
+}
+
+WideString TextOf(const Oid& oid, const Oid& namesRoot) {
+  WideString text = NameOf(oid, namesRoot);
+  if (!text.empty()) return text;
+  for (const std::uint32_t number : oid) {
+    if (!text.empty()) text.push_back(u'.');
+    text += base::FromUtf8(std::to_string(number));
+  }
+  return text;
+}
+
+bool IsWithin(const Oid& oid, const Oid& root) {
+  return oid.size() >= root.size() && std::equal(root.begin(), root.end(), oid.begin());
 }
 
 }  // namespace snmp

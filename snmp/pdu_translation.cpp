@@ -119,6 +119,10 @@ OwnPdu PduOf(const Request& request) {
                                          [&request](const auto& command) { return command.second == request.command; });
   OwnPdu pdu(snmp_pdu_create(known->first));
   if (pdu && !AppendAll(request.variables, *pdu)) pdu.reset();
+  if (pdu && request.command == Command::kGetBulk) {
+    pdu->non_repeaters = static_cast<long>(request.nonRepeaters);
+    pdu->max_repetitions = static_cast<long>(request.maxRepetitions);
+  }
   return pdu;
 }
 

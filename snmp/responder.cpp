@@ -3,6 +3,7 @@
 #include "snmp/net_snmp_library.h"
 #include "snmp/net_snmp_user.h"
 #include "snmp/pdu_translation.h"
+#include "snmp/recent_sets.h"
 
 #include <netinet/in.h>
 #include <poll.h>
@@ -67,6 +68,7 @@ class UdpResponder : public Responder {
   const int stopped_ = eventfd(0, EFD_CLOEXEC);
   Endpoint where_;
   std::vector<Held> held_;
+  RecentSets recentSets_;
 };
 
 std::uint16_t PortOf(int socket) {
@@ -139,6 +141,22 @@ std::optional<Rights> UdpResponder::RightsOfUser(const netsnmp_pdu& pdu) const {
   return Rights{.write = user->mayWrite, .secrets = pdu.securityLevel == SNMP_SEC_LEVEL_AUTHPRIV};
 }
 
+std::string_view AddressOf(const netsnmp_pdu& pdu) {
+  return {static_cast<const char*>(pdu.transport_data), static_cast<std::size_t>(pdu.transport_data_length)};
+}
+
+// What one may do another may not, from the same address.
+RecentSets::Origin OriginOf(const netsnmp_pdu& pdu) {
+  std::string sender(AddressOf(pdu));
+  sender.append(1, static_cast<char>(pdu.version)).append(1, static_cast<char>(pdu.securityLevel));
+  if (pdu.version == SNMP_VERSION_3) {
+    sender.append(pdu.securityName, pdu.securityNameLen);
+  } else {
+    sender.append(reinterpret_cast<const char*>(pdu.community), pdu.community_len);
+  }
+  return {std::move(sender), pdu.reqid};
+}
+
 void UdpResponder::Take(const netsnmp_pdu& pdu) {
   const auto rights = RightsOf(pdu);
   const auto request = RequestOf(pdu);
@@ -147,6 +165,10 @@ void UdpResponder::Take(const netsnmp_pdu& pdu) {
   OwnPdu copy(snmp_clone_pdu(const_cast<netsnmp_pdu*>(&pdu)));
   if (!copy) return;
   if (!rights) return Reply({ErrorStatus::kAuthorizationError, 0, {}}, std::move(copy));
+  if (request->command == Command::kSet) {
+    const Response* done = recentSets_.Find(OriginOf(*copy), request->variables, Clock::now());
+    if (done != nullptr) return Reply(*done, std::move(copy));
+  }
   const auto delay = handler_.DelayOf(*request, *rights);
   if (delay.count() > 0) {
     Hold(std::move(copy), delay);
@@ -156,11 +178,7 @@ void UdpResponder::Take(const netsnmp_pdu& pdu) {
 }
 
 bool AreTheSame(const netsnmp_pdu& a, const netsnmp_pdu& b) {
-  const auto sender = [](const netsnmp_pdu& pdu) {
-    return std::string_view(static_cast<const char*>(pdu.transport_data),
-                            static_cast<std::size_t>(pdu.transport_data_length));
-  };
-  return a.reqid == b.reqid && a.command == b.command && sender(a) == sender(b);
+  return a.reqid == b.reqid && a.command == b.command && AddressOf(a) == AddressOf(b);
 }
 
 // A manager that has no patience asks again: one answer serves both, that to what it asked last.
@@ -187,7 +205,11 @@ void UdpResponder::AnswerThoseDue() {
 }
 
 void UdpResponder::Answer(const Request& request, Rights rights, OwnPdu copy) {
-  Reply(handler_.Answer(request, rights), std::move(copy));
+  Response response = handler_.Answer(request, rights);
+  if (request.command == Command::kSet) {
+    recentSets_.Add(OriginOf(*copy), request.variables, response, Clock::now());
+  }
+  Reply(response, std::move(copy));
 }
 
 void UdpResponder::Reply(const Response& response, OwnPdu copy) {

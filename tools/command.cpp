@@ -64,6 +64,10 @@ void Command::Exclude(const std::string& name, const std::string& other) {
   app_.get_option(name)->excludes(app_.get_option(other));
 }
 
+void Command::Need(const std::string& name, const std::string& other) {
+  app_.get_option(name)->needs(app_.get_option(other));
+}
+
 void Command::Remarks(const std::string& text) { app_.footer(text); }
 
 void Command::Do(std::function<int()> run) {

@@ -36,6 +36,8 @@ class Command {
               const std::function<void(const std::string& choice)>& take, const std::string& help);
   // Of two options only one may be given.
   void Exclude(const std::string& name, const std::string& other);
+  // An option says something only beside another.
+  void Need(const std::string& name, const std::string& other);
 
   // What stands below the options in --help.
   void Remarks(const std::string& text);

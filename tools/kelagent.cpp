@@ -6,6 +6,7 @@
 #include "simulator/instance_lock.h"
 #include "snmp/agent.h"
 #include "tools/command.h"
+#include "tools/kelagent_record.h"
 #include "version.h"
 
 #include <cstdlib>
@@ -18,6 +19,7 @@ struct Options {
   std::string root;
   std::string listen = snmp::kUsualPlace;
   std::string credentials;
+  RecordOptions record;
 };
 
 int Complain(const std::string& problem) {
@@ -55,7 +57,11 @@ int Serve(const std::filesystem::path& root, const snmp::AgentPlan& plan) {
   return kFine;
 }
 
-int Run(const Options& options) {
+int Run(Options& options) {
+  if (!options.record.device.empty()) {
+    options.record.credentials = options.credentials;
+    return RecordDevice(options.record);
+  }
   const auto variable = [](const char* name) -> const char* { return std::getenv(name); };
   snmp::AgentPlan plan;
   std::string problem = PlanAgent("--listen", options.listen, options.credentials, variable, plan);
@@ -76,6 +82,22 @@ void Describe(Command command, Options& options) {
   command.Text("--credentials", options.credentials,
                "a file that only its owner may read, with \"community = WORD\" (may read), \"write-community = WORD\" "
                "(may set) and users of version 3, as kelagent(1) says");
+  RecordOptions& record = options.record;
+  command.Text("--record", record.device,
+               "snmp://[USER@]HOST[:PORT]: read that device into a file for a simulated terminal, and end; the "
+               "credentials are those to ask with, and what they lack is asked for");
+  command.Text("-o,--output", record.output,
+               "the file to write, or a folder for a device.txt; only its owner may read it");
+  command.Text("--config", record.config,
+               "record the settings that a configuration names: a storage folder, an XML file or a registry file");
+  command.Text("--walk", record.walk, "record all below an OID, too");
+  command.Flag("--secrets", record.secrets, "record passwords and keys (Password, Hex, Hex32, lines of stars) as well");
+  command.Flag("--truth-values", record.truthValues, "a Bool of the device is 1 or 2 (TruthValue), not 1 or 0");
+  command.Flag("--force", record.force, "replace the file if it is there already");
+  for (const char* serving : {"--root", "--listen"}) command.Exclude(serving, "--record");
+  for (const char* own : {"--output", "--config", "--walk", "--secrets", "--truth-values", "--force"}) {
+    command.Need(own, "--record");
+  }
   command.Do([&options] { return Run(options); });
 }
 
@@ -92,8 +114,11 @@ int main(int count, char** arguments) {
       "user, KEL_SNMP_USER, KEL_SNMP_AUTH_PROTOCOL, KEL_SNMP_AUTH_PASSWORD, KEL_SNMP_PRIV_PROTOCOL, "
       "KEL_SNMP_PRIV_PASSWORD, KEL_SNMP_LEVEL and KEL_SNMP_WRITE.\n"
       "It runs until Ctrl-C, and says on standard output where it answers.\n"
-      "Exit status: 0 it was ended, 2 unusable arguments, credentials, storage or address.\n"
-      "Example: KEL_SNMP_COMMUNITY=look kelagent --root examples/small",
+      "--record lists on standard error what could not be read.\n"
+      "Exit status: 0 it was ended, or all is recorded, 1 recorded, but some of it could not be read, 2 unusable "
+      "arguments, credentials, storage, address, device or file: nothing is recorded.\n"
+      "Example: KEL_SNMP_COMMUNITY=look kelagent --root examples/small\n"
+      "Example: kelagent --record snmp://admin@10.0.0.5 --config my-terminal -o twin/device.txt",
       {},
       [&options](tools::Command command) { tools::Describe(command, options); }};
   return tools::RunCommandLine(program, {arguments + 1, arguments + count}, std::cout, std::cerr);

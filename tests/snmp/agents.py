@@ -104,6 +104,26 @@ class Folder(unittest.TestCase):
         self.address = line.rpartition(" at ")[2].strip()
         self.assertEqual(line, f"kelagent: {self.root} answers at {self.address}\n")
 
+    def start_snmpd(self, lines):
+        """Debian's own agent, as nobody special, on a port of its own."""
+        snmpd = shutil.which("snmpd", path=os.environ["PATH"] + ":/usr/sbin:/sbin")
+        if snmpd is None:
+            self.skipTest("snmpd is missing")
+        with socket.socket(socket.AF_INET, socket.SOCK_DGRAM) as probe:
+            probe.bind(("127.0.0.1", 0))
+            self.address = f"127.0.0.1:{probe.getsockname()[1]}"
+        folder = pathlib.Path(tempfile.mkdtemp(dir=self.home))
+        folder.chmod(0o777)
+        configuration = folder / "snmpd.conf"
+        configuration.write_text(lines)
+        environment = {**self.environment, "SNMP_PERSISTENT_DIR": str(folder), "SNMPCONFPATH": str(folder)}
+        self.agent = subprocess.Popen([snmpd, "-f", "-Lf", str(folder / "log"), "-C", "-c", str(configuration), "-p", str(folder / "pid"),
+                                       f"udp:{self.address}"], env=environment, stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+                                      encoding="utf-8", **self.user)
+        for _ in range(200):
+            if "Timeticks" in self.tool("snmpget", ["-v2c", "-clook", "-t", "0.2", "-r", "0"], "1.3.6.1.2.1.1.3.0"):
+                break
+
     def end(self, number=signal.SIGTERM):
         self.agent.send_signal(number)
         output = self.agent.communicate(timeout=60)

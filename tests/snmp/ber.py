@@ -33,12 +33,14 @@ def set_request(community, request_id, values):
     return _tlv(0x30, _integer(1) + _tlv(4, community.encode()) + pdu)
 
 
-GET, BULK = 0xA0, 0xA5
+GET, SET, BULK = 0xA0, 0xA3, 0xA5
 
 
 def v3_request(user, engine, boots, request_id, oids, command=GET, max_size=65507):
-    """A request that is neither signed nor encrypted. Without a user and an engine it asks which engine there is."""
-    variables = b"".join(_tlv(0x30, _oid(oid) + _tlv(5, b"")) for oid in oids)
+    """A request that is neither signed nor encrypted. Without a user and an engine it asks which engine there is. Of a
+    Set the values stand with the OIDs."""
+    values = [(oid, _value(value)) for oid, value in oids] if command == SET else [(oid, _tlv(5, b"")) for oid in oids]
+    variables = b"".join(_tlv(0x30, _oid(oid) + value) for oid, value in values)
     repetitions = 50 if command == BULK else 0
     pdu = _tlv(command, _integer(request_id) + _integer(0) + _integer(repetitions) + _tlv(0x30, variables))
     reportable, by_users = b"\x04", 3

@@ -11,6 +11,7 @@ import unittest
 
 import ber
 from agents import CANARY, CHANGE, ROOT, Folder, device, v3
+from relay import broken
 
 EACH = 300
 WORD = "sign-and-seal"
@@ -24,25 +25,6 @@ priv-password = {WORD}
 level = noAuthNoPriv
 write = yes
 """
-
-
-def broken(chance, whole):
-    """The datagram with some of its octets changed, left out, doubled or cut off."""
-    octets = bytearray(whole)
-    for _ in range(chance.randrange(1, 5)):
-        place = chance.randrange(len(octets))
-        kind = chance.randrange(5)
-        if kind < 2:
-            octets[place] = chance.randrange(256)
-        elif kind == 2:
-            octets[place] = chance.choice([0, 1, 0x7F, 0x80, 0x81, 0x84, 0xFF])
-        elif kind == 3:
-            del octets[place : place + chance.randrange(1, 9)]
-        else:
-            octets[place:place] = octets[place : place + chance.randrange(1, 9)]
-        if not octets:
-            return b"\0"
-    return bytes(octets)
 
 
 class Datagrams(Folder):
@@ -118,6 +100,27 @@ class Datagrams(Folder):
             return ber.response(datagram) == (77, 0, 0)
         except (IndexError, StopIteration, RuntimeError):
             return False
+
+    def test_that_come_twice_set_once(self):
+        asking = self.open()
+        engine = ber.engine_of(self.overheard("snmpget", v3("open", "noAuthNoPriv"), f"{ROOT}.1")[-1])
+        for make in (lambda number, value: ber.set_request("change", number, [(f"{ROOT}.1", value)]),
+                     lambda number, value: ber.v3_request("open", engine, 1, number, [(f"{ROOT}.1", value)], ber.SET)):
+            first, later = make(7, 5), make(8, 6)
+            answers = []
+            for datagram in (first, later, first):
+                asking.send(datagram)
+                answers.append(asking.recv(65535))
+            self.assertEqual(answers[0], answers[2])
+            self.assertEqual(self.get(1), "1 = INTEGER: 6\n")
+            asking.send(make(9, 5))
+            asking.recv(65535)
+            self.assertEqual(self.get(1), "1 = INTEGER: 5\n")
+        # The number is not enough.
+        asking.send(ber.set_request("change", 8, [(f"{ROOT}.1", 7)]))
+        asking.recv(65535)
+        self.assertEqual(self.get(1), "1 = INTEGER: 7\n")
+        self.assertEqual(self.end(), (0, ("", "")))
 
     def test_of_any_octets_and_lengths_do_not_end_it(self):
         chance = random.Random(5)

@@ -8,7 +8,6 @@ import re
 import select
 import shutil
 import signal
-import socket
 import subprocess
 import sys
 import tempfile
@@ -339,25 +338,9 @@ class OverAForeignAgent(Device):
 
     def setUp(self):
         super().setUp()
-        snmpd = shutil.which("snmpd", path=os.environ["PATH"] + ":/usr/sbin:/sbin")
-        if snmpd is None:
-            self.skipTest("snmpd is missing")
-        with socket.socket(socket.AF_INET, socket.SOCK_DGRAM) as probe:
-            probe.bind(("127.0.0.1", 0))
-            self.address = f"127.0.0.1:{probe.getsockname()[1]}"
-        folder = pathlib.Path(tempfile.mkdtemp(dir=self.home))
-        folder.chmod(0o777)
-        configuration = folder / "snmpd.conf"
-        configuration.write_text("rocommunity look\nrwcommunity change\n"
-                                 f'createUser admin SHA-512 "{KEYS["auth"]}" AES-256 "{KEYS["priv"]}"\n'
-                                 "rwuser admin authpriv\n")
-        environment = {**self.environment, "SNMP_PERSISTENT_DIR": str(folder), "SNMPCONFPATH": str(folder)}
-        self.agent = subprocess.Popen([snmpd, "-f", "-Lf", str(folder / "log"), "-C", "-c", str(configuration), "-p", str(folder / "pid"),
-                                       f"udp:{self.address}"], env=environment, stdout=subprocess.PIPE, stderr=subprocess.PIPE,
-                                      encoding="utf-8", **self.user)
-        for _ in range(200):
-            if "Timeticks" in self.tool("snmpget", ["-v2c", "-clook", "-t", "0.2", "-r", "0"], "1.3.6.1.2.1.1.3.0"):
-                break
+        self.start_snmpd("rocommunity look\nrwcommunity change\n"
+                         f'createUser admin SHA-512 "{KEYS["auth"]}" AES-256 "{KEYS["priv"]}"\n'
+                         "rwuser admin authpriv\n")
         self.configure([("1.1.0", "Octet String", ""), ("1.2.0", "Octet String", ""), ("1.3.0", "Time Ticks", ""), ("1.4.0", "Octet String", ""),
                         ("1.5.0", "Octet String", ""), ("2.1.0", "Integer", ""), ("11.1.0", "Counter", ""),
                         ("11.30.0", "Integer", ""), ("1.99.0", "Integer", "")], "1.3.6.1.2.1")

@@ -1,4 +1,4 @@
-"""A network between a manager and an agent that loses, doubles, delays and reorders datagrams."""
+"""A network between a manager and an agent that loses, doubles, delays, reorders and spoils datagrams."""
 
 import heapq
 import random
@@ -8,14 +8,33 @@ import threading
 import time
 
 
-class Relay:
-    """Datagrams to `port` go on to the agent at `address`, and its answers back. Chances are from 0 to 1, times in
-    seconds; each datagram takes `delay` and up to `jitter` more."""
+def broken(chance, whole):
+    """The datagram with some of its octets changed, left out, doubled or cut off."""
+    octets = bytearray(whole)
+    for _ in range(chance.randrange(1, 5)):
+        place = chance.randrange(len(octets))
+        kind = chance.randrange(5)
+        if kind < 2:
+            octets[place] = chance.randrange(256)
+        elif kind == 2:
+            octets[place] = chance.choice([0, 1, 0x7F, 0x80, 0x81, 0x84, 0xFF])
+        elif kind == 3:
+            del octets[place : place + chance.randrange(1, 9)]
+        else:
+            octets[place:place] = octets[place : place + chance.randrange(1, 9)]
+        if not octets:
+            return b"\0"
+    return bytes(octets)
 
-    def __init__(self, address, loss=0.0, twice=0.0, delay=0.0, jitter=0.0, seed=1):
+
+class Relay:
+    """Datagrams to `port` go on to the agent at `address`, and its answers back. Chances are from 0 to 1, that of
+    an answer to be `spoilt` too, times in seconds; each datagram takes `delay` and up to `jitter` more."""
+
+    def __init__(self, address, loss=0.0, twice=0.0, delay=0.0, jitter=0.0, spoilt=0.0, seed=1):
         host, port = address.rsplit(":", 1)
         self._agent = (host, int(port))
-        self.loss, self.twice, self.delay, self.jitter = loss, twice, delay, jitter
+        self.loss, self.twice, self.delay, self.jitter, self.spoilt = loss, twice, delay, jitter, spoilt
         self.passed = self.lost = 0
         self.most = None  # after so many nothing passes any more; None: as many as there are
         self._chance = random.Random(seed)
@@ -52,6 +71,8 @@ class Relay:
                 datagram, sender = came.recvfrom(65535)
                 if came is self._near:
                     self._manager = sender
+                elif self._chance.random() < self.spoilt:
+                    datagram = broken(self._chance, datagram)
                 for _ in range(self._copies()):
                     count += 1
                     due = time.monotonic() + self.delay + self._chance.random() * self.jitter
