@@ -65,9 +65,9 @@ std::wstring ThisLibrary() {
 // Where classes are registered.
 struct Classes {
   HKEY root;
-  const wchar_t* path;  // ends in a backslash, or is empty
+  const wchar_t* path;  // ends in a backslash
 };
-const Classes kOfTheMachine = {HKEY_CLASSES_ROOT, L""};
+const Classes kOfTheMachine = {HKEY_LOCAL_MACHINE, L"Software\\Classes\\"};
 const Classes kOfTheUser = {HKEY_CURRENT_USER, L"Software\\Classes\\"};
 
 // A key with a text; its default one when `name` is null.
@@ -111,6 +111,18 @@ HRESULT RegisterAll(const Classes& classes) {
   return S_OK;
 }
 
+// Whether classes of the user's own are found. Wine looks at those of the machine alone, and lets everybody write
+// there.
+bool FindsClassesOfTheUser() {
+  const std::wstring probe = L"KelProbe." + std::to_wstring(GetCurrentProcessId());
+  if (!Write(kOfTheUser, probe, nullptr, L"probe")) return false;
+  HKEY key = nullptr;
+  const bool found = RegOpenKeyExW(HKEY_CLASSES_ROOT, probe.c_str(), 0, KEY_QUERY_VALUE, &key) == ERROR_SUCCESS;
+  if (found) RegCloseKey(key);
+  Unregister(kOfTheUser, probe);
+  return found;
+}
+
 }  // namespace
 }  // namespace simulator
 
@@ -135,6 +147,7 @@ HRESULT WINAPI DllRegisterServer() { return simulator::RegisterAll(simulator::kO
 
 HRESULT WINAPI DllInstall(BOOL install, PCWSTR commandLine) {
   if (commandLine == nullptr || std::wstring_view(commandLine) != L"user") return E_INVALIDARG;
-  return install ? simulator::RegisterAll(simulator::kOfTheUser) : simulator::UnregisterAll(simulator::kOfTheUser);
+  const auto& classes = simulator::FindsClassesOfTheUser() ? simulator::kOfTheUser : simulator::kOfTheMachine;
+  return install ? simulator::RegisterAll(classes) : simulator::UnregisterAll(classes);
 }
 }

@@ -16,10 +16,10 @@ if errorlevel 1 (
 )
 if defined drive (
   cd /d %drive%\
-  start "" /wait "%here%KelLocalCfg.exe" %*
+  "%here%KelLocalCfg.exe" %*
 ) else (
   cd /d "%here%terminal"
-  for %%f in ("%here%terminal\Windows\ovu.xml") do start "" /wait "%here%KelLocalCfg.exe" %%~pnxf
+  for %%f in ("%here%terminal\Windows\ovu.xml") do "%here%KelLocalCfg.exe" %%~pnxf
 )
 cd /d "%here%"
 regsvr32 /s /u /n /i:user "%here%kel_device.dll"
