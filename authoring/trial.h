@@ -48,6 +48,10 @@ class Trial {
   model::MenuModel& Model() { return model_; }
   const model::MenuModel& Model() const { return model_; }
   rules::Rules& Rules() { return rules_; }
+  // Edits as the edit dialog makes them, to be applied by the rules' applier.
+  values::ValueCommitter Committer() { return {model_.Descriptors(), screen_, changes_, events_, edit_}; }
+  // Those that the next apply pulses.
+  const values::EventNames& Events() const { return events_; }
 
   // Reads everything from the device anew.
   void Rebuild();

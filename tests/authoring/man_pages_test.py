@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""man_pages_test.py KELCONF KELTERM [KELAGENT]: the manual pages are well written and say what --help says."""
+"""man_pages_test.py PROGRAMS...: the manual pages of these programs are well written and say what --help says."""
 
 import os
 import pathlib
@@ -8,6 +8,7 @@ import subprocess
 import sys
 import unittest
 
+WITH_COMMANDS = ("kelconf", "kelset")
 MAN = pathlib.Path(__file__).resolve().parents[2] / "man"
 
 
@@ -19,10 +20,13 @@ def run(*command):
 
 def helps():
     """The program that each page is about, with what its --help says."""
-    commands = re.findall(r"^  ([a-z]+)  ", run(KELCONF, "--help").stdout, re.MULTILINE)
-    programs = {"kelterm": [KELTERM], "kelconf": [KELCONF], **({"kelagent": [KELAGENT]} if KELAGENT else {})}
-    programs.update({f"kelconf-{command}": [KELCONF, command] for command in commands})
-    return {name: run(*program, "--help").stdout for name, program in programs.items()}
+    helps = {}
+    for program in PROGRAMS:
+        helps[program.name] = run(program, "--help").stdout
+        if program.name in WITH_COMMANDS:
+            for command in re.findall(r"^  ([a-z]+)  ", helps[program.name], re.MULTILINE):
+                helps[f"{program.name}-{command}"] = run(program, command, "--help").stdout
+    return helps
 
 
 def options_of_help(text):
@@ -43,7 +47,7 @@ class ManPages(unittest.TestCase):
     def setUp(self):
         self.helps = helps()
         self.pages = {path.stem: path.read_text(encoding="utf-8") for path in MAN.glob("*.1")}
-        if not KELAGENT:  # it is not built everywhere
+        if "kelagent" not in self.helps:  # it is not built everywhere
             self.pages.pop("kelagent")
 
     def test_every_program_and_command_has_a_page(self):
@@ -85,7 +89,6 @@ class ManPages(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    KELAGENT = pathlib.Path(sys.argv.pop(3)).resolve() if len(sys.argv) > 3 else None
-    KELTERM = pathlib.Path(sys.argv.pop(2)).resolve()
-    KELCONF = pathlib.Path(sys.argv.pop(1)).resolve()
+    PROGRAMS = [pathlib.Path(path).resolve() for path in sys.argv[1:]]
+    del sys.argv[1:]
     unittest.main()

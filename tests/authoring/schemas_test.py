@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""schemas_test.py KELCONF: what kelconf prints as JSON fits the schemas in docs, and nothing else does."""
+"""schemas_test.py KELCONF [KELSET]: what they print as JSON fits the schemas in docs, and nothing else does."""
 
 import copy
 import json
@@ -21,19 +21,26 @@ FAULTY = """<GROUP name="R"><DisplayName>R</DisplayName>
 <GROUP name="B"><DisplayName>B</DisplayName></GROUP></GROUP>
 """
 
+WANTED = """Network: {Name: TRUCK-08}
+Wireless:
+  Authentication: WPA-PSK
+  Encryption: TKIP
+  Radio: {Channel: 7}
+"""
 
-def run(*arguments):
-    return subprocess.run([KELCONF, *map(str, arguments)], capture_output=True, encoding="utf-8", check=False)
+
+def run(*arguments, program=None):
+    return subprocess.run([program or KELCONF, *map(str, arguments)], capture_output=True, encoding="utf-8", check=False)
 
 
-def answer(*arguments):
-    result = run(*arguments, "--format", "json")
+def answer(*arguments, program=None):
+    result = run(*arguments, "--format", "json", program=program)
     assert result.returncode in (0, 1), result.stderr
     return json.loads(result.stdout)
 
 
-def validator(command):
-    schema = json.loads((HOUSE / "docs" / f"kelconf-{command}.schema.json").read_text())
+def validator(command, program="kelconf"):
+    schema = json.loads((HOUSE / "docs" / f"{program}-{command}.schema.json").read_text())
     kind = validators.validator_for(schema)
     kind.check_schema(schema)
     return kind(schema)
@@ -48,8 +55,8 @@ def objects(value):
 
 
 class Schemas(unittest.TestCase):
-    def hold(self, command, documents):
-        checks = validator(command)
+    def hold(self, command, documents, program="kelconf"):
+        checks = validator(command, program)
         for document in documents:
             self.assertEqual([error.message for error in checks.iter_errors(document)], [])
         # A schema that lets through what is never printed says nothing.
@@ -68,11 +75,14 @@ class Schemas(unittest.TestCase):
         self.assertGreater(seen, 0)
 
     def test_every_command_that_answers_in_json_has_one(self):
-        commands = re.findall(r"^  ([a-z]+)  ", run("--help").stdout, re.MULTILINE)
-        self.assertIn("check", commands)
-        with_json = {command for command in commands if "json" in run(command, "--help").stdout}
-        schemas = {path.name[len("kelconf-") : -len(".schema.json")] for path in (HOUSE / "docs").glob("*.schema.json")}
-        self.assertEqual(with_json, schemas)
+        for name, program in {"kelconf": KELCONF, "kelset": KELSET}.items():
+            if program is None:
+                continue
+            commands = re.findall(r"^  ([a-z]+)  ", run("--help", program=program).stdout, re.MULTILINE)
+            self.assertGreater(len(commands), 2)
+            with_json = {command for command in commands if "json" in run(command, "--help", program=program).stdout}
+            schemas = {path.name[len(name) + 1 : -len(".schema.json")] for path in (HOUSE / "docs").glob(f"{name}-*.schema.json")}
+            self.assertEqual(with_json, schemas)
 
     def test_check(self):
         with tempfile.TemporaryDirectory() as folder:
@@ -113,7 +123,20 @@ class Schemas(unittest.TestCase):
         self.hold("diff", [changes])
         self.assertEqual([], list(validator("diff").iter_errors(answer("diff", DEMONSTRATION, SMALL))))
 
+    def test_kelset(self):
+        if KELSET is None:
+            self.skipTest("it is not built here")
+        with tempfile.TemporaryDirectory() as folder:
+            file = pathlib.Path(folder) / "s.yaml"
+            file.write_text(WANTED)
+            plan = answer("plan", DEMONSTRATION, file, program=KELSET)
+            self.assertTrue(plan["refused"][0]["because"] and plan["events"] and plan["remarks"])
+            self.assertEqual({one["origin"] for one in plan["sets"]}, {"asked", "follows", "command"})
+            self.hold("plan", [plan], "kelset")
+            self.hold("verify", [answer("verify", DEMONSTRATION, file, program=KELSET)], "kelset")
+
 
 if __name__ == "__main__":
+    KELSET = sys.argv.pop(2) if len(sys.argv) > 2 else None
     KELCONF = sys.argv.pop(1)
     unittest.main()

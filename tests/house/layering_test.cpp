@@ -199,7 +199,8 @@ struct Annex {
 const std::vector<Annex> kAnnexes = {
     {"authoring", {"authoring", "simulator"}, {"nlohmann/"}},
     {"snmp", {"snmp", "simulator"}, {}},
-    {"tools", {"tools", "authoring", "simulator", "snmp"}, {"nlohmann/", "CLI/"}},
+    {"settings", {"settings", "authoring", "simulator"}, {"yaml-cpp/", "nlohmann/"}},
+    {"tools", {"tools", "authoring", "settings", "simulator", "snmp"}, {"nlohmann/", "CLI/"}},
 };
 
 // The only sources that see net-snmp's library, and with it the sockets.

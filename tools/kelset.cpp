@@ -1,0 +1,9 @@
+#include "tools/console.h"
+#include "tools/kelset_program.h"
+
+#include <iostream>
+
+int main(int count, char** arguments) {
+  const tools::Console console(count, arguments);
+  return tools::RunKelset(console.Arguments(), {std::cout, std::cerr, console.IsErrorATerminal()});
+}
