@@ -193,6 +193,12 @@ int Run(const Options& options, Outcome& outcome) {
     if (people) people->Tell(u"Warm boot", told);
     if (!people) outcome.remark = std::move(told);
   };
+  if (network) {
+    network->TellDoubts([&](const std::string& told) {
+      if (people) people->Tell(u"Not known", told);
+      if (!people) outcome.remark = told;
+    });
+  }
   if (network) parts.elsewhere = {[&network] { return network->Device(); }, network->Address(), restart};
   // What cannot be opened now changes once more, and stays as it was until then.
   if (options.watch) parts.beforeStartingAgain = open;

@@ -111,6 +111,11 @@ std::unique_ptr<platform::ISnmpConfig> NetworkDevice::Device() {
   snmp::DeviceHabits habits;
   habits.truthValues = truthValues_;
   habits.acts = [this](WideStringView oid, WideStringView type) { return oid == restartOid_ || Acts(oid, type); };
+  habits.inDoubt = [this](WideStringView oid) {
+    if (!tellDoubt_) return;
+    tellDoubt_("The terminal at " + address_ + " did not answer to a command, the Set of " + base::ToUtf8(oid) +
+               ": nobody knows whether it was carried out. Look there before you choose it again.");
+  };
   return MakeSnmpDevice(inquiry_, std::move(habits));
 }
 

@@ -6,8 +6,10 @@
 #include "snmp/net_session.h"
 #include "snmp/snmp_device.h"
 
+#include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 
 namespace simulator {
 
@@ -26,6 +28,9 @@ class NetworkDevice {
   const std::string& Place() const { return place_; }      // host and port
   const std::string& Address() const { return address_; }  // its own, on the network
 
+  // Is told what the person should know of something that the device may have done or not.
+  void TellDoubts(std::function<void(const std::string& told)> tell) { tellDoubt_ = std::move(tell); }
+
   // What a warm boot comes to: sets the OID that restarts the device, if one was named. What the person is to be told.
   std::string Restart();
 
@@ -39,6 +44,7 @@ class NetworkDevice {
   const std::string address_;
   const WideString restartOid_;
   const bool truthValues_;
+  std::function<void(const std::string& told)> tellDoubt_;
   const std::unique_ptr<snmp::Session> session_;
   snmp::Inquiry inquiry_;
 };

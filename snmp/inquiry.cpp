@@ -245,11 +245,11 @@ Session::Clock::duration Inquiry::UsualWait() const {
 }
 
 platform::ResultCode Inquiry::Set(const Variable& variable, Again again) {
+  isInDoubt_ = false;
   if (again == Again::kNever) return Act(variable);
   if (IsLeftAlone()) return kTimedOut;
   for (int left = 2; left > 0; --left) {
-    const platform::ResultCode code = SetOnce(variable, kPatienceForSet);
-    if (code != kTimedOut) return code;
+    if (const auto code = SetOnce(variable, kPatienceForSet)) return *code;
     // Either the request was lost or the answer.
     const Reading now = Get({{variable.oid}}).front();
     if (now.Is(variable.value)) return platform::kOk;
@@ -262,19 +262,19 @@ platform::ResultCode Inquiry::Set(const Variable& variable, Again again) {
 platform::ResultCode Inquiry::Act(const Variable& variable) {
   const Reading before = Get({{variable.oid}}).front();
   if (before.code == kTimedOut) return kTimedOut;
-  const platform::ResultCode code = SetOnce(variable, kPatienceForAct);
-  if (code != kTimedOut || before.Is(variable.value)) return code;
-  return Get({{variable.oid}}).front().Is(variable.value) ? platform::kOk : kTimedOut;
+  if (const auto code = SetOnce(variable, kPatienceForAct)) return *code;
+  isInDoubt_ = before.Is(variable.value) || !Get({{variable.oid}}).front().Is(variable.value);
+  return isInDoubt_ ? kTimedOut : platform::kOk;
 }
 
-platform::ResultCode Inquiry::SetOnce(const Variable& variable, Clock::duration patience) {
+std::optional<platform::ResultCode> Inquiry::SetOnce(const Variable& variable, Clock::duration patience) {
   const Request request{Command::kSet, 0, 0, {variable}};
   const auto until = session_.Now() + patience;
   bool isReopened = false;
   auto ticket = session_.Send(request);
   while (ticket) {
     const auto arrival = session_.Receive(until);
-    if (!arrival) return kTimedOut;
+    if (!arrival) return std::nullopt;
     Heard(*arrival);
     if (arrival->ticket != *ticket) continue;
     if (arrival->kind == ArrivalKind::kResponse) return ResultOfError(arrival->response.status);

@@ -40,6 +40,9 @@ class Inquiry {
   // Where nothing is heard, what the device has then says whether it was done. kTimedOut: nobody knows, or it was not.
   platform::ResultCode Set(const Variable& variable, Again again);
 
+  // Whether the last Set was one of those of which nobody knows whether the device has done it.
+  bool IsInDoubt() const { return isInDoubt_; }
+
   // Why the device does not even read what is asked, since it last answered; kResponse: it does.
   ArrivalKind Refusal() const { return refusal_; }
 
@@ -53,11 +56,13 @@ class Inquiry {
   std::optional<Session::Arrival> AskInSession(const Request& request);
   Clock::duration UsualWait() const;
   platform::ResultCode Act(const Variable& variable);
-  platform::ResultCode SetOnce(const Variable& variable, Clock::duration patience);
+  // Nothing: it was sent, and nothing was heard.
+  std::optional<platform::ResultCode> SetOnce(const Variable& variable, Clock::duration patience);
 
   Session& session_;
   std::optional<Clock::time_point> aloneUntil_;
   Clock::duration roundTrip_ = std::chrono::milliseconds(125);  // about
+  bool isInDoubt_ = false;
   ArrivalKind refusal_ = ArrivalKind::kResponse;
 };
 

@@ -117,7 +117,9 @@ ResultCode SnmpDevice::Set(const WideString& oid, const WideString& type, const 
   if (!sent || sent->bytes.size() > kLongestValue) return kInvalidArgument;
   if (IsTruthValue(type, travelsAs) && sent->number == 0) sent->number = 2;
   const bool acts = habits_.acts && habits_.acts(oid, type);
-  return inquiry_.Set({*name, std::move(*sent)}, acts ? Again::kNever : Again::kOnce);
+  const ResultCode code = inquiry_.Set({*name, std::move(*sent)}, acts ? Again::kNever : Again::kOnce);
+  if (habits_.inDoubt && inquiry_.IsInDoubt()) habits_.inDoubt(oid);
+  return code;
 }
 
 bool SnmpDevice::IsTruthValue(WideStringView type, ValueType received) const {

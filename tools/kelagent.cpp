@@ -58,7 +58,7 @@ int Serve(const std::filesystem::path& root, const snmp::AgentPlan& plan) {
 }
 
 int Run(Options& options) {
-  if (!options.record.device.empty()) {
+  if (!options.record.device.empty() || !options.record.output.empty()) {
     options.record.credentials = options.credentials;
     return RecordDevice(options.record);
   }

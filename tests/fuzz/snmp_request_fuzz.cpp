@@ -1,4 +1,5 @@
 // Requests of any kind to an agent: whatever is asked, the answer is one that may be sent, and walks get on.
+#include "fuzz_bytes.h"
 #include "fuzz_storage.h"
 #include "snmp/request_handler.h"
 
@@ -11,6 +12,8 @@
 
 namespace {
 
+using fuzz::Bytes;
+using fuzz::Require;
 using snmp::Request;
 using snmp::ValueType;
 
@@ -19,18 +22,6 @@ constexpr const char* kAgentsDevice =
     "1.3.1\tInteger\t5\n1.3.2\tOctet String\ttext\n1.3.3\tIP Address\t10.0.0.1\n1.3.4\tBool\t1\treadonly\n"
     "1.3.5\tGauge\t1\tget=0x80004005\n1.3.6\tInteger\t1\tset=0x80004005\n1.3.7\tInteger\t1\tnull\n"
     "1.3.8\tInteger\t1\tdelay=5\n1.3.9\tPassword\tsecret\n1.3.10\tTime Ticks\t1\na|b\tHex\tab\n";
-
-// Takes what the input holds, and zeros when it has come to its end.
-class Bytes {
- public:
-  Bytes(const std::uint8_t* data, std::size_t size) : at_(data), end_(data + size) {}
-  bool AreLeft() const { return at_ != end_; }
-  std::uint8_t Next() { return at_ == end_ ? std::uint8_t{0} : *at_++; }
-
- private:
-  const std::uint8_t* at_;
-  const std::uint8_t* end_;
-};
 
 snmp::Variable NextVariable(Bytes& bytes) {
   snmp::Variable variable{{1, 3}, {}};
@@ -60,10 +51,6 @@ bool GetsOn(const Request& request, const snmp::Response& response) {
     if (isEnd ? response.variables[i].oid != from : response.variables[i].oid <= from) return false;
   }
   return true;
-}
-
-void Require(bool holds) {
-  if (!holds) std::abort();
 }
 
 void Check(const Request& request, snmp::Rights rights, const snmp::Response& response, bool hasChanged) {

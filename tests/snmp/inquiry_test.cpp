@@ -380,12 +380,21 @@ TEST_F(SetTest, ThatActsIsNotTakenForDoneByAValueThatWasThereBefore) {
     Meet({fate});
     EXPECT_EQ(snmp::kTimedOut, Set(snmp::Again::kNever));
     EXPECT_EQ(fate == Fate::kLost ? 0 : 1, done);
+    EXPECT_TRUE(inquiry.IsInDoubt());
   }
+  Meet({Fate::kDone});
+  EXPECT_EQ(platform::kOk, Set(snmp::Again::kNever));
+  EXPECT_FALSE(inquiry.IsInDoubt());
+  stored = ValueNumber(4);
+  Meet({Fate::kAnswerLost});
+  EXPECT_EQ(platform::kOk, Set(snmp::Again::kNever));
+  EXPECT_FALSE(inquiry.IsInDoubt());
 }
 
 TEST_F(SetTest, ThatActsIsNotSentToADeviceThatIsGone) {
   LoseFirst(1000);
   EXPECT_EQ(snmp::kTimedOut, Set(snmp::Again::kNever));
+  EXPECT_FALSE(inquiry.IsInDoubt());
   EXPECT_EQ(0, std::count_if(session.sent.begin(), session.sent.end(),
                              [](const Request& request) { return request.command == snmp::Command::kSet; }));
 }

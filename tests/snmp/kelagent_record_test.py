@@ -206,6 +206,7 @@ class Arguments(Recording):
         broken.write_text("<GROUP name='R'><X></GROUP>")
         for options, problem in [
             (["--walk", "x"], "--walk takes an OID\n"),
+            (["--record", ""], "a device is snmp://"),
             ([], "--record takes a configuration by --config, or --walk\n"),
             (["--config", self.home / "none.xml"], f"{self.home}/none.xml: there is no such file or folder\n"),
             (["--config", broken], f"{broken}:1: "),

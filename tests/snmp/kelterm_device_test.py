@@ -224,8 +224,8 @@ class OverABadNetwork(Device):
         self.serve()
         relay = self.relay(loss=0.2, jitter=0.05, seed=4)
         # Enter chooses the command, or closes what the one before has to say.
-        status, printed, _ = self.play("wait\nkey 1\n" + "key Enter\n" * 10 + "effects\n",
-                                       device=f"snmp://admin@127.0.0.1:{relay.port}")
+        status, printed, said = self.play("wait\nkey 1\n" + "key Enter\n" * 10 + "effects\n",
+                                          device=f"snmp://admin@127.0.0.1:{relay.port}")
         self.assertEqual(status, 0)
         self.assertGreater(relay.lost, 3)
         asked = re.findall(rf'set {re.escape(acts)} "Integer" "5677765" -> (0x\w+)', printed)
@@ -233,6 +233,9 @@ class OverABadNetwork(Device):
         self.assertLessEqual(done, len(asked))
         self.assertGreaterEqual(done, asked.count("0x00000000"))
         self.assertGreater(done, 0)
+        doubt = (f"kelterm: The terminal at 127.0.0.1 did not answer to a command, the Set of {acts}: nobody knows whether it was "
+                 "carried out. Look there before you choose it again.\n")
+        self.assertIn(said, ("", doubt) if "0x800705B4" in asked else ("",))
 
 
 class AtATerminal(Device):

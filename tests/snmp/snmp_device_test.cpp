@@ -228,6 +228,22 @@ TEST_F(ReadAheadTest, TheTypeThatWasReadAheadCountsForASet) {
   EXPECT_EQ(Number(kGauge32, 5), Sent());
 }
 
+TEST_F(SnmpDeviceTest, OfACommandThatMayHaveBeenDoneSomebodyIsTold) {
+  std::vector<WideString> told;
+  Meet({.acts = [](WideStringView oid, WideStringView) { return oid != u"1.3.2"; },
+        .inDoubt = [&told](WideStringView oid) { told.emplace_back(oid); }});
+  At(u"1.3.1") = At(u"1.3.2") = Number(kInteger, 5);
+  session.device = [this](const Request& request) {
+    const Response response = Answer(request);
+    const bool isLost = request.command == snmp::Command::kSet;
+    return isLost ? std::vector<ScriptedSession::Later>{} : std::vector<ScriptedSession::Later>{{10ms, response}};
+  };
+  EXPECT_EQ(platform::kTimedOut, Set(u"1.3.1", u"Integer", u"5"));
+  EXPECT_EQ(platform::kOk, Set(u"1.3.1", u"Integer", u"6"));
+  EXPECT_EQ(platform::kOk, Set(u"1.3.2", u"Integer", u"5"));
+  EXPECT_EQ(std::vector<WideString>{u"1.3.1"}, told);
+}
+
 TEST_F(ReadAheadTest, WhatItDidNotBringIsAskedForAlone) {
   session.device = [this](const Request& request) {
     if (request.variables.size() > 1) return std::vector<ScriptedSession::Later>{};
