@@ -58,7 +58,7 @@ std::optional<Oid> OidOf(WideStringView text, const Oid& namesRoot) {
   return oid;
 }
 
-WideString TextOf(const Oid& oid, const Oid& namesRoot) {
+WideString OidText(const Oid& oid, const Oid& namesRoot) {
   WideString text = NameOf(oid, namesRoot);
   if (!text.empty()) return text;
   for (const std::uint32_t number : oid) {

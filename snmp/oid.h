@@ -29,7 +29,7 @@ inline const Oid kUpTime = {1, 3, 6, 1, 2, 1, 1, 3, 0};
 std::optional<Oid> OidOf(WideStringView text, const Oid& namesRoot = kNamesRoot);
 
 // The text that has this identifier: a name where one has it, else dotted numbers.
-WideString TextOf(const Oid& oid, const Oid& namesRoot = kNamesRoot);
+WideString OidText(const Oid& oid, const Oid& namesRoot = kNamesRoot);
 
 // It is the root, or stands below it.
 bool IsWithin(const Oid& oid, const Oid& root);

@@ -14,12 +14,12 @@ namespace snmp {
 namespace {
 
 // How each type of a value is called on the network, and which type of a setting travels so.
-const struct TypeRow {
+const struct WireType {
   ValueType type;
   const char* wireName;
   WideStringView settingType;
   bool isItsOwn = true;  // a setting of that type travels as this
-} kTypes[] = {
+} kWireTypes[] = {
     {ValueType::kInteger, "INTEGER", u"Integer"},
     {ValueType::kOctets, "OCTET STRING", u"Octet String"},
     {ValueType::kIpAddress, "IpAddress", u"IP Address"},
@@ -31,8 +31,9 @@ const struct TypeRow {
     {ValueType::kCounter64, "Counter64", u"Octet String", false},
 };
 
-const TypeRow& RowOf(ValueType type) {
-  return *std::find_if(std::begin(kTypes), std::end(kTypes), [type](const TypeRow& row) { return row.type == type; });
+const WireType& WireTypeOf(ValueType type) {
+  return *std::find_if(std::begin(kWireTypes), std::end(kWireTypes),
+                       [type](const WireType& row) { return row.type == type; });
 }
 
 std::string WhyNot(const Reading& reading) {
@@ -106,7 +107,7 @@ void Recorder::Take(const Sought& sought, Reading reading) {
     if (sought.isExpected || !isAbsent) Miss(base::ToUtf8(sought.oid), WhyNot(reading));
     return;
   }
-  const TypeRow& received = RowOf(value.type);
+  const WireType& received = WireTypeOf(value.type);
   const WideString type = sought.type.empty() ? WideString(received.settingType) : sought.type;
   if (TravelsAs(type) != value.type) {
     Remark(sought.oid,
@@ -137,8 +138,8 @@ void Recorder::ReadBelow(const Oid& root) {
 void Recorder::TakeOther(const Variable& variable) {
   auto text = ReceivedText(variable.value);
   if (!text) return;
-  const TypeRow& row = RowOf(variable.value.type);
-  simulator::DeviceLine line{TextOf(variable.oid), WideString(row.settingType), std::move(*text), {}, {}};
+  const WireType& row = WireTypeOf(variable.value.type);
+  simulator::DeviceLine line{OidText(variable.oid), WideString(row.settingType), std::move(*text), {}, {}};
   if (!row.isItsOwn) {
     line.optionsText = u"readonly";
     ++asTexts_;
@@ -148,7 +149,7 @@ void Recorder::TakeOther(const Variable& variable) {
 }
 
 void Recorder::SayHowItEnded(const Oid& root, const Walked& walked) {
-  const std::string last = base::ToUtf8(TextOf(walked.variables.empty() ? root : walked.variables.back().oid));
+  const std::string last = base::ToUtf8(OidText(walked.variables.empty() ? root : walked.variables.back().oid));
   switch (walked.end) {
     case WalkEnd::kAll: break;
     case WalkEnd::kNoAnswer: recording_.isBroken = true; break;

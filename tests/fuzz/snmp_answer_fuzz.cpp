@@ -152,7 +152,7 @@ void Walk(Device& device, snmp::Inquiry& inquiry) {
 
 void UseDevice(Device& device, snmp::Inquiry& inquiry, Bytes& bytes) {
   const auto over = MakeSnmpDevice(inquiry, {});
-  const WideString oid = snmp::TextOf(OidNumber(bytes.Next() % 8));
+  const WideString oid = snmp::OidText(OidNumber(bytes.Next() % 8));
   if (bytes.Next() % 2 != 0) {
     over->ReadAhead([&oid] {
       return std::vector<platform::Setting>{{u"1.3.1", u"Bool"}, {oid, u"Hex"}, {oid, u"Hex"}};

@@ -1,5 +1,6 @@
 """What the tests of agents have in common: storages of their own, agents on them, and net-snmp's tools."""
 
+import concurrent.futures
 import os
 import pathlib
 import re
@@ -7,6 +8,7 @@ import shutil
 import signal
 import socket
 import subprocess
+import sys
 import tempfile
 import unittest
 
@@ -27,6 +29,30 @@ def v3(user, level, auth=None, priv=None):
     return ["-v3", "-u", user, "-l", level, *signed, *(["-x", priv[0], "-X", priv[1]] if priv else [])]
 
 
+def main(at_once=4):
+    """Runs the module's tests, or those that the arguments name, several at once: most of their time they wait."""
+    def tests_in(suite):
+        return [test for part in suite for test in (tests_in(part) if isinstance(part, unittest.TestSuite) else [part])]
+
+    module, names, loader = sys.modules["__main__"], sys.argv[1:], unittest.defaultTestLoader
+    tests = tests_in(loader.loadTestsFromNames(names, module) if names else loader.loadTestsFromModule(module))
+    classes = {type(test) for test in tests}
+    for each in classes:
+        each.setUpClass()
+    try:
+        with concurrent.futures.ThreadPoolExecutor(at_once) as pool:
+            results = list(pool.map(lambda test: test.run(unittest.TestResult()), tests))
+    finally:
+        for each in classes:
+            each.tearDownClass()
+    failures = [failure for result in results for failure in result.failures + result.errors]
+    for test, trace in failures:
+        print(f"FAILED {test}\n{trace}")
+    skipped = sum(len(result.skipped) for result in results)
+    print(f"{len(tests)} tests, {len(failures)} failures, {skipped} skipped")
+    sys.exit(bool(failures) or not tests)
+
+
 class Folder(unittest.TestCase):
     """A storage of the test's own, and agents on it that run as nobody where the tests run as root."""
 
@@ -34,31 +60,33 @@ class Folder(unittest.TestCase):
 
     @classmethod
     def setUpClass(cls):
-        cls.home = pathlib.Path(tempfile.mkdtemp(prefix="kel-agent-"))
-        cls.home.chmod(0o755)
-        (cls.home / "tools" / "cert_indexes").mkdir(parents=True)
-        cls.kelagent = cls.home / "kelagent"
+        cls.base = pathlib.Path(tempfile.mkdtemp(prefix="kel-agent-"))
+        cls.base.chmod(0o755)
+        cls.kelagent = cls.base / "kelagent"
         shutil.copy(cls.built, cls.kelagent)
-        cls.state = cls.home / "state"
-        cls.state.mkdir()
-        cls.state.chmod(0o777)
         cls.user = {"user": 65534, "group": 65534, "extra_groups": []} if os.getuid() == 0 else {}
-        cls.environment = {
-            "PATH": os.environ["PATH"],
-            "LC_ALL": "C.UTF-8",
-            "HOME": str(cls.home),
-            "XDG_STATE_HOME": str(cls.state),
-            # What the tools find on the machine says nothing here.
-            "SNMPCONFPATH": str(cls.home),
-            "SNMP_PERSISTENT_DIR": str(cls.home / "tools"),
-            "MIBS": "",
-        }
 
     @classmethod
     def tearDownClass(cls):
-        shutil.rmtree(cls.home)
+        shutil.rmtree(cls.base)
 
     def setUp(self):
+        self.home = pathlib.Path(tempfile.mkdtemp(dir=self.base))
+        self.home.chmod(0o755)
+        (self.home / "tools" / "cert_indexes").mkdir(parents=True)
+        self.state = self.home / "state"
+        self.state.mkdir()
+        self.state.chmod(0o777)
+        self.environment = {
+            "PATH": os.environ["PATH"],
+            "LC_ALL": "C.UTF-8",
+            "HOME": str(self.home),
+            "XDG_STATE_HOME": str(self.state),
+            # What the tools find on the machine says nothing here.
+            "SNMPCONFPATH": str(self.home),
+            "SNMP_PERSISTENT_DIR": str(self.home / "tools"),
+            "MIBS": "",
+        }
         self.root = pathlib.Path(tempfile.mkdtemp(dir=self.home))
         self.agent = None
 

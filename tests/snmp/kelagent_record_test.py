@@ -206,17 +206,19 @@ class Arguments(Recording):
         broken.write_text("<GROUP name='R'><X></GROUP>")
         for options, problem in [
             (["--walk", "x"], "--walk takes an OID\n"),
-            (["--record", ""], "a device is snmp://"),
             ([], "--record takes a configuration by --config, or --walk\n"),
             (["--config", self.home / "none.xml"], f"{self.home}/none.xml: there is no such file or folder\n"),
             (["--config", broken], f"{broken}:1: "),
             (["--walk", "1.3", "--root", self.root], "--root excludes --record\n"),
         ]:
             self.assertIn(problem, self.refused(*options))
+        nowhere = subprocess.run([self.built, "--record", "", "-o", self.file], env=self.environment, encoding="utf-8",
+                                 capture_output=True, check=False)
+        self.assertEqual((nowhere.returncode, nowhere.stdout), (2, ""))
         alone = subprocess.run([self.built, "--secrets"], env=self.environment, encoding="utf-8", capture_output=True, check=False)
         self.assertEqual((alone.returncode, alone.stderr.splitlines()[0]), (2, "kelagent: --secrets requires --record"))
 
 
 if __name__ == "__main__":
     Folder.built = pathlib.Path(sys.argv.pop(1)).resolve()
-    unittest.main()
+    agents.main()

@@ -9,8 +9,8 @@ import shutil
 import signal
 import subprocess
 import sys
-import unittest
 
+import agents
 import ber
 from agents import CANARY, CHANGE, LOOK, PROMPTLY, ROOT, Folder, device
 
@@ -197,4 +197,4 @@ class Datagrams(Folder):
 if __name__ == "__main__":
     KELTERM = pathlib.Path(sys.argv.pop(2)).resolve()
     Folder.built = pathlib.Path(sys.argv.pop(1)).resolve()
-    unittest.main()
+    agents.main()

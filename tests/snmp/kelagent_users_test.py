@@ -5,8 +5,8 @@ import itertools
 import pathlib
 import signal
 import sys
-import unittest
 
+import agents
 import ber
 from agents import CANARY, CHANGE, LOOK, PROMPTLY, ROOT, Folder, device, v3
 
@@ -87,6 +87,7 @@ class Users(Folder):
         self.assertEqual(self.set((1, "i", "3"), options=v3("writer", "noAuthNoPriv")), "1 = INTEGER: 3\n")
 
     def test_secrets_go_only_where_nobody_listens(self):
+        self.write(device(["1\tOctet String\ttext", f"2\tPassword\t{CANARY}", f"3\tHex\t{CANARY}"]))
         self.serve()
         sealed = v3("writer", "authPriv", SHA, AES)
         self.assertEqual(self.get(2, 3, options=sealed), f'2 = STRING: "{CANARY}"\n3 = STRING: "{CANARY}"\n')
@@ -187,4 +188,4 @@ class Users(Folder):
 
 if __name__ == "__main__":
     Folder.built = pathlib.Path(sys.argv.pop(1)).resolve()
-    unittest.main()
+    agents.main()

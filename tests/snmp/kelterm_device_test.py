@@ -2,6 +2,8 @@
 """kelterm_device_test.py KELAGENT KELTERM: the utility on a device over the network, by kelagent, by Debian's snmpd, and
 over a network that loses what it is given."""
 
+import concurrent.futures
+import itertools
 import os
 import pathlib
 import re
@@ -114,13 +116,20 @@ class OverAnAgent(Device):
         ]:
             user = re.search(r"user (\w+)", words).group(1)
             self.assertEqual(self.play("wait\n", user=f"{user}@", words=self.own(words)), (2, "", f"kelterm: {problem}"))
-        for words, user, alike in [
-            (ADMIN.replace(KEYS["priv"], "wrong-password"), "admin@", "by SNMP version 3; a wrong privacy password looks like that, too"),
-            ("community = wrong\n", "", "by SNMP version 2c; a wrong community looks like that, too"),
-        ]:
-            status, printed, said = self.play("wait\n", user=user, words=self.own(words))
-            self.assertEqual((status, printed), (2, ""))
-            self.assertRegex(said, rf"^kelterm: no answer from snmp://.*, asked several times in [\d.]+ s {alike}\n$")
+
+    def assert_nobody_answers(self, user, words, alike):
+        self.write("")
+        self.serve()
+        status, printed, said = self.play("wait\n", user=user, words=self.own(words))
+        self.assertEqual((status, printed), (2, ""))
+        self.assertRegex(said, rf"^kelterm: no answer from snmp://.*, asked several times in [\d.]+ s {alike}\n$")
+
+    def test_a_wrong_privacy_password_may_be_why_nobody_answers(self):
+        self.assert_nobody_answers("admin@", ADMIN.replace(KEYS["priv"], "wrong-password"),
+                                   "by SNMP version 3; a wrong privacy password looks like that, too")
+
+    def test_a_wrong_community_may_be_why_nobody_answers(self):
+        self.assert_nobody_answers("", "community = wrong\n", "by SNMP version 2c; a wrong community looks like that, too")
 
     def test_has_no_words_of_its_own(self):
         self.address = "127.0.0.1:1"
@@ -207,11 +216,17 @@ class OverABadNetwork(Device):
         self.serve()
         pages = "wait\ndump\n" + "key 9\ndump\n" * 3
         expected = self.play(pages)
-        for faults in ({"loss": 0.1}, {"twice": 0.5}, {"jitter": 0.2}, {"loss": 0.1, "twice": 0.2, "delay": 0.02, "jitter": 0.1}):
-            for user, words in (("admin@", ADMIN), ("", "community = look\n")):
-                relay = self.relay(**faults)
-                played = self.play(pages, device=f"snmp://{user}127.0.0.1:{relay.port}", words=self.own(words))
-                self.assertEqual(played, expected, faults)
+        self.own("community = look\n" + ADMIN)
+        networks = [{"loss": 0.1}, {"twice": 0.5}, {"jitter": 0.2}, {"loss": 0.1, "twice": 0.2, "delay": 0.02, "jitter": 0.1}]
+
+        def one(case):
+            user, faults = case
+            return self.play(pages, device=f"snmp://{user}127.0.0.1:{self.relay(**faults).port}")
+
+        cases = list(itertools.product(["admin@", ""], networks))
+        with concurrent.futures.ThreadPoolExecutor(4) as plays:
+            for case, played in zip(cases, plays.map(one, cases)):
+                self.assertEqual(played, expected, case)
                 self.assertEqual(played[1].count("Unavailable"), 0)
 
     def test_what_acts_is_done_once_a_key_or_not_at_all(self):
@@ -222,20 +237,25 @@ class OverABadNetwork(Device):
             '<GROUP name="CONFIGAPP"><GROUP name="a"><DisplayName>Menu</DisplayName><GROUP name="b">'
             "<DisplayName>Apply</DisplayName><Function>ApplyNetworkSettings</Function></GROUP></GROUP></GROUP>")
         self.serve()
-        relay = self.relay(loss=0.2, jitter=0.05, seed=4)
-        # Enter chooses the command, or closes what the one before has to say.
-        status, printed, said = self.play("wait\nkey 1\n" + "key Enter\n" * 10 + "effects\n",
-                                          device=f"snmp://admin@127.0.0.1:{relay.port}")
-        self.assertEqual(status, 0)
-        self.assertGreater(relay.lost, 3)
-        asked = re.findall(rf'set {re.escape(acts)} "Integer" "5677765" -> (0x\w+)', printed)
+
+        # Enter chooses the command.
+        def one(relay):
+            return self.play("wait\nkey 1\nkey Enter\neffects\n", device=f"snmp://admin@127.0.0.1:{relay.port}")
+
+        relays = [self.relay(loss=0.2, jitter=0.05, seed=seed) for seed in range(6)]
+        asked = []
+        doubt = (f"kelterm: The terminal at 127.0.0.1 did not answer to a command, the Set of {acts}: nobody knows whether it was "
+                 "carried out. Look there before you choose it again.\n")
+        with concurrent.futures.ThreadPoolExecutor(6) as plays:
+            for status, printed, said in plays.map(one, relays):
+                self.assertEqual(status, 0, said)
+                asked += re.findall(rf'set {re.escape(acts)} "Integer" "5677765" -> (0x\w+)', printed)
+                self.assertIn(said, ("", doubt) if "0x800705B4" in printed else ("",))
+        self.assertGreater(sum(relay.lost for relay in relays), 6)
         done = self.read().count(f"{acts}\tInteger\t5677765\n")
         self.assertLessEqual(done, len(asked))
         self.assertGreaterEqual(done, asked.count("0x00000000"))
         self.assertGreater(done, 0)
-        doubt = (f"kelterm: The terminal at 127.0.0.1 did not answer to a command, the Set of {acts}: nobody knows whether it was "
-                 "carried out. Look there before you choose it again.\n")
-        self.assertIn(said, ("", doubt) if "0x800705B4" in asked else ("",))
 
 
 class AtATerminal(Device):
@@ -374,4 +394,4 @@ class OverAForeignAgent(Device):
 if __name__ == "__main__":
     KELTERM = pathlib.Path(sys.argv.pop(2)).resolve()
     Folder.built = pathlib.Path(sys.argv.pop(1)).resolve()
-    unittest.main()
+    agents.main()

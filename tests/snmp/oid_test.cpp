@@ -24,14 +24,14 @@ TEST(SnmpOid, NamesWithBarsStandBelowTheirRootWithTheirLength) {
 
 TEST(SnmpOid, AnIdentifierHasTheTextThatItComesFrom) {
   for (const WideStringView text : {u"1.3.6.1.4.1.4242.10.1.1.0", u"0.0", u"cfg|80211PM|ActiveProfile", u"ü|"}) {
-    EXPECT_EQ(text, snmp::TextOf(*OidOf(text)));
+    EXPECT_EQ(text, snmp::OidText(*OidOf(text)));
   }
   // Where names stand, but none is: a wrong length, no bar, the root itself.
   const WideString root = u"1.3.6.1.4.1.4242.20.1";
-  EXPECT_EQ(root + u".3.97.124", snmp::TextOf({1, 3, 6, 1, 4, 1, 4242, 20, 1, 3, 'a', '|'}));
-  EXPECT_EQ(root + u".2.97.98", snmp::TextOf({1, 3, 6, 1, 4, 1, 4242, 20, 1, 2, 'a', 'b'}));
-  EXPECT_EQ(root + u".1.380", snmp::TextOf({1, 3, 6, 1, 4, 1, 4242, 20, 1, 1, 256 + '|'}));
-  EXPECT_EQ(root, snmp::TextOf(snmp::kNamesRoot));
+  EXPECT_EQ(root + u".3.97.124", snmp::OidText({1, 3, 6, 1, 4, 1, 4242, 20, 1, 3, 'a', '|'}));
+  EXPECT_EQ(root + u".2.97.98", snmp::OidText({1, 3, 6, 1, 4, 1, 4242, 20, 1, 2, 'a', 'b'}));
+  EXPECT_EQ(root + u".1.380", snmp::OidText({1, 3, 6, 1, 4, 1, 4242, 20, 1, 1, 256 + '|'}));
+  EXPECT_EQ(root, snmp::OidText(snmp::kNamesRoot));
 }
 
 TEST(SnmpOid, WhatNoMessageCanNameIsNone) {
