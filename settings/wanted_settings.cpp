@@ -51,8 +51,7 @@ class Resolver {
 
   // A secret in a file that many may read is none any more.
   bool FillIn(const GivenSetting& given, WantedSetting& setting) {
-    using Kind = GivenValue::Kind;
-    if (given.value.kind == Kind::kSecret) {
+    if (given.value.kind == GivenValue::Kind::kSecret) {
       const std::string name = base::ToUtf8(given.value.text);
       auto secret = secrets_ ? secrets_(given.value.text) : std::nullopt;
       if (!secret) {
@@ -63,7 +62,7 @@ class Resolver {
       setting.isSecret = true;
       return true;
     }
-    const bool isOpen = given.value.kind == Kind::kShown || given.value.kind == Kind::kRaw;
+    const bool isOpen = given.value.kind == GivenValue::Kind::kShown || given.value.kind == GivenValue::Kind::kRaw;
     if (!setting.isSecret || !isOpen) return true;
     Complain(given, "\"" + setting.name + "\" is a secret: write \"!secret NAME\", and give that by --secrets FILE");
     return false;
