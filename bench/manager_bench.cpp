@@ -33,7 +33,7 @@ int Run(const std::string& place, const std::string& root, unsigned long count) 
   for (std::size_t i = 0; i < readings.size(); ++i) {
     const auto text = readings[i].code == platform::kOk ? snmp::ReceivedText(readings[i].value) : std::nullopt;
     if (!text) return Complain("not all could be read");
-    std::cout << base::ToUtf8(snmp::OidText(wanted[i].oid)) << " = STRING: \"" << base::ToUtf8(*text) << "\"\n";
+    std::cout << root << '.' << wanted[i].oid.back() << " = STRING: \"" << base::ToUtf8(*text) << "\"\n";
   }
   return 0;
 }

@@ -156,11 +156,20 @@ int DeviceStore::DelayMs(const WideString& oid) {
 }
 
 platform::ResultCode DeviceStore::Get(const WideString& oid, std::optional<WideString>& value) {
+  const DeviceLine* line = Find(oid);
+  value.reset();
+  return line == nullptr ? platform::kFailed : Get(*line, value);
+}
+
+const DeviceLine* DeviceStore::Find(const WideString& oid) {
+  const std::lock_guard lock(mutex_);
+  const auto found = lines_.find(oid);
+  return found == lines_.end() ? nullptr : &found->second;
+}
+
+platform::ResultCode DeviceStore::Get(const DeviceLine& line, std::optional<WideString>& value) {
   const std::lock_guard lock(mutex_);
   value.reset();
-  const auto found = lines_.find(oid);
-  if (found == lines_.end()) return platform::kFailed;
-  const DeviceLine& line = found->second;
   const platform::ResultCode code = line.options.get.value_or(platform::kOk);
   if (code >= 0 && !line.options.null) value = line.value;
   return code;

@@ -77,6 +77,11 @@ class DeviceStore {
 
   platform::ResultCode Get(const WideString& oid, std::optional<WideString>& value);
 
+  // The place of a value, which stays as long as this lives: for whoever reads it again and again. What it holds is
+  // read by Get() alone. Null for an OID that is not there.
+  const DeviceLine* Find(const WideString& oid);
+  platform::ResultCode Get(const DeviceLine& line, std::optional<WideString>& value);
+
   // Returns when the value is on disk; on any failure nothing has changed. Whenever the process is killed, the file
   // holds the state before this call or after it.
   platform::ResultCode Set(const WideString& oid, const WideString& value);

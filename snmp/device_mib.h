@@ -18,6 +18,7 @@ struct Setting {
   Oid oid;
   WideString oidText;
   WideString type;
+  const simulator::DeviceLine* line = nullptr;  // the store's
   simulator::DeviceOptions options;
   bool isSecret = false;
 
@@ -25,7 +26,7 @@ struct Setting {
   bool Fails() const { return options.get && *options.get < 0; }
 };
 
-// The store's settings never come or go: only their values change.
+// The store's settings never come or go: only their values change. Of one thread at a time.
 class DeviceMib {
  public:
   // The store must live longer.
@@ -50,6 +51,9 @@ class DeviceMib {
   std::vector<std::size_t> walk_;
   std::vector<std::size_t> walkWithSecrets_;
   std::vector<WideString> unserved_;
+  // Who asks for many mostly does so in order: where the next is to be found, if it is.
+  mutable std::size_t nextFound_ = 0;   // in settings_
+  mutable std::size_t nextWalked_ = 0;  // in one of the walks
   bool hasDelays_ = false;
 };
 

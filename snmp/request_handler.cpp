@@ -135,7 +135,7 @@ Variable RequestHandler::Next(const Oid& oid, Reading& reading) {
 Value RequestHandler::ValueNow(const Setting& setting, Reading& reading) {
   reading.delay += std::chrono::milliseconds(setting.options.delayMs);
   std::optional<WideString> text;
-  store_.Get(setting.oidText, text);
+  store_.Get(*setting.line, text);
   return text ? ValueOf(setting.type, *text) : Value{ValueType::kNoSuchInstance, 0, {}};
 }
 

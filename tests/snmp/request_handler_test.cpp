@@ -4,7 +4,9 @@
 #include "tests/platform/temporary_root.h"
 #include "tests/printing.h"
 
+#include <iterator>
 #include <map>
+#include <random>
 
 namespace {
 
@@ -317,6 +319,21 @@ TEST(RequestHandler, WalksOfAnyStepSeeTheSame) {
   const auto byNext = walk(0);
   EXPECT_EQ(300u, byNext.size());
   for (const std::int64_t step : {1, 10, 50, 1000}) EXPECT_EQ(byNext, walk(step)) << step;
+}
+
+TEST(RequestHandler, WhateverWasAskedBeforeTheAnswerIsTheSame) {
+  Agent used;
+  std::mt19937 chance(11);
+  const char16_t* const oids[] = {u"1.3",    u"1.3.3",  u"1.3.4",  u"1.3.9", u"1.3.11",
+                                  u"1.3.12", u"1.3.13", u"1.3.99", u"a|b"};
+  for (int i = 0; i < 300; ++i) {
+    const auto* const oid = oids[chance() % std::size(oids)];
+    const Command command = chance() % 2 == 0 ? Command::kGet : Command::kGetNext;
+    const Rights rights = chance() % 2 == 0 ? kReader : kTrusted;
+    Agent fresh;
+    const Request request{command, 0, 0, Agent::Asked({oid, oid, oids[chance() % std::size(oids)]})};
+    EXPECT_EQ(fresh.Handle(request, rights), used.Handle(request, rights)) << i;
+  }
 }
 
 }  // namespace
