@@ -30,11 +30,14 @@ int Run(const std::string& place, const std::string& root, unsigned long count) 
     wanted.back().oid.push_back(number);
   }
   const auto readings = inquiry.Get(wanted);
+  std::string lines;
   for (std::size_t i = 0; i < readings.size(); ++i) {
     const auto text = readings[i].code == platform::kOk ? snmp::ReceivedText(readings[i].value) : std::nullopt;
     if (!text) return Complain("not all could be read");
-    std::cout << root << '.' << wanted[i].oid.back() << " = STRING: \"" << base::ToUtf8(*text) << "\"\n";
+    lines.append(root).append(".").append(std::to_string(wanted[i].oid.back())).append(" = STRING: \"");
+    lines.append(base::ToUtf8(*text)).append("\"\n");
   }
+  std::cout << lines;
   return 0;
 }
 

@@ -47,11 +47,12 @@ Value ValueOf(const netsnmp_variable_list& from) {
 
 std::vector<Variable> VariablesOf(const netsnmp_pdu& pdu) {
   std::vector<Variable> variables;
+  variables.reserve(static_cast<std::size_t>(count_varbinds(pdu.variables)));
   for (const netsnmp_variable_list* from = pdu.variables; from != nullptr; from = from->next_variable) {
     Variable& variable = variables.emplace_back();
-    for (std::size_t i = 0; i < from->name_length; ++i) {
-      variable.oid.push_back(static_cast<std::uint32_t>(from->name[i]));
-    }
+    variable.oid.resize(from->name_length);
+    std::transform(from->name, from->name + from->name_length, variable.oid.begin(),
+                   [](oid number) { return static_cast<std::uint32_t>(number); });
     variable.value = ValueOf(*from);
   }
   return variables;

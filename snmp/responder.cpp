@@ -53,7 +53,7 @@ class UdpResponder : public Responder {
   void Take(const netsnmp_pdu& pdu);
   void Hold(OwnPdu request, std::chrono::milliseconds delay);
   void AnswerThoseDue();
-  void Answer(const Request& request, Rights rights, OwnPdu copy);
+  void Answer(const Request& request, Rights rights, const netsnmp_pdu& pdu);
   void Reply(const Response& response, OwnPdu copy);
   bool Send(OwnPdu& response);
   std::optional<Rights> RightsOf(const netsnmp_pdu& pdu) const;
@@ -157,23 +157,30 @@ RecentSets::Origin OriginOf(const netsnmp_pdu& pdu) {
   return {std::move(sender), pdu.reqid};
 }
 
+// The library frees the request itself. Null when there is no memory.
+OwnPdu Clone(const netsnmp_pdu& pdu) { return OwnPdu(snmp_clone_pdu(const_cast<netsnmp_pdu*>(&pdu))); }
+
+// A variable is large, and most answers have others.
+OwnPdu CloneWithoutVariables(const netsnmp_pdu& pdu) {
+  netsnmp_pdu bare = pdu;
+  bare.variables = nullptr;
+  return Clone(bare);
+}
+
 void UdpResponder::Take(const netsnmp_pdu& pdu) {
   const auto rights = RightsOf(pdu);
   const auto request = RequestOf(pdu);
   if (!request || (!rights && pdu.version != SNMP_VERSION_3)) return;
-  // The library frees the request itself.
-  OwnPdu copy(snmp_clone_pdu(const_cast<netsnmp_pdu*>(&pdu)));
-  if (!copy) return;
-  if (!rights) return Reply({ErrorStatus::kAuthorizationError, 0, {}}, std::move(copy));
+  if (!rights) return Reply({ErrorStatus::kAuthorizationError, 0, {}}, Clone(pdu));
   if (request->command == Command::kSet) {
-    const Response* done = recentSets_.Find(OriginOf(*copy), request->variables, Clock::now());
-    if (done != nullptr) return Reply(*done, std::move(copy));
+    const Response* done = recentSets_.Find(OriginOf(pdu), request->variables, Clock::now());
+    if (done != nullptr) return Reply(*done, Clone(pdu));
   }
   const auto delay = handler_.DelayOf(*request, *rights);
   if (delay.count() > 0) {
-    Hold(std::move(copy), delay);
+    Hold(Clone(pdu), delay);
   } else {
-    Answer(*request, *rights, std::move(copy));
+    Answer(*request, *rights, pdu);
   }
 }
 
@@ -183,6 +190,7 @@ bool AreTheSame(const netsnmp_pdu& a, const netsnmp_pdu& b) {
 
 // A manager that has no patience asks again: one answer serves both, that to what it asked last.
 void UdpResponder::Hold(OwnPdu request, std::chrono::milliseconds delay) {
+  if (!request) return;
   const auto held = std::find_if(held_.begin(), held_.end(),
                                  [&request](const Held& one) { return AreTheSame(*one.request, *request); });
   if (held != held_.end()) {
@@ -200,19 +208,19 @@ void UdpResponder::AnswerThoseDue() {
   for (Held& held : due) {
     const auto rights = RightsOf(*held.request);
     const auto request = RequestOf(*held.request);
-    if (rights && request) Answer(*request, *rights, std::move(held.request));
+    if (rights && request) Answer(*request, *rights, *held.request);
   }
 }
 
-void UdpResponder::Answer(const Request& request, Rights rights, OwnPdu copy) {
-  Response response = handler_.Answer(request, rights);
-  if (request.command == Command::kSet) {
-    recentSets_.Add(OriginOf(*copy), request.variables, response, Clock::now());
-  }
-  Reply(response, std::move(copy));
+void UdpResponder::Answer(const Request& request, Rights rights, const netsnmp_pdu& pdu) {
+  const Response response = handler_.Answer(request, rights);
+  if (request.command == Command::kSet) recentSets_.Add(OriginOf(pdu), request.variables, response, Clock::now());
+  const bool givesOwn = request.command != Command::kSet && response.status == ErrorStatus::kNoError;
+  Reply(response, givesOwn ? CloneWithoutVariables(pdu) : Clone(pdu));
 }
 
 void UdpResponder::Reply(const Response& response, OwnPdu copy) {
+  if (!copy) return;
   MakeResponse(response, *copy);
   if (Send(copy)) return;
   MakeResponse({ErrorStatus::kTooBig, 0, {}}, *copy);
