@@ -6,7 +6,7 @@
 # and needs no rights, when all is there.
 set -eu
 
-packages=(cmake g++ libcli11-dev libncurses-dev libsnmp-dev libyaml-cpp-dev ninja-build nlohmann-json3-dev pkg-config)
+packages=(cmake g++ libcli11-dev libncurses-dev libsnmp-dev libssl-dev libyaml-cpp-dev ninja-build nlohmann-json3-dev pkg-config)
 if [ "${1:-}" = package ]; then
   packages+=(bash-completion debhelper dpkg-dev fonts-wine g++-mingw-w64-x86-64-posix git imagemagick lintian
     mingw-w64-tools mmdebstrap python3 unzip wine wine64 xdotool xvfb)

@@ -18,7 +18,10 @@ int RunKelset(const std::vector<std::string>& arguments, SetStreams streams) {
       {
           {"export", "the settings of a terminal as a file to edit", with(DescribeExport)},
           {"plan", "what a settings file would set, in which order, and what is refused and why", with(DescribePlan)},
+          {"apply", "sets what a settings file wants, reads it back and reports", with(DescribeApply)},
           {"verify", "which settings a terminal has otherwise than a file wants them", with(DescribeVerify)},
+          {"undo", "takes back what an apply has set", with(DescribeUndo)},
+          {"resume", "goes on with an apply that was cut short", with(DescribeResume)},
       }};
   return RunCommandLine(program, arguments, streams.out, streams.errors);
 }

@@ -23,6 +23,9 @@ struct SetStreams {
 void DescribeExport(Command command, SetStreams& streams);
 void DescribePlan(Command command, SetStreams& streams);
 void DescribeVerify(Command command, SetStreams& streams);
+void DescribeApply(Command command, SetStreams& streams);
+void DescribeUndo(Command command, SetStreams& streams);
+void DescribeResume(Command command, SetStreams& streams);
 
 // Runs the program with arguments as a shell gives them, without its name.
 int RunKelset(const std::vector<std::string>& arguments, SetStreams streams);

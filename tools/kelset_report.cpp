@@ -71,6 +71,10 @@ void PrintPlan(const Plan& plan, std::ostream& out) {
   for (const WideString& event : plan.events) out << "event " << base::ToUtf8(event) << '\n';
   for (const std::string& remark : plan.remarks) out << "the menus would say: " << remark << '\n';
   if (plan.needsRestart) out << "the terminal is to be restarted for that\n";
+  PrintRefusals(plan, out);
+}
+
+void PrintRefusals(const Plan& plan, std::ostream& out) {
   for (const settings::Refusal& refusal : plan.refusals) {
     const WantedSetting& setting = plan.wanted[refusal.setting];
     out << "refused  " << setting.name << " (" << settings::ToText(setting.at) << "): " << refusal.why << '\n';

@@ -11,6 +11,7 @@
 namespace tools {
 
 void PrintPlan(const settings::Plan& plan, std::ostream& out);
+void PrintRefusals(const settings::Plan& plan, std::ostream& out);
 nlohmann::ordered_json ToJson(const settings::Plan& plan);
 
 void PrintDifferences(const std::vector<settings::WantedSetting>& wanted,

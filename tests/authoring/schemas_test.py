@@ -5,6 +5,7 @@ import copy
 import json
 import pathlib
 import re
+import shutil
 import subprocess
 import sys
 import tempfile
@@ -134,6 +135,12 @@ class Schemas(unittest.TestCase):
             self.assertEqual({one["origin"] for one in plan["sets"]}, {"asked", "follows", "command"})
             self.hold("plan", [plan], "kelset")
             self.hold("verify", [answer("verify", DEMONSTRATION, file, program=KELSET)], "kelset")
+            terminal = pathlib.Path(folder) / "terminal"
+            shutil.copytree(DEMONSTRATION, terminal)
+            journal = pathlib.Path(folder) / "journal"
+            applied = answer("apply", terminal, file, "--journal", journal, program=KELSET)
+            self.assertEqual({one["result"] for one in applied["sets"]}, {"set"})
+            self.hold("apply", [applied, answer("apply", terminal, file, program=KELSET)], "kelset")
 
 
 if __name__ == "__main__":
