@@ -8,12 +8,12 @@ namespace settings {
 namespace {
 
 using platform::ResultCode;
-using Kind = SetResult::Kind;
-using Origin = PlannedSet::Origin;
+using Outcome = SetResult::Kind;
+
 
 SetResult ResultOf(ResultCode code) {
-  if (code >= 0) return {Kind::kDone, code};
-  return {IsRefusal(code) ? Kind::kRefused : Kind::kFailed, code};
+  if (code >= 0) return {Outcome::kDone, code};
+  return {IsRefusal(code) ? Outcome::kRefused : Outcome::kFailed, code};
 }
 
 const std::string kNoAnswer = "the device failed on the way";
@@ -46,14 +46,14 @@ class Run {
  private:
   void Note(std::size_t number, SetResult result) {
     out_.results[number] = result;
-    if (result.kind == Kind::kRefused) {
+    if (result.kind == Outcome::kRefused) {
       for (const std::size_t cause : sets_[number].causes) refused_.insert(cause);
     }
   }
 
   // Nothing follows from an edit that the device did not take.
   bool IsLeftOut(const PlannedSet& set) const {
-    if (set.origin == Origin::kAsked || set.causes.empty()) return false;
+    if (set.origin == PlannedSet::Origin::kAsked || set.causes.empty()) return false;
     return std::all_of(set.causes.begin(), set.causes.end(), [this](std::size_t c) { return refused_.contains(c); });
   }
 
@@ -66,7 +66,7 @@ class Run {
     std::vector<TargetSet> sets;
     for (std::size_t i = first; i < end; ++i) {
       if (IsLeftOut(sets_[i])) {
-        out_.results[i] = {Kind::kLeftOut, platform::kFalse};
+        out_.results[i] = {Outcome::kLeftOut, platform::kFalse};
       } else {
         numbers.push_back(i);
         sets.push_back({sets_[i].oid, sets_[i].type, sets_[i].value});
@@ -77,7 +77,7 @@ class Run {
     ReadBack(first, end);
     const auto failed = std::find_if(out_.results.begin() + static_cast<std::ptrdiff_t>(first),
                                      out_.results.begin() + static_cast<std::ptrdiff_t>(end),
-                                     [](const SetResult& result) { return result.kind == Kind::kFailed; });
+                                     [](const SetResult& result) { return result.kind == Outcome::kFailed; });
     const auto done = static_cast<std::size_t>(failed - out_.results.begin());
     if (done != end) out_.problem = kNoAnswer;
     std::vector<ResultCode> answers;
@@ -91,13 +91,13 @@ class Run {
     for (std::size_t i = end; i > first; --i) {
       const PlannedSet& set = sets_[i - 1];
       SetResult& result = out_.results[i - 1];
-      if (result.kind != Kind::kDone || !seen.insert(set.oid).second || set.origin == Origin::kCommand) continue;
+      if (result.kind != Outcome::kDone || !seen.insert(set.oid).second || set.origin == PlannedSet::Origin::kCommand) continue;
       std::optional<WideString> text;
       const ResultCode code = target_.Get(set.oid, set.type, text);
       if (code < 0) {
-        result = {Kind::kFailed, code};
+        result = {Outcome::kFailed, code};
       } else if (text != set.value) {
-        result.kind = Kind::kKeptOld;
+        result.kind = Outcome::kKeptOld;
       }
     }
   }
@@ -122,10 +122,10 @@ class UndoRun {
       if (seen.insert(record_.sets[i].oid).second) {
         firsts.push_back(i);
       } else {
-        out_.results[i].kind = Kind::kNotNeeded;
+        out_.results[i].kind = Outcome::kNotNeeded;
       }
     }
-    const auto isCommand = [this](std::size_t i) { return record_.sets[i].origin == Origin::kCommand; };
+    const auto isCommand = [this](std::size_t i) { return record_.sets[i].origin == PlannedSet::Origin::kCommand; };
     std::reverse(firsts.begin(), firsts.end());
     std::stable_partition(firsts.begin(), firsts.end(), [&](std::size_t i) { return !isCommand(i); });
     bool hasChanged = false;
@@ -133,7 +133,7 @@ class UndoRun {
       if (!out_.problem.empty()) break;
       if (isCommand(i) && hasChanged && !Tell(i)) break;
       PutBack(i);
-      hasChanged = hasChanged || out_.results[i].kind == Kind::kDone;
+      hasChanged = hasChanged || out_.results[i].kind == Outcome::kDone;
     }
     return std::move(out_);
   }
@@ -142,7 +142,7 @@ class UndoRun {
   bool Tell(std::size_t number) {
     const PlannedSet& set = record_.sets[number];
     out_.results[number] = ResultOf(target_.Set({{set.oid, set.type, set.value}}).front());
-    if (out_.results[number].kind == Kind::kFailed) out_.problem = kNoAnswer;
+    if (out_.results[number].kind == Outcome::kFailed) out_.problem = kNoAnswer;
     return out_.problem.empty();
   }
 
@@ -150,20 +150,20 @@ class UndoRun {
     const PlannedSet& set = record_.sets[number];
     SetResult& result = out_.results[number];
     if (!set.before) {
-      result.kind = Kind::kUnknown;
+      result.kind = Outcome::kUnknown;
       return;
     }
     std::optional<WideString> text;
     result = ResultOf(target_.Get(set.oid, set.type, text));
     if (result.code >= 0 && text == set.before) {
-      result.kind = Kind::kNotNeeded;
+      result.kind = Outcome::kNotNeeded;
     } else if (result.code >= 0) {
       result = ResultOf(target_.Set({{set.oid, set.type, *set.before}}).front());
-      if (result.kind == Kind::kDone && target_.Get(set.oid, set.type, text) >= 0 && text != set.before) {
-        result.kind = Kind::kKeptOld;
+      if (result.kind == Outcome::kDone && target_.Get(set.oid, set.type, text) >= 0 && text != set.before) {
+        result.kind = Outcome::kKeptOld;
       }
     }
-    if (result.kind == Kind::kFailed) out_.problem = kNoAnswer;
+    if (result.kind == Outcome::kFailed) out_.problem = kNoAnswer;
   }
 
   const JournalRecord& record_;
@@ -176,7 +176,7 @@ class UndoRun {
 bool CarriedOut::IsComplete(std::size_t begun) const {
   const auto end = results.begin() + static_cast<std::ptrdiff_t>(begun);
   return problem.empty() && std::all_of(results.begin(), end, [](const SetResult& result) {
-           return result.kind == Kind::kDone || result.kind == Kind::kNotNeeded;
+           return result.kind == Outcome::kDone || result.kind == Outcome::kNotNeeded;
          });
 }
 

@@ -19,7 +19,7 @@ using values::ChoiceFormat;
 using values::EntryMode;
 using values::PropertyDescriptor;
 using values::PropertyValue;
-using Kind = GivenValue::Kind;
+using GivenKind = GivenValue::Kind;
 
 Reading Refuse(std::string why) { return {std::nullopt, std::move(why)}; }
 
@@ -62,7 +62,7 @@ std::string ListOf(const ChoiceFormat& choices) {
 Reading ReadChoice(const PropertyDescriptor& property, const GivenValue& given) {
   const ChoiceFormat choices = property.Choices();
   EnteredValue entered{given.text, EntryMode::kChoice, {}};
-  if (given.kind != Kind::kShown && given.kind != Kind::kSecret) {
+  if (given.kind != GivenKind::kShown && given.kind != GivenKind::kSecret) {
     PropertyValue value;
     property.ParseValue(given.text, value);
     const auto index = choices.IndexOf(value);
@@ -126,11 +126,11 @@ Reading ReadTime(const PropertyDescriptor& property, const WideString& text) {
 }
 
 WideString TextOf(const PropertyDescriptor& property, const GivenValue& given) {
-  const bool isStoredAddress = given.kind == Kind::kStored && !given.text.empty() &&
+  const bool isStoredAddress = given.kind == GivenKind::kStored && !given.text.empty() &&
                                values::TypeCodeOf(property.HeldType()) == values::TypeCode::kIpAddress &&
                                given.text.find(u'.') == WideString::npos;
   if (isStoredAddress) return values::DottedIpAddress(base::ToLong(given.text));
-  return given.kind == Kind::kDefault ? WideString(property.Attributes().Get(TextId::kDefVal)) : given.text;
+  return given.kind == GivenKind::kDefault ? WideString(property.Attributes().Get(TextId::kDefVal)) : given.text;
 }
 
 }  // namespace
@@ -146,7 +146,7 @@ Reading ReadAsEntered(const PropertyDescriptor& property, const ui::EditorTable&
   const ui::EditRequest request = editors.MakeRequest(property);
   GivenValue value = given;
   value.text = TextOf(property, given);
-  if (given.kind == Kind::kDefault && value.text.empty()) return Refuse("the configuration gives it no factory value");
+  if (given.kind == GivenKind::kDefault && value.text.empty()) return Refuse("the configuration gives it no factory value");
   switch (ChooseEntryKind(request)) {
     case EntryKind::kNone: return Refuse("it has no editor in the menus");
     case EntryKind::kText:
@@ -165,7 +165,7 @@ Reading ReadAsEntered(const PropertyDescriptor& property, const ui::EditorTable&
 bool IsPresent(const PropertyDescriptor& property, const GivenValue& given, const Reading& reading) {
   const WideString present = property.GetValue().AsText();
   if (!reading.entered) {
-    if (given.kind == Kind::kShown || given.kind == Kind::kSecret) return false;
+    if (given.kind == GivenKind::kShown || given.kind == GivenKind::kSecret) return false;
     PropertyValue value;
     property.ParseValue(TextOf(property, given), value);
     return value.AsText() == present;
