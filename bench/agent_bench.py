@@ -47,13 +47,13 @@ class Agents:
         self.environment = {"PATH": os.environ["PATH"] + ":/usr/sbin", "HOME": str(home), "MIBS": "",
                             "SNMPCONFPATH": str(home), "SNMP_PERSISTENT_DIR": str(home / "tools")}
 
-    def start_kelagent(self, *options):
+    def start_kelagent(self, *options, count=COUNT):
         """The seconds until it says where it answers."""
-        root = self.home / "root"
+        root = self.home / f"root-{count}"
         if not root.exists():
             root.mkdir()
             (root / "device.txt").write_text("".join(
-                f"{TABLE}.{i}\tOctet String\tvalue {i}\n" for i in range(1, COUNT + 1)))
+                f"{TABLE}.{i}\tOctet String\tvalue {i}\n" for i in range(1, count + 1)))
         words = {"KEL_SNMP_COMMUNITY": "look", "KEL_SNMP_WRITE_COMMUNITY": "change"}
         begin = time.perf_counter()
         agent = subprocess.Popen([self.kelagent, "--root", root, "--listen", "127.0.0.1:0", *options],
@@ -82,12 +82,12 @@ class Agents:
         return subprocess.run([tool, "-On", "-v2c", "-clook", "-t1", *arguments[1:], address, arguments[0]],
                               env=self.environment, capture_output=True, encoding="utf-8").stdout
 
-    def seconds(self, tool, address, *options):
+    def seconds(self, tool, address, *options, count=COUNT):
         begin = time.perf_counter()
         walked = self.ask(tool, address, TABLE, *options)
         took = time.perf_counter() - begin
-        if walked.count("STRING") != COUNT:
-            sys.exit(f"{tool} has met {walked.count('STRING')} of {COUNT} values")
+        if walked.count("STRING") != count:
+            sys.exit(f"{tool} has met {walked.count('STRING')} of {count} values")
         return took
 
     def end(self):

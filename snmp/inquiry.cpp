@@ -49,8 +49,8 @@ class Inquiry::Reader {
   void Divide();
   void AskMore();
   bool Send(Asked& asked);
-  void Take(const Session::Arrival& arrival);
-  void TakeResponse(const Places& places, const Response& response);
+  void Take(Session::Arrival arrival);
+  void TakeResponse(const Places& places, Response response);
   void TakeError(Places places, const Response& response);
   void AskInHalves(const Places& places);
   void HearNothing(Asked& asked);
@@ -76,8 +76,8 @@ std::vector<Reading> Inquiry::Reader::Run() {
     if (open_.empty()) return std::move(readings_);
     const auto next = std::min_element(open_.begin(), open_.end(),
                                        [](const Asked& a, const Asked& b) { return a.nextTry < b.nextTry; });
-    if (const auto arrival = session_.Receive(next->nextTry)) {
-      Take(*arrival);
+    if (auto arrival = session_.Receive(next->nextTry)) {
+      Take(std::move(*arrival));
     } else {
       HearNothing(*next);
     }
@@ -88,7 +88,7 @@ std::vector<Reading> Inquiry::Reader::Run() {
 void Inquiry::Reader::Divide() {
   std::size_t bytes = kRoom;
   for (std::size_t place = 0; place < wanted_.size(); ++place) {
-    const std::size_t size = SizeInMessage({wanted_[place].oid, {}}) + wanted_[place].valueSize;
+    const std::size_t size = SizeInMessage(wanted_[place].oid, {}) + wanted_[place].valueSize;
     if (bytes + size > kRoom) {
       waiting_.emplace_back();
       bytes = 0;
@@ -123,7 +123,7 @@ bool Inquiry::Reader::Send(Asked& asked) {
   return true;
 }
 
-void Inquiry::Reader::Take(const Session::Arrival& arrival) {
+void Inquiry::Reader::Take(Session::Arrival arrival) {
   inquiry_.Heard(arrival);
   lastHeard_ = session_.Now();
   const auto asked = std::find_if(open_.begin(), open_.end(), [&arrival](const Asked& candidate) {
@@ -139,17 +139,17 @@ void Inquiry::Reader::Take(const Session::Arrival& arrival) {
   const Places places = std::move(asked->places);
   open_.erase(asked);
   if (arrival.kind != ArrivalKind::kResponse) return Fail(places, platform::kFailed);
-  TakeResponse(places, arrival.response);
+  TakeResponse(places, std::move(arrival.response));
 }
 
-void Inquiry::Reader::TakeResponse(const Places& places, const Response& response) {
+void Inquiry::Reader::TakeResponse(const Places& places, Response response) {
   if (response.status != ErrorStatus::kNoError) return TakeError(places, response);
   const bool isWhatWasAsked =
       std::equal(places.begin(), places.end(), response.variables.begin(), response.variables.end(),
                  [this](std::size_t place, const Variable& variable) { return wanted_[place].oid == variable.oid; });
   if (!isWhatWasAsked) return AskInHalves(places);
   for (std::size_t i = 0; i < places.size(); ++i) {
-    readings_[places[i]] = {platform::kOk, response.variables[i].value};
+    readings_[places[i]] = {platform::kOk, std::move(response.variables[i].value)};
   }
 }
 

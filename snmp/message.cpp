@@ -32,10 +32,10 @@ std::size_t SizeOf(const Value& value) {
 
 }  // namespace
 
-std::size_t SizeInMessage(const Variable& variable) {
+std::size_t SizeInMessage(const Oid& oid, const Value& value) {
   std::size_t name = 0;
-  for (const std::uint32_t number : variable.oid) name += SizeOfIdentifier(number);
-  return SizeWithHeader(SizeWithHeader(name) + SizeWithHeader(SizeOf(variable.value)));
+  for (const std::uint32_t number : oid) name += SizeOfIdentifier(number);
+  return SizeWithHeader(SizeWithHeader(name) + SizeWithHeader(SizeOf(value)));
 }
 
 }  // namespace snmp

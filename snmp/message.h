@@ -80,6 +80,7 @@ struct Response {
 };
 
 // An upper bound for the octets that a variable takes in a message.
-std::size_t SizeInMessage(const Variable& variable);
+std::size_t SizeInMessage(const Oid& oid, const Value& value);
+inline std::size_t SizeInMessage(const Variable& variable) { return SizeInMessage(variable.oid, variable.value); }
 
 }  // namespace snmp
