@@ -101,6 +101,8 @@ class Reader final : public YAML::EventHandler {
     if (path_.empty()) return;  // an empty file sets nothing
     if (expectsKey_) {
       Complain(mark, "a name is missing");
+      path_.back().clear();
+      nameAt_ = places_.Of(mark);
     } else {
       file_.settings.push_back({path_, {GivenValue::Kind::kNothing, {}}, nameAt_});
     }
@@ -109,6 +111,7 @@ class Reader final : public YAML::EventHandler {
 
   void OnAlias(const YAML::Mark& mark, YAML::anchor_t) override {
     Complain(mark, "an alias (\"*\") has no meaning here; put the text into quotes");
+    nameAt_ = places_.Of(mark);
     if (!path_.empty()) expectsKey_ = !expectsKey_;
   }
 

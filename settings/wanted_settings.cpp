@@ -4,6 +4,7 @@
 #include "authoring/secrets.h"
 #include "base/utf8.h"
 #include "settings/catalogue.h"
+#include "settings/entered_value.h"
 
 #include <unordered_map>
 
@@ -37,6 +38,7 @@ class Resolver {
     }
     const Catalogue::Found found = catalogue_.Find(given.path);
     if (found.item == nullptr) return Complain(given, found.problem);
+    if (given.value.kind == GivenValue::Kind::kStored && !IsSettable(*found.item)) return;
     WantedSetting setting{numbers_.at(found.item),
                           ToText(NamesOf(*found.item)),
                           WideString(OidOf(*found.item)),
@@ -47,6 +49,14 @@ class Resolver {
     if (!isNew) return Complain(given, "\"" + setting.name + "\" is set already, at " + ToText(before->second));
     if (!FillIn(given, setting)) return;
     wanted_.settings.push_back(std::move(setting));
+  }
+
+  // The utility stores all there is, what nobody can set and what it shows twice as well; and secrets in clear, which
+  // are not taken from there.
+  bool IsSettable(const model::MenuItem& item) const {
+    const WideString oid(OidOf(item));
+    return CanBeEdited(item, editors_) && !values::IsPseudoOid(oid) && !places_.contains(oid) &&
+           !authoring::IsSecret(*item.Descriptor());
   }
 
   // A secret in a file that many may read is none any more.
@@ -69,6 +79,7 @@ class Resolver {
   }
 
   Catalogue catalogue_;
+  const ui::EditorTable editors_;
   const Secrets& secrets_;
   std::unordered_map<const model::MenuItem*, std::size_t> numbers_;
   std::unordered_map<WideString, authoring::Position> places_;  // by OID

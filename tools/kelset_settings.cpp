@@ -3,6 +3,7 @@
 #include "platform/host/utf8_path.h"
 #include "settings/secret_words.h"
 #include "settings/settings_file.h"
+#include "settings/stored_settings.h"
 #include "simulator/text_file.h"
 
 #include <cstdlib>
@@ -12,7 +13,8 @@ namespace tools {
 using platform::host::PathOf;
 
 void AddSettingsOptions(Command& command, SettingsOptions& options) {
-  command.RequiredText("SETTINGS", options.file, "a settings file, as kelset export writes it");
+  command.RequiredText("SETTINGS", options.file,
+                       "a settings file, as kelset export writes it, or the CfgSettings.txt of a terminal");
   command.Text("--secrets", options.secrets,
                "the file with the secrets that SETTINGS names, one \"NAME = SECRET\" a line; only its owner may read "
                "it. KELSET_SECRET_NAME counts in place of NAME");

@@ -1,9 +1,12 @@
+#include "settings/export.h"
+#include "settings/stored_settings.h"
 #include "tests/settings/plan_of.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <random>
+#include <sstream>
 
 namespace {
 
@@ -134,6 +137,96 @@ TEST(Plan, ValuesAreWhatAPersonCouldEnter) {
     const auto plan = PlanOf(tests::kDemonstration, c.text);
     EXPECT_EQ(c.sets, SetsOf(plan)) << c.text;
     EXPECT_EQ(c.refusals, RefusalsOf(plan)) << c.text;
+  }
+}
+
+std::string StoredRecord(const std::string& path, const std::string& oid, const std::string& value) {
+  std::string bytes;
+  for (const char16_t unit :
+       base::FromUtf8("<Tag>" + path + "<\\Tag>\n<Tag>" + oid + "<\\Tag><Tag>" + value + "<\\Tag>")) {
+    bytes.push_back(static_cast<char>(unit & 0xFF));
+    bytes.push_back(static_cast<char>(unit >> 8));
+  }
+  return bytes;
+}
+
+TEST(StoredSettings, WhatAPersonCouldSetIsWantedAndNothingElse) {
+  const std::string bytes = StoredRecord("R\\A", "1.3.6.1.4.1.4242.10.1.3.0", "167772165") +  // 10.0.0.5
+                            StoredRecord("R\\B", "1.3.6.1.4.1.4242.10.1.9.0", "read only") +
+                            StoredRecord("R\\C", "1.3.6.1.4.1.4242.10.1.10.0", "4") +
+                            StoredRecord("R\\D", "1.2.840.10036.1.3.1.2.2", "a key in clear") +
+                            StoredRecord("R\\E", "_Network Key Setting", "1");
+  ASSERT_TRUE(settings::AreStoredSettings(bytes));
+  EXPECT_FALSE(settings::AreStoredSettings("Network:\n"));
+  const auto loaded = authoring::Configuration::Load(tests::kDemonstration);
+  authoring::Trial trial(*loaded.configuration);
+  const auto wanted = Resolve(settings::ReadStoredSettings("f", bytes), trial, {});
+  EXPECT_TRUE(wanted.problems.empty());
+  ASSERT_EQ(2u, wanted.settings.size());
+  EXPECT_EQ("Network/Addresses/IP Address", wanted.settings[0].name);
+  EXPECT_EQ("f:3", settings::ToText(wanted.settings[1].at));
+}
+
+TEST(StoredSettings, AddressesAreNumbersThere) {
+  tests::StorageFolder folder;
+  folder.WriteMenu(Entry("A", "1.1", "IP Address")).Write("device.txt", "1.1\tIP Address\t1.2.3.4\n");
+  const auto configuration = folder.Load();
+  std::vector<settings::WantedSetting> wanted;
+  {
+    authoring::Trial trial(*configuration);
+    wanted = Resolve(settings::ReadStoredSettings("f", StoredRecord("R\\A", "1.1", "167772165")), trial, {}).settings;
+  }
+  EXPECT_EQ("A=10.0.0.5", SetsOf(MakePlan(*configuration, wanted)));
+}
+
+TEST(StoredSettings, WhatIsNotWholeIsASlip) {
+  const std::string bytes = StoredRecord("R\\A", "1.1", "5");
+  for (std::size_t length = 10; length < bytes.size(); ++length) {
+    const auto read = settings::ReadStoredSettings("f", std::string_view(bytes).substr(0, length));
+    ASSERT_EQ(1u, read.problems.size()) << length;
+    EXPECT_EQ("f:1", settings::ToText(read.problems[0].at));
+  }
+}
+
+// --- whatever the values are ---
+
+std::string RandomText(std::mt19937& random) {
+  static const std::vector<std::string> kPieces = {"a",   " ", "\"",      "\\\\", "#",       ": ",      "\\t",
+                                                   "\\n", "ä", "\\u20AC", "null", "!raw",    "-",       "7",
+                                                   "0",   "~", "{",       "&",    "\\u0085", "\\uFEFF", "'"};
+  std::string text;
+  for (std::size_t i = random() % 6; i > 0; --i) text += kPieces[random() % kPieces.size()];
+  return text;
+}
+
+TEST(Export, IsReadBackAsTheSameWhateverTheValuesAre) {
+  const char* const files = std::getenv("KEL_SETTINGS_FILES");  // 100000 take minutes
+  const int rounds = files != nullptr ? std::atoi(files) : KEL_SANITIZED ? 20 : 100;
+  constexpr int kEntries = 12;
+  std::mt19937 random(7);
+  tests::StorageFolder folder;
+  std::string menu;
+  const char* const types[] = {"Octet String", "Integer", "Bool", "IP Address"};
+  for (int i = 0; i < kEntries; ++i) {
+    const std::string choices = i % 3 == 0 ? "<ChoiceFmt>1#One|2#Two|a#One|7#</ChoiceFmt>" : "";
+    menu += Entry(i % 5 == 0 ? "x: '" + std::to_string(i) : "E" + std::to_string(i), "1." + std::to_string(i),
+                  types[i % 4], choices);
+  }
+  folder.WriteMenu("<GROUP name=\"M\"><DisplayName># M</DisplayName>" + menu + "</GROUP>");
+  for (int round = 0; round < rounds; ++round) {
+    std::string device;
+    for (int i = 0; i < kEntries; ++i) device += "1." + std::to_string(i) + "\tx\t" + RandomText(random) + "\n";
+    folder.Write("device.txt", device);
+    const auto configuration = folder.Load();
+    std::ostringstream text;
+    {
+      authoring::Trial trial(*configuration);
+      settings::WriteSettings(trial, text);
+    }
+    const auto wanted = tests::WantedOf(*configuration, text.str());
+    EXPECT_EQ(static_cast<std::size_t>(kEntries), wanted.size()) << device << text.str();
+    const auto plan = MakePlan(*configuration, wanted);
+    EXPECT_TRUE(plan.sets.empty() && plan.refusals.empty()) << device << text.str() << RefusalsOf(plan);
   }
 }
 

@@ -61,6 +61,7 @@ TEST(SettingsFile, SlipsAreNamedByLineAndColumn) {
       {"A: &x 1\nB: *x\n",
        "f:1:4: an anchor (\"&\") has no meaning here; put the text into quotes\n"
        "f:2:4: an alias (\"*\") has no meaning here; put the text into quotes\n"},
+      {": 1\n", "f:1:1: a name is missing\n"},
       {"A: !scret X\n", "f:1:4: there is no tag \"!scret\"; there are !raw, !default and !secret\n"},
       {"A: !default 5\n", "f:1:4: !default takes no value\n"},
       {"A: 1\n---\nB: 2\n", "f:2:1: a settings file is one document; \"---\" begins another\n"},
