@@ -350,22 +350,26 @@ void PlanAttempt::Run() {
 }
 
 // What was set before and has a part in the refusal: set later, it may leave room.
-void PlanAttempt::Suggest(std::size_t number) {
-  const auto& levers = entries_[number].reason.levers;
-  if (levers.empty()) return;
-  for (const PlannedSet& set : plan_.sets) {
-    if (!levers.contains(SettingOf(set.oid))) continue;
-    for (const std::size_t cause : set.causes) {
+void PlanAttempt::Suggest(std::size_t number, const Causes& causes) {
+  for (const WideString& lever : entries_[number].reason.levers) {
+    const auto found = causes.find(lever);
+    if (found == causes.end()) continue;
+    for (const std::size_t cause : found->second) {
       if (cause != number) suggested_.emplace(number, cause);
     }
   }
 }
 
 void PlanAttempt::Finish() {
+  Causes causes;
+  for (const PlannedSet& set : plan_.sets) {
+    auto& of = causes[SettingOf(set.oid)];
+    of.insert(of.end(), set.causes.begin(), set.causes.end());
+  }
   for (std::size_t i = 0; i < entries_.size(); ++i) {
     Entry& entry = entries_[i];
     if (entry.state != State::kPending) continue;
-    Suggest(i);
+    Suggest(i, causes);
     if (entry.reason.why.empty()) entry.reason.why = "it waits for another setting that is refused";
     plan_.refusals.push_back({i, entry.reason.why, entry.reason.because});
   }

@@ -70,7 +70,9 @@ class PlanAttempt final : public MenuWalk::Host {
   void Collect(PlannedSet::Origin origin, const std::vector<std::size_t>& causes);
   void CollectRemarks();
   PlannedSet SetOf(const authoring::MemoryDevice::Write& write) const;
-  void Suggest(std::size_t number);
+  // By the OID of a setting, the wanted settings that it was set for.
+  using Causes = std::unordered_map<WideString, std::vector<std::size_t>>;
+  void Suggest(std::size_t number, const Causes& causes);
   std::size_t RevisitOverwritten();
   void Finish();
 
