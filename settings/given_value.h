@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace settings {
@@ -40,6 +41,13 @@ struct FileProblem {
 struct SettingsFile {
   std::vector<GivenSetting> settings;  // in the order of the file
   std::vector<FileProblem> problems;   // with any, nothing is to be set
+
+  void Add(std::vector<WideString> path, GivenValue value, authoring::Position at) {
+    settings.push_back({std::move(path), std::move(value), std::move(at)});
+  }
+  void Complain(authoring::Position at, std::string sentence) {
+    problems.push_back({std::move(at), std::move(sentence)});
+  }
 };
 
 // "Network/Addresses/DHCP"

@@ -104,7 +104,7 @@ class Reader final : public YAML::EventHandler {
       path_.back().clear();
       nameAt_ = places_.Of(mark);
     } else {
-      file_.settings.push_back({path_, {GivenValue::Kind::kNothing, {}}, nameAt_});
+      file_.Add(path_, {GivenValue::Kind::kNothing, {}}, nameAt_);
     }
     expectsKey_ = !expectsKey_;
   }
@@ -123,7 +123,7 @@ class Reader final : public YAML::EventHandler {
 
  private:
   void Complain(const YAML::Mark& mark, std::string sentence) {
-    file_.problems.push_back({places_.Of(mark), std::move(sentence)});
+    file_.Complain(places_.Of(mark), std::move(sentence));
   }
 
   void CheckAnchor(const YAML::Mark& mark, YAML::anchor_t anchor) {
@@ -151,7 +151,7 @@ class Reader final : public YAML::EventHandler {
       if (row->kind == GivenValue::Kind::kSecret && value.empty()) Complain(mark, "!secret takes the secret's name");
       given.kind = row->kind;
     }
-    file_.settings.push_back({path_, std::move(given), nameAt_});
+    file_.Add(path_, std::move(given), nameAt_);
   }
 
   const Places& places_;
@@ -171,7 +171,7 @@ SettingsFile ReadSettingsFile(const std::string& file, std::string_view bytes) {
   if (bytes.starts_with("\xEF\xBB\xBF")) bytes.remove_prefix(3);
   const Places places(file, bytes);
   if (base::ToUtf8(base::FromUtf8(bytes)) != bytes) {
-    read.problems.push_back({{file, 0, 0}, "this is no UTF-8 text"});
+    read.Complain({file, 0, 0}, "this is no UTF-8 text");
     return read;
   }
   Reader reader(places, read);
@@ -182,9 +182,9 @@ SettingsFile ReadSettingsFile(const std::string& file, std::string_view bytes) {
     }
   } catch (const EndOfReading&) {
   } catch (const YAML::Exception& broken) {
-    read.problems.push_back({places.Of(broken.mark), broken.msg});
+    read.Complain(places.Of(broken.mark), broken.msg);
   } catch (const std::exception& broken) {
-    read.problems.push_back({{file, 0, 0}, broken.what()});
+    read.Complain({file, 0, 0}, broken.what());
   }
   return read;
 }

@@ -44,10 +44,10 @@ SettingsFile ReadStoredSettings(const std::string& file, std::string_view bytes)
     if (isWhole) text.remove_prefix(1);
     isWhole = isWhole && TakeRecord(text, records[1]) && TakeRecord(text, records[2]);
     if (!isWhole || bytes.size() % 2 != 0) {
-      read.problems.push_back({at, "stored settings are a path, an OID and a value each; this one is not whole"});
+      read.Complain(at, "stored settings are a path, an OID and a value each; this one is not whole");
       return read;
     }
-    read.settings.push_back({{records[1]}, {GivenValue::Kind::kStored, records[2]}, at});
+    read.Add({records[1]}, {GivenValue::Kind::kStored, records[2]}, at);
   }
   return read;
 }
